@@ -1,0 +1,36 @@
+# The folders of the tree are layers, and who may include whom is decided here: a target exports an
+# include root that holds the headers of its own folder and nothing else, so that an include which
+# the layer below was not linked for fails with "no such file".
+
+set(QUOR_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+
+# quor_layer(TARGET FOLDER): gives TARGET the headers of FOLDER (a path from the top of the tree)
+# under that path, an extra check that each of them compiles alone, and the warnings of the house.
+function(quor_layer target folder)
+  set(root ${CMAKE_BINARY_DIR}/layers/${target})
+  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.h)
+  file(REMOVE_RECURSE ${root}/${folder})
+  file(MAKE_DIRECTORY ${root}/${folder})
+  set(checks "")
+  foreach(header IN LISTS headers)
+    cmake_path(GET header FILENAME name)
+    file(CREATE_LINK ${header} ${root}/${folder}/${name} SYMBOLIC)
+    set(check ${CMAKE_BINARY_DIR}/header_checks/${target}/${name}.cpp)
+    file(CONFIGURE OUTPUT ${check} CONTENT "#include \"${folder}/${name}\" // alone\n")
+    list(APPEND checks ${check})
+  endforeach()
+  target_include_directories(${target} PUBLIC ${root})
+  target_compile_options(${target} PRIVATE ${QUOR_WARNINGS})
+  if(checks AND NOT TARGET ${target}_headers)
+    add_library(${target}_headers OBJECT EXCLUDE_FROM_ALL ${checks})
+    target_link_libraries(${target}_headers PRIVATE ${target})
+    target_compile_options(${target}_headers PRIVATE ${QUOR_WARNINGS})
+    set_property(GLOBAL APPEND PROPERTY QUOR_HEADER_CHECKS ${target}_headers)
+  endif()
+endfunction()
+
+# quor_sources(VARIABLE): the sources of the current folder.
+function(quor_sources variable)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "host/Service.h"
+
+#include <string_view>
+
+namespace Baseuserappprofile {
+
+/// What the user may do.
+class QUOR_EXPORT TCustomUserAppProfile : public Host::TService<TCustomUserAppProfile> {
+public:
+  ~TCustomUserAppProfile() override;
+
+  virtual bool IsFunctionGranted(std::string_view function) = 0;
+};
+
+} // namespace Baseuserappprofile

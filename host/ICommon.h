@@ -1,0 +1,27 @@
+#pragma once
+
+#include "host/BaseSubscribeData.h"
+#include "host/Service.h"
+
+namespace Icommon {
+
+/// Texts of a record's fields as the host shows them. Each operation gives false and an empty
+/// text when it refuses: the record is not ready, the field is absent or its text is empty.
+/// `text` is overwritten in place, so that a caller can reuse its memory.
+class QUOR_EXPORT TCustomMarketDataFormatter : public Host::TService<TCustomMarketDataFormatter> {
+public:
+  ~TCustomMarketDataFormatter() override;
+
+  virtual bool FormatPrice(const Basesubscribedata::TCustomSubItem& record, int field,
+                           std::string& text) = 0;
+  /// A size or a volume, in shares. Zero is "0".
+  virtual bool FormatVolume(const Basesubscribedata::TCustomSubItem& record, int field,
+                            std::string& text) = 0;
+  /// Field 48: change against the previous close, in currency units, with its sign.
+  virtual bool FormatChange(const Basesubscribedata::TCustomSubItem& record, std::string& text) = 0;
+  /// Field 130: the same in per cent.
+  virtual bool FormatChangePercent(const Basesubscribedata::TCustomSubItem& record,
+                                   std::string& text) = 0;
+};
+
+} // namespace Icommon

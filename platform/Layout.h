@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QWidget>
+
+namespace Platform {
+
+/// A group or an item of a layout control. Its name is its object name; its own visible flag is
+/// not isHidden(), whatever its parents show.
+class Q_DECL_EXPORT TdxLayoutElement : public QWidget {
+  Q_OBJECT
+
+public:
+  TdxLayoutElement(const QString& name, QWidget* parent);
+
+  virtual QString Caption() const = 0;
+  virtual void SetCaption(const QString& caption) = 0;
+
+  bool IsVisibleFlag() const { return !isHidden(); }
+  void SetVisibleFlag(bool visible) { setVisible(visible); }
+};
+
+/// One control with an optional caption before it.
+class Q_DECL_EXPORT TdxLayoutItem : public TdxLayoutElement {
+  Q_OBJECT
+
+public:
+  /// Takes the control over. The caption is not shown while it is empty.
+  TdxLayoutItem(const QString& name, QWidget* control, QWidget* parent);
+
+  QString Caption() const override;
+  void SetCaption(const QString& caption) override;
+  QWidget* Control() const { return control_; }
+
+private:
+  QLabel* caption_;
+  QWidget* control_;
+};
+
+enum class TLayoutDirection { Horizontal, Vertical };
+
+/// Elements side by side or one below the other. A hidden element takes no room.
+class Q_DECL_EXPORT TdxLayoutGroup : public TdxLayoutElement {
+  Q_OBJECT
+
+public:
+  TdxLayoutGroup(const QString& name, TLayoutDirection direction, QWidget* parent);
+
+  QString Caption() const override { return caption_; }
+  /// A group shows a caption only when ShowCaption was called; none of the price view's does.
+  void SetCaption(const QString& caption) override;
+  void ShowCaption();
+
+  TdxLayoutGroup* AddGroup(const QString& name, TLayoutDirection direction);
+  /// `takesFreeWidth`: the control grows into the room that the others leave.
+  TdxLayoutItem* AddItem(const QString& name, QWidget* control, bool takesFreeWidth = false);
+  /// Room at the end that nothing grows into.
+  void AddStretch();
+  /// Places an element by itself: left, centred, at the top, ...
+  void Align(TdxLayoutElement* element, Qt::Alignment alignment);
+
+private:
+  QString caption_;
+  QLabel* captionLabel_ = nullptr;
+  QBoxLayout* layout_;
+};
+
+/// Lays a tree of groups out from the top; its size is that of its content.
+class Q_DECL_EXPORT TdxLayoutControl : public QWidget {
+  Q_OBJECT
+
+public:
+  /// The root group is named `name` + "Group_Root".
+  TdxLayoutControl(const QString& name, QWidget* parent);
+
+  TdxLayoutGroup* Root() const { return root_; }
+
+  /// The room that the visible elements ask for, in pixels, as they stand now: nothing that waits
+  /// for an event is missing.
+  int ContentWidth();
+  int ContentHeight();
+
+private:
+  TdxLayoutGroup* root_;
+};
+
+} // namespace Platform

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include <functional>
+
+namespace Platform {
+
+/// An edit whose hint holds what its text was last resolved to. Leaving the box, by focus or by
+/// PerformExit, and pressing Enter first run the resolver that its editor manager put there, then
+/// tell the owner.
+class Q_DECL_EXPORT TcxPopupEdit : public QLineEdit {
+  Q_OBJECT
+
+public:
+  explicit TcxPopupEdit(QWidget* parent = nullptr);
+
+  /// The resolved text; empty when nothing was resolved yet.
+  QString Hint() const { return hint_; }
+  void SetHint(const QString& hint) { hint_ = hint; }
+
+  /// Runs before the owner hears of an exit or of Enter; unassigned: no resolution.
+  std::function<void()> Resolver;
+
+  /// The control-exit message: resolves the text and tells the owner, without moving the focus.
+  void PerformExit();
+
+signals:
+  /// The box was left, or told so.
+  void Exited();
+  /// A key went down; `key` is a Qt::Key, 13 standing for Enter and Return alike.
+  void KeyDown(int key);
+  /// A character was typed; 13 for Enter and Return.
+  void KeyPress(int character);
+
+protected:
+  void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+private:
+  QString hint_;
+};
+
+} // namespace Platform
