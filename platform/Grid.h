@@ -3,6 +3,7 @@
 #include "platform/CustomDataSource.h"
 #include "platform/GridCell.h"
 
+#include <QPointer>
 #include <QRegion>
 #include <QWidget>
 
@@ -37,7 +38,8 @@ struct TcxHitTest {
 
 /// Rows and columns of a grid, without header and grid lines. It keeps the description of every
 /// cell of every visible column, as on the screen. A refresh or a repaint describes the cells
-/// anew and paints those that differ; nothing else reads the data source.
+/// anew, whether the grid is on the screen or not, and paints those that differ; nothing else
+/// reads the data source.
 class Q_DECL_EXPORT TcxGridTableView : public QObject {
   Q_OBJECT
 
@@ -55,7 +57,7 @@ public:
   void EndUpdate();
 
   void ClearColumns();
-  /// Pointers to columns stay valid until ClearColumns.
+  /// Pointers to columns stay valid until ClearColumns. Width in pixels.
   TcxGridColumn* CreateColumn(int tag, int width, bool rightAligned);
   const std::vector<std::unique_ptr<TcxGridColumn>>& Columns() const { return columns_; }
   void SetColumnWidth(TcxGridColumn* column, int width);
@@ -64,19 +66,21 @@ public:
   /// Not owned; null for none. The source must outlive the view or be taken away first.
   void SetDataSource(TcxCustomDataSource* source);
 
+  /// In pixels.
   int DataRowHeight() const { return dataRowHeight_; }
   void SetDataRowHeight(int height);
 
-  /// Reads rows and texts again and repaints the cells that differ. A grid that is not on the
-  /// screen only remembers to do so when it is shown, unless it was never laid out on one.
+  /// Reads rows and texts again and repaints the cells that differ. A refresh that is asked for
+  /// while the cells are being described follows when they are.
   void Refresh();
   /// As Refresh, for a change of colours or texts outside the data.
-  void Repaint();
+  void Repaint() { Refresh(); }
 
-  int RecordCount() const { return recordCount_; }
-  /// -1 while no record is focused.
+  /// As of the last refresh.
+  int RecordCount() const { return static_cast<int>(rowTops_.size()) - 1; }
+  /// -1 while no record is focused. The focus moves up when its record is gone.
   int FocusedRecordIndex() const { return focused_; }
-  void SetFocusedRecordIndex(int record) { focused_ = record; }
+  void SetFocusedRecordIndex(int record);
 
   TcxHitTest HitTest(const QPoint& position) const;
   /// In the grid's coordinates; empty for a cell that is not shown.
@@ -84,7 +88,7 @@ public:
   /// The cell as on the screen; null for a cell that is not shown.
   const TCellDescription* Cell(int record, const TcxGridColumn* column) const;
 
-  /// Shown on a right click; not owned.
+  /// Shown on a right click. Not owned; must outlive the view.
   void SetPopupMenu(QMenu* menu) { popupMenu_ = menu; }
 
 signals:
@@ -96,29 +100,53 @@ signals:
 private:
   friend class TcxGrid;
 
-  struct TColumnSpan;
+  /// A visible column as it was described last.
+  struct TColumnSpan {
+    const TcxGridColumn* Column = nullptr;
+    int Left = 0;
+    int Width = 0;
+
+    bool operator==(const TColumnSpan&) const = default;
+  };
 
   void Describe();
+  bool LayOutRows();
+  bool LayOutColumns();
+  bool TakeStartingColours();
+  void DescribeCells();
+  void DescribeCell(int record, const TcxGridColumn& column);
+  void AddChanged(const QRect& bounds);
+
   void Paint(QPainter& painter, const QRegion& region);
-  int RowTop(int record) const;
-  int RowHeight(int record) const;
+
+  std::size_t SpanOf(const TcxGridColumn* column) const;
+  QRect Bounds(int record, std::size_t span) const;
+  TCellDescription& At(int record, std::size_t span);
+  QRect CellArea() const;
 
   TcxGrid* grid_;
   std::vector<std::unique_ptr<TcxGridColumn>> columns_;
   TcxCustomDataSource* source_ = nullptr;
+  QMenu* popupMenu_ = nullptr;
   int dataRowHeight_ = 17;
-  int recordCount_ = 0;
   int focused_ = -1;
   int updating_ = 0;
-  bool stale_ = false;
-  std::vector<TCellDescription> cells_; ///< record × every column, hidden ones unused
-  TCellDescription scratch_;
+  bool describing_ = false;
+  bool stale_ = false; ///< a refresh was asked for that could not be done then
+
+  std::vector<TColumnSpan> spans_;
+  std::vector<int> rowTops_{0};         ///< one more than there are records
+  std::vector<TCellDescription> cells_; ///< record by record, a cell for each span
+  std::vector<QRect> changed_;          ///< row-wise, by the description that is under way
+  QRgb startingFill_ = 0;
+  QRgb startingColor_ = 0;
   TcxCanvas canvas_;
+  std::string text_;
+  TCellDescription scratch_;
   TCellPainter painter_;
-  QMenu* popupMenu_ = nullptr;
 };
 
-/// Joins a view to its grid.
+/// Joins a view to its grid, which shows that view from then on.
 class Q_DECL_EXPORT TcxGridLevel : public QObject {
   Q_OBJECT
 
@@ -139,6 +167,7 @@ public:
   TcxGrid(const QString& name, QWidget* parent = nullptr);
   ~TcxGrid() override;
 
+  /// Null until a level joins a view to the grid.
   TcxGridTableView* View() const { return view_; }
 
 signals:
@@ -147,7 +176,6 @@ signals:
 protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -155,10 +183,11 @@ protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-  friend class TcxGridTableView;
+  friend class TcxGridLevel;
 
-  TcxGridTableView* view_ = nullptr;
+  QPointer<TcxGridTableView> view_;
   TcxHitTest pressed_;
+  Qt::MouseButton pressedButton_ = Qt::NoButton;
 };
 
 } // namespace Platform

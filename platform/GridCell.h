@@ -45,30 +45,35 @@ public:
   void Begin(QRgb brush, QRgb font, int fontSize);
   /// Fills the cell with the brush.
   void FillRect();
-  /// Draws UTF-8 text in the cell with the font as it is now. An empty text draws nothing.
+  /// Draws UTF-8 text in the cell with the font as it is now; of several texts the last one
+  /// stays. An empty text draws nothing.
   void DrawText(const std::string& text, unsigned flags);
 
-  /// The cell as the calls since Begin left it. `done`: the handler drew the cell itself;
-  /// otherwise the grid's own text is drawn with `flags`.
+  /// The cell as the calls since Begin left it. `done`: the handler drew the cell itself, on the
+  /// brush that Begin was given unless it filled the cell; otherwise the grid's own text is drawn
+  /// with `flags`.
   void Finish(bool done, const std::string& text, unsigned flags, TCellDescription& cell) const;
 
 private:
-  bool filled_ = false;
-  QRgb filledWith_ = 0;
-  std::string drawn_;
-  unsigned drawnFlags_ = 0;
+  TCellDescription drawn_; ///< what the handler filled and drew
 };
 
-/// Paints cells: fill, then text. Laid-out texts are kept per font and text, bounded in number,
-/// so that a text seen before is not shaped again.
+/// Paints cells: fill, then text. Drawn texts are kept as pixels per look and text, bounded in
+/// number, so that a text seen before is copied and not shaped again.
 class Q_DECL_EXPORT TCellPainter {
 public:
+  static constexpr std::size_t MaxKeptTexts = 1024;
+
   TCellPainter();
   ~TCellPainter();
 
-  /// Family and style come from `font`, size and weight from the cell.
+  /// Family and style come from `font`, size and weight from the cell. Nothing is painted outside
+  /// `bounds`. The painter may be moved and scaled, not turned.
   void Paint(QPainter& painter, const TCellDescription& cell, const QRect& bounds,
              const QFont& font);
+
+  /// Texts that are kept now; never more than MaxKeptTexts.
+  std::size_t KeptTexts() const;
 
 private:
   struct TCache;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QFont>
+#include <QLabel>
 #include <QObject>
-
-class QLabel;
+#include <QPointer>
 
 namespace Platform {
 
@@ -12,14 +12,17 @@ class Q_DECL_EXPORT TcxHintStyleController : public QObject {
   Q_OBJECT
 
 public:
+  /// The hint window belongs to the parent's window and is freed with the controller.
   explicit TcxHintStyleController(QWidget* parent);
+  ~TcxHintStyleController() override;
 
   /// Fonts of the hint's text and of its caption.
   QFont Font;
   QFont CaptionFont;
 
-  /// Shows the hint below and right of the screen position, kept on that screen. `maxWidth` 0: no
-  /// limit.
+  /// Shows the hint below and right of the screen position, kept on that screen; above the
+  /// position where there is no room below. With a caption and a text, the caption stands above the
+  /// text in bold. `maxWidth` in pixels, 0 for no limit.
   void ShowHint(int x, int y, const QString& caption, const QString& text, int maxWidth);
   void HideHint();
 
@@ -27,7 +30,9 @@ public:
   QString VisibleCaption() const;
 
 private:
-  QLabel* window_;
+  QSize FitText(int maxWidth);
+
+  QPointer<QLabel> window_; ///< the parent may free it first
   QString caption_;
 };
 

@@ -40,7 +40,8 @@ private:
 
 enum class TLayoutDirection { Horizontal, Vertical };
 
-/// Elements side by side or one below the other. A hidden element takes no room.
+/// Elements side by side or one below the other. A hidden element takes no room, and an element
+/// is as wide as its content unless it takes the free width; a group is as wide as its place.
 class Q_DECL_EXPORT TdxLayoutGroup : public TdxLayoutElement {
   Q_OBJECT
 
@@ -48,7 +49,7 @@ public:
   TdxLayoutGroup(const QString& name, TLayoutDirection direction, QWidget* parent);
 
   QString Caption() const override { return caption_; }
-  /// A group shows a caption only when ShowCaption was called; none of the price view's does.
+  /// A group shows its caption, above its elements, only when ShowCaption was called.
   void SetCaption(const QString& caption) override;
   void ShowCaption();
 
@@ -57,13 +58,15 @@ public:
   TdxLayoutItem* AddItem(const QString& name, QWidget* control, bool takesFreeWidth = false);
   /// Room at the end that nothing grows into.
   void AddStretch();
-  /// Places an element by itself: left, centred, at the top, ...
+  /// Places an element of this group by itself: left, centred, at the top, ...
   void Align(TdxLayoutElement* element, Qt::Alignment alignment);
 
 private:
+  void Add(TdxLayoutElement* element, int stretch, Qt::Alignment alignment);
+
   QString caption_;
   QLabel* captionLabel_ = nullptr;
-  QBoxLayout* layout_;
+  QBoxLayout* elements_;
 };
 
 /// Lays a tree of groups out from the top; its size is that of its content.
@@ -77,7 +80,7 @@ public:
   TdxLayoutGroup* Root() const { return root_; }
 
   /// The room that the visible elements ask for, in pixels, as they stand now: nothing that waits
-  /// for an event is missing.
+  /// for an event is missing, also while the control is not on the screen.
   int ContentWidth();
   int ContentHeight();
 

@@ -11,6 +11,8 @@ namespace Platform {
 struct TSkinPainter {
   QColor ContentColor;
   QColor ContentTextColor;
+
+  bool operator==(const TSkinPainter&) const = default;
 };
 
 /// The look and feel that every component starts from. One per process.
@@ -25,6 +27,7 @@ public:
   void SetSkinPainter(std::optional<TSkinPainter> painter);
 
 signals:
+  /// The skin painter is another one now.
   void Changed();
 
 private:

@@ -26,11 +26,12 @@ public:
   void PerformExit();
 
 signals:
-  /// The box was left, or told so.
+  /// The box was left, or told so. A pop-up that opens over it, or another window that becomes
+  /// active, does not count as leaving.
   void Exited();
   /// A key went down; `key` is a Qt::Key, 13 standing for Enter and Return alike.
   void KeyDown(int key);
-  /// A character was typed; 13 for Enter and Return.
+  /// A character was typed and is in the text; 13 for Enter and Return.
   void KeyPress(int character);
 
 protected:
@@ -38,6 +39,9 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
+  void Resolve();
+  void TakeCompletion();
+
   QString hint_;
 };
 

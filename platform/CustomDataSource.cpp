@@ -1,0 +1,7 @@
+#include "platform/CustomDataSource.h"
+
+namespace Platform {
+
+TcxCustomDataSource::~TcxCustomDataSource() = default;
+
+} // namespace Platform

@@ -1,0 +1,122 @@
+#include "platform/Layout.h"
+
+namespace Platform {
+
+namespace {
+
+constexpr int HorizontalSpacing = 4;
+constexpr int VerticalSpacing = 2;
+
+QBoxLayout* NewBox(TLayoutDirection direction) {
+  const bool horizontal = direction == TLayoutDirection::Horizontal;
+  auto* box = new QBoxLayout(horizontal ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  box->setContentsMargins({});
+  box->setSpacing(horizontal ? HorizontalSpacing : VerticalSpacing);
+  return box;
+}
+
+// A change inside a nested layout reaches the layouts around it with an event each, and not at all
+// below a widget that was never shown. This hands it up at once, innermost first.
+void Settle(QWidget* element) {
+  const auto inner = element->findChildren<TdxLayoutElement*>(Qt::FindDirectChildrenOnly);
+  for (TdxLayoutElement* each : inner)
+    Settle(each);
+  element->layout()->invalidate();
+  element->layout()->activate();
+  element->updateGeometry();
+}
+
+} // namespace
+
+TdxLayoutElement::TdxLayoutElement(const QString& name, QWidget* parent) : QWidget(parent) {
+  setObjectName(name);
+}
+
+TdxLayoutItem::TdxLayoutItem(const QString& name, QWidget* control, QWidget* parent)
+    : TdxLayoutElement(name, parent), caption_(new QLabel(this)), control_(control) {
+  caption_->setTextFormat(Qt::PlainText);
+  caption_->hide();
+  auto* box = NewBox(TLayoutDirection::Horizontal);
+  box->addWidget(caption_);
+  box->addWidget(control_, 1);
+  setLayout(box);
+}
+
+QString TdxLayoutItem::Caption() const { return caption_->text(); }
+
+void TdxLayoutItem::SetCaption(const QString& caption) {
+  caption_->setText(caption);
+  caption_->setVisible(!caption.isEmpty());
+}
+
+TdxLayoutGroup::TdxLayoutGroup(const QString& name, TLayoutDirection direction, QWidget* parent)
+    : TdxLayoutElement(name, parent), elements_(NewBox(direction)) {
+  auto* outer = NewBox(TLayoutDirection::Vertical);
+  outer->addLayout(elements_);
+  setLayout(outer);
+}
+
+void TdxLayoutGroup::SetCaption(const QString& caption) {
+  caption_ = caption;
+  if (captionLabel_)
+    captionLabel_->setText(caption);
+}
+
+void TdxLayoutGroup::ShowCaption() {
+  if (captionLabel_)
+    return;
+  captionLabel_ = new QLabel(caption_);
+  captionLabel_->setTextFormat(Qt::PlainText);
+  static_cast<QBoxLayout*>(layout())->insertWidget(0, captionLabel_);
+  captionLabel_->show();
+}
+
+TdxLayoutGroup* TdxLayoutGroup::AddGroup(const QString& name, TLayoutDirection direction) {
+  auto* group = new TdxLayoutGroup(name, direction, this);
+  Add(group, 0, {});
+  return group;
+}
+
+TdxLayoutItem* TdxLayoutGroup::AddItem(const QString& name, QWidget* control, bool takesFreeWidth) {
+  auto* item = new TdxLayoutItem(name, control, this);
+  const bool vertical = elements_->direction() == QBoxLayout::TopToBottom;
+  item->setSizePolicy(takesFreeWidth ? QSizePolicy::Preferred : QSizePolicy::Maximum,
+                      QSizePolicy::Fixed);
+  Add(item, takesFreeWidth && !vertical ? 1 : 0,
+      vertical && !takesFreeWidth ? Qt::AlignLeft : Qt::Alignment());
+  return item;
+}
+
+void TdxLayoutGroup::Add(TdxLayoutElement* element, int stretch, Qt::Alignment alignment) {
+  elements_->addWidget(element, stretch, alignment);
+  element->SetVisibleFlag(true); // in a group on the screen it would wait for an event
+}
+
+void TdxLayoutGroup::AddStretch() { elements_->addStretch(); }
+
+void TdxLayoutGroup::Align(TdxLayoutElement* element, Qt::Alignment alignment) {
+  elements_->setAlignment(element, alignment);
+}
+
+TdxLayoutControl::TdxLayoutControl(const QString& name, QWidget* parent)
+    : QWidget(parent), root_(new TdxLayoutGroup(name + QStringLiteral("Group_Root"),
+                                                TLayoutDirection::Vertical, this)) {
+  setObjectName(name);
+  root_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  auto* box = NewBox(TLayoutDirection::Vertical);
+  box->addWidget(root_);
+  box->addStretch();
+  setLayout(box);
+}
+
+int TdxLayoutControl::ContentWidth() {
+  Settle(root_);
+  return root_->sizeHint().width();
+}
+
+int TdxLayoutControl::ContentHeight() {
+  Settle(root_);
+  return root_->sizeHint().height();
+}
+
+} // namespace Platform

@@ -1,0 +1,17 @@
+#include "platform/LookAndFeel.h"
+
+namespace Platform {
+
+TcxRootLookAndFeel& TcxRootLookAndFeel::Instance() {
+  static TcxRootLookAndFeel instance;
+  return instance;
+}
+
+void TcxRootLookAndFeel::SetSkinPainter(std::optional<TSkinPainter> painter) {
+  if (painter_ == painter)
+    return;
+  painter_ = std::move(painter);
+  emit Changed();
+}
+
+} // namespace Platform

@@ -1,0 +1,68 @@
+#include "platform/PopupEdit.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+namespace Platform {
+
+namespace {
+
+constexpr int EnterKey = 13;
+
+bool IsEnter(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Enter || event.key() == Qt::Key_Return;
+}
+
+} // namespace
+
+TcxPopupEdit::TcxPopupEdit(QWidget* parent) : QLineEdit(parent) {}
+
+void TcxPopupEdit::Resolve() {
+  if (Resolver)
+    Resolver();
+}
+
+void TcxPopupEdit::PerformExit() {
+  Resolve();
+  emit Exited();
+}
+
+void TcxPopupEdit::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  // Of another window's becoming active the form hears nothing: its focus stays in the box. A form
+  // that is destroyed loses its window first, too, and could not answer any more.
+  if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+    PerformExit();
+}
+
+// The completer hands Enter to the edit before it puts its own entry there, which would come after
+// the resolution. So the edit takes the entry itself and closes the list.
+void TcxPopupEdit::TakeCompletion() {
+  if (!completer() || !completer()->popup()->isVisible())
+    return;
+  QAbstractItemView* list = completer()->popup();
+  if (list->currentIndex().isValid())
+    setText(list->currentIndex().data(completer()->completionRole()).toString());
+  list->hide();
+}
+
+void TcxPopupEdit::keyPressEvent(QKeyEvent* event) {
+  if (!IsEnter(*event)) {
+    emit KeyDown(event->key());
+    QLineEdit::keyPressEvent(event);
+    const QString typed = event->text();
+    if (!typed.isEmpty() && typed.front().isPrint())
+      emit KeyPress(typed.front().unicode());
+    return;
+  }
+  TakeCompletion();
+  Resolve();
+  emit KeyDown(EnterKey);
+  QLineEdit::keyPressEvent(event);
+  emit KeyPress(EnterKey);
+  event->accept();
+}
+
+} // namespace Platform
