@@ -1,0 +1,151 @@
+#include "model/CopiedOrder.h"
+
+#include "host/BaseGlobalChannelManager.h"
+#include "host/BaseOrderAdapter.h"
+#include "host/ConstDef.h"
+#include "host/DataDef.h"
+#include "model/DepthLadder.h"
+#include "model/RecordFields.h"
+
+#include <algorithm>
+
+namespace Quorpricedatacontrol {
+
+using Baseglobalchannelmanager::TCustomGlobalChannelManager;
+using Baseorderadapter::TCustomOrderAdapter;
+
+namespace {
+
+constexpr std::string_view OrderFlagsName = "OrderFlags";
+constexpr std::string_view OrderFlagsOfBid = "1";
+
+std::optional<int> SideOfDepthColumn(int column) {
+  switch (column) {
+  case Column::BidPrice:
+  case Column::BidSize:
+    return Side::Bid;
+  case Column::AskPrice:
+  case Column::AskSize:
+    return Side::Ask;
+  default:
+    return std::nullopt;
+  }
+}
+
+bool IsHeaderPrice(int field) {
+  constexpr std::array prices = {
+      Field::Nominal, Field::StrikePrice,     Field::PreviousClose,   Field::Low,
+      Field::High,    Field::PriceUpperLimit, Field::PriceLowerLimit, Field::Open};
+  return std::find(prices.begin(), prices.end(), field) != prices.end();
+}
+
+double SizeDownTo(const TCustomSubItem& record, TLevelPosition position) {
+  const auto& sizes = FieldsOf(position.Side)->Size;
+  double sum = 0;
+  for (int level = 0; level <= position.Level; ++level)
+    sum += record.GetNumber(sizes[static_cast<std::size_t>(level)]);
+  return sum;
+}
+
+/// The price of a level that is published without one: as many steps beyond the best price as the
+/// level lies below it in the book.
+std::optional<double> PriceFromBest(const TCustomSubItem& record, TLevelPosition position) {
+  const auto* table = ReadySpreadTable(record);
+  const auto best = ParseNumber(record.GetText(FieldsOf(position.Side)->Price.front()));
+  if (!table || !best || position.Level == 0)
+    return std::nullopt;
+  const int steps = position.Side == Side::Bid ? -position.Level : position.Level;
+  return table->PriceStepsAway(*best, steps);
+}
+
+std::optional<double> LevelPrice(const TCopySource& source, int field, TLevelPosition position) {
+  if (source.Record.HasValue(field))
+    return source.Record.GetNumber(field);
+  return source.DepthType == mdtOrderCount ? PriceFromBest(source.Record, position) : std::nullopt;
+}
+
+/// In the default style, a click on the best size asks for that size by its column.
+int QuantityField(int field, TLevelPosition position, int column) {
+  const bool isBestSize =
+      position.Level == 0 &&
+      column == (position.Side == Side::Bid ? Column::BidSize : Column::AskSize);
+  return isBestSize ? column : field;
+}
+
+} // namespace
+
+int DepthCellField(TQuorMode mode, int row, int column) {
+  const auto side = SideOfDepthColumn(column);
+  if (!side)
+    return Field::None;
+  const auto& prices = FieldsOf(*side)->Price;
+  const TDepthRow depthRow = DepthRowAt(mode, row);
+  switch (depthRow.Kind) {
+  case TDepthRow::BestPrice:
+    return prices.front();
+  case TDepthRow::Level:
+    return prices[static_cast<std::size_t>(depthRow.LevelIndex)];
+  default:
+    return Field::None;
+  }
+}
+
+double CopyPriceQuantity(const TCustomSubItem* record, TCopyPriceQtyMode mode, int field) {
+  if (!record)
+    return 0;
+  switch (mode) {
+  case cpqmDefault:
+    return field == Field::BestBidSize || field == Field::BestAskSize ? record->GetNumber(field)
+                                                                      : 0;
+  case cpqmOneLot:
+    return record->GetNumber(Field::LotSize);
+  case cpqmSummary: {
+    const auto position = LevelOfPriceField(field);
+    return position ? SizeDownTo(*record, *position) : 0;
+  }
+  default:
+    return 0;
+  }
+}
+
+CopiedOrder::CopiedOrder() : order_(TCustomOrderAdapter::GetInstance()->NewOrder()) {}
+
+void CopiedOrder::Start(std::string_view symbol) {
+  order_->Clear();
+  order_->SetSymbol(symbol);
+}
+
+void CopiedOrder::FillFromField(const TCopySource& source, int field, int column) {
+  if (const auto position = LevelOfPriceField(field))
+    FillFromLevel(source, field, *position, column);
+  else if (IsHeaderPrice(field))
+    FillFromHeader(source, field);
+}
+
+void CopiedOrder::FillFromLevel(const TCopySource& source, int field, TLevelPosition position,
+                                int column) {
+  if (const auto price = LevelPrice(source, field, position))
+    order_->SetPrice(*price);
+  const int quantityField =
+      source.Mode == cpqmDefault ? QuantityField(field, position, column) : field;
+  order_->SetQuantity(CopyPriceQuantity(&source.Record, source.Mode, quantityField));
+  if (position.Side == Side::Bid)
+    order_->SetValue(OrderFlagsName, OrderFlagsOfBid);
+}
+
+void CopiedOrder::FillFromHeader(const TCopySource& source, int field) {
+  if (source.Record.HasValue(field))
+    order_->SetPrice(source.Record.GetNumber(field));
+  if (source.Mode == cpqmOneLot)
+    order_->SetQuantity(CopyPriceQuantity(&source.Record, source.Mode, field));
+}
+
+void CopiedOrder::Send(System::TObject* sender, const std::string& group) {
+  Datadef::TCopyOrderRecord message;
+  message.Order = order_.get();
+  message.Kind = Constdef::View_QuorPrice;
+  message.Source = group;
+  TCustomGlobalChannelManager::GetInstance()->Send(Constdef::Channel_CopyOrder, sender, &message);
+}
+
+} // namespace Quorpricedatacontrol

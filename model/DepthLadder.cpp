@@ -1,0 +1,122 @@
+#include "model/DepthLadder.h"
+
+#include "host/BaseFormatter.h"
+#include "host/BaseMarketAdapter.h"
+#include "host/ConstDef.h"
+#include "model/RecordFields.h"
+
+namespace Quorpricedatacontrol {
+
+using Baseformatter::TCustomFormatter;
+using Basemarketadapter::TCustomMarketAdapter;
+
+namespace {
+
+/// Grid rows of a layout's depth part.
+struct TDepthRows {
+  int BestPrice, PriceStep, FirstLevel;
+};
+
+constexpr TDepthRows SimpleRows = {1, 2, 3};
+constexpr TDepthRows FullRows = {6, 7, 8};
+constexpr int LevelsOfFiveLevelLayout = 5;
+
+bool IsLevel(int level) { return level >= 0 && level < DepthLevels; }
+
+int FieldOf(const std::array<int, DepthLevels>& fields, int level) {
+  return fields[static_cast<std::size_t>(level)];
+}
+
+/// The best level is no evidence: its fields exist in every feed.
+TMarketDataType DetectOnSide(const TCustomSubItem& record, const TLevelFields& fields) {
+  for (int level = 1; level < DepthLevels; ++level)
+    if (record.HasValue(FieldOf(fields.Size, level)))
+      return record.HasValue(FieldOf(fields.Price, level)) ? mdtPriced : mdtOrderCount;
+  return mdtUnknown;
+}
+
+std::string OrderCountText(const TCustomSubItem* record, int field) {
+  const int count = IsReady(record) ? ParseInteger(record->GetText(field)).value_or(0) : 0;
+  if (count <= 0)
+    return {};
+  return '(' + TCustomFormatter::GetInstance()->FormatNumber(count, 0) + ')';
+}
+
+} // namespace
+
+const TLevelFields* FieldsOf(int side) {
+  if (side == Side::Bid)
+    return &BidFields;
+  return side == Side::Ask ? &AskFields : nullptr;
+}
+
+std::optional<TLevelPosition> LevelOfPriceField(int field) {
+  for (const int side : {Side::Bid, Side::Ask})
+    for (int level = 0; level < DepthLevels; ++level)
+      if (FieldOf(FieldsOf(side)->Price, level) == field)
+        return TLevelPosition{side, level};
+  return std::nullopt;
+}
+
+TDepthRow DepthRowAt(TQuorMode mode, int row) {
+  const TDepthRows& rows = mode == qm10Simple ? SimpleRows : FullRows;
+  if (row == rows.BestPrice)
+    return {TDepthRow::BestPrice};
+  if (row == rows.PriceStep)
+    return {TDepthRow::PriceStep};
+  if (row >= rows.FirstLevel && row < rows.FirstLevel + DepthLevels)
+    return {TDepthRow::Level, row - rows.FirstLevel};
+  return {};
+}
+
+TDepthRow ShownDepthRowAt(TQuorMode mode, int row) {
+  const TDepthRow depthRow = DepthRowAt(mode, row);
+  if (mode == qm5Full && depthRow.LevelIndex >= LevelsOfFiveLevelLayout)
+    return {};
+  return depthRow;
+}
+
+TMarketDataType DetectMarketDataType(const TCustomSubItem& record) {
+  const TMarketDataType type = DetectOnSide(record, BidFields);
+  return type != mdtUnknown ? type : DetectOnSide(record, AskFields);
+}
+
+std::string BestPriceText(const TCustomSubItem* record, int side) {
+  const TLevelFields* fields = FieldsOf(side);
+  return fields ? PriceText(record, fields->Price.front()) : std::string();
+}
+
+std::string BestPriceStepText(const TCustomSubItem* record, int side) {
+  const TLevelFields* fields = FieldsOf(side);
+  if (!fields || !IsReady(record) || record->GetText(fields->Price.front()).empty())
+    return {};
+  const auto* table = ReadySpreadTable(*record);
+  if (!table)
+    return {};
+  const double step = table->PriceStep(record->GetNumber(fields->Price.front()));
+  return TCustomFormatter::GetInstance()->FormatPrice(record->Symbol(), 0, step);
+}
+
+std::string LevelPriceText(const TCustomSubItem* record, TMarketDataType type, int level,
+                           int side) {
+  const TLevelFields* fields = FieldsOf(side);
+  if (!fields || !IsLevel(level) || type == mdtUnknown)
+    return {};
+  return type == mdtPriced ? PriceText(record, FieldOf(fields->Price, level))
+                           : OrderCountText(record, FieldOf(fields->Count, level));
+}
+
+std::string LevelSizeText(const TCustomSubItem* record, int level, int side) {
+  const TLevelFields* fields = FieldsOf(side);
+  return fields && IsLevel(level) ? VolumeText(record, FieldOf(fields->Size, level))
+                                  : std::string();
+}
+
+const Basemarketadapter::TCustomSpreadTable* ReadySpreadTable(const TCustomSubItem& record) {
+  const std::string_view code = record.GetText(Field::SpreadTable);
+  const auto* table =
+      code.empty() ? nullptr : TCustomMarketAdapter::GetInstance()->GetSpreadTable(code);
+  return table && table->State() == Constdef::SpreadState_Ready ? table : nullptr;
+}
+
+} // namespace Quorpricedatacontrol

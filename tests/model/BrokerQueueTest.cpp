@@ -1,0 +1,349 @@
+#include "host/ConstDef.h"
+#include "model/ModelFixture.h"
+
+#include <limits>
+
+// The broker queue: its entries, their place in the grid, IDs and names.
+
+namespace Quorpricedatacontrol {
+
+namespace {
+
+/// "1,2,...,count".
+std::string NumberedQueue(int count) {
+  std::string text = "1";
+  for (int number = 2; number <= count; ++number)
+    text += ',' + std::to_string(number);
+  return text;
+}
+
+/// The four-digit ID of entry `index` of a numbered queue.
+std::string NumberedID(int index) {
+  const std::string number = std::to_string(index + 1);
+  return std::string(4 - number.size(), '0') + number;
+}
+
+constexpr int BidColumns[] = {55, 56, 57, 58};
+constexpr int AskColumns[] = {65, 66, 67, 68};
+
+} // namespace
+
+// Entries
+
+TEST_F(DepthControlTest, ABlankOrEmptyPieceOfTheQueueIsNoEntry) {
+  Record().Set(120, " 1234, +1,0 ,56,, ");
+  ShowSymbol();
+  EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "1234");
+  EXPECT_EQ(control.GetQueueBroker(1, Side::Bid), "+1");
+  EXPECT_EQ(control.GetQueueBroker(2, Side::Bid), "");
+  EXPECT_EQ(control.GetQueueBroker(3, Side::Bid), "0056");
+  EXPECT_EQ(control.GetQueueBroker(4, Side::Bid), "");
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 2));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 1));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 3));
+}
+
+TEST(BrokerQueueEntries, AreCountedPerSide) {
+  BrokerQueue queue;
+  queue.Update("1,2,3,,", "4");
+  EXPECT_EQ(queue.Size(Side::Bid), 3);
+  EXPECT_EQ(queue.Size(Side::Ask), 1);
+  EXPECT_EQ(queue.Size(2), 0);
+  EXPECT_EQ(queue.Entry(2, Side::Bid), "3");
+  EXPECT_EQ(queue.Entry(0, Side::Ask), "4");
+  queue.Update("5", "");
+  EXPECT_EQ(queue.Size(Side::Bid), 1);
+  EXPECT_EQ(queue.Size(Side::Ask), 0);
+}
+
+TEST(BrokerQueueEntries, AreParsedAgainOnlyWhenTheirTextChanged) {
+  BrokerQueue queue;
+  queue.Update("1234,5678", "");
+  const char* const parsed = queue.Entry(1, Side::Bid).data();
+  std::string sameText = "1234,5678";
+  queue.Update(sameText, "4321");
+  EXPECT_EQ(queue.Entry(1, Side::Bid).data(), parsed);
+  EXPECT_EQ(queue.Entry(0, Side::Ask), "4321");
+}
+
+struct TEntryCase {
+  const char* entry;
+  const char* shown;
+  bool isMarker = false;
+};
+
+class QueueEntryTest : public testing::TestWithParam<TEntryCase> {};
+
+TEST_P(QueueEntryTest, ShowsAsItsKindAsks) {
+  Fakes::THostFakes host;
+  BrokerQueue queue;
+  queue.Update(GetParam().entry, "");
+  EXPECT_EQ(queue.Text(0, Side::Bid, TBrokerStyle::ID), GetParam().shown);
+  EXPECT_EQ(queue.IsLevelMarker(0, Side::Bid), GetParam().isMarker);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Entries, QueueEntryTest,
+    testing::Values(TEntryCase{"1234", "1234"}, TEntryCase{"123", "0123"}, TEntryCase{"7", "0007"},
+                    TEntryCase{"12345", "12345"}, TEntryCase{"00012", "0012"}, TEntryCase{"0", ""},
+                    TEntryCase{"00", "0000"}, TEntryCase{"B123", "0123"}, TEntryCase{"B0", "0000"},
+                    TEntryCase{"S9", "0009"}, TEntryCase{"1s", "1s"}, TEntryCase{"s123", "s123"},
+                    TEntryCase{"B12s", "B12s"}, TEntryCase{"BB1", "BB1"}, TEntryCase{"B", "B"},
+                    TEntryCase{"B-12", "B-12"}, TEntryCase{"1 2", "1 2"},
+                    TEntryCase{"\xE8\xB2\xB7"
+                               "12",
+                               "0012"},
+                    TEntryCase{"\xE8\xB2\xB7", "\xE8\xB2\xB7"}, TEntryCase{"+1", "+1", true},
+                    TEntryCase{"-12", "-12", true}, TEntryCase{"+", "+", true},
+                    TEntryCase{"99999999999999999999", "99999999999999999999"}));
+
+TEST_F(DepthControlTest, QueueEntriesThatDoNotExistAreEmpty) {
+  Record().Set({{120, "1234"}, {121, "5678"}});
+  ShowSymbol();
+  for (const int index : {-1, 1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
+    EXPECT_EQ(control.GetQueueBroker(index, Side::Bid), "") << index;
+  for (const int side : {-1, 2})
+    EXPECT_EQ(control.GetQueueBroker(0, side), "") << side;
+  EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "1234");
+  EXPECT_EQ(control.GetQueueBroker(0, Side::Ask), "5678");
+}
+
+TEST_F(DepthControlTest, TheQueueFollowsTheRecord) {
+  Record().Set({{120, "1"}, {121, "2"}});
+  ShowSymbol();
+  Record().Set(120, "3,4").Update();
+  EXPECT_EQ(control.GetQueueBroker(1, Side::Bid), "0004");
+  EXPECT_EQ(control.GetQueueBroker(0, Side::Ask), "0002");
+  Record().Remove(121).Update();
+  EXPECT_EQ(control.GetQueueBroker(0, Side::Ask), "");
+  Record().SetState(Constdef::RecordState_None).Update();
+  EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "");
+  Record().SetState(Constdef::RecordState_Ready).Update();
+  EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "0003");
+}
+
+// Places in the grid
+
+class QueueLayoutTest : public DepthControlTest {
+protected:
+  void Show(int entries) {
+    Record().Set({{120, NumberedQueue(entries)}, {121, NumberedQueue(entries)}});
+    ShowSymbol();
+  }
+
+  /// Entry k stands in column k / (rows - 1), row 1 + k % (rows - 1); later entries do not show.
+  void ExpectLayout(int rowCount, int entries) {
+    ASSERT_EQ(control.GetCount(), rowCount);
+    const int perColumn = rowCount - 1;
+    for (const auto& columns : {BidColumns, AskColumns})
+      for (int place = 0; place < 4; ++place)
+        for (int row = 1; row < rowCount; ++row) {
+          const int index = row - 1 + place * perColumn;
+          EXPECT_EQ(control.GetDisplayValue(row, columns[place]),
+                    index < entries ? NumberedID(index) : "")
+              << row << ' ' << columns[place];
+        }
+  }
+};
+
+TEST_F(QueueLayoutTest, ThirteenRowsShowFortyEightEntries) {
+  Show(60);
+  ExpectLayout(13, 60);
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue2), NumberedID(12));
+  EXPECT_EQ(control.GetDisplayValue(12, Column::AskQueue4), NumberedID(47));
+  EXPECT_EQ(control.GetQueueBroker(48, Side::Bid), NumberedID(48)); // kept, but not shown
+}
+
+TEST_F(QueueLayoutTest, EighteenRowsShowSixtyEightEntries) {
+  control.SetDisplayMode(qm10Full);
+  Show(80);
+  ExpectLayout(18, 80);
+  EXPECT_EQ(control.GetDisplayValue(17, Column::BidQueue4), NumberedID(67));
+}
+
+TEST_F(QueueLayoutTest, TheLayoutFollowsEveryOtherNumberOfRows) {
+  Record().Set({{116, "110"}, {117, "90"}, {131, "120"}, {132, "80"}});
+  Show(70);
+  ExpectLayout(15, 70);
+  Record().Set(118, "1");
+  control.SetDisplayMode(qm10Simple);
+  ExpectLayout(16, 70);
+}
+
+TEST_F(QueueLayoutTest, AShortQueueLeavesTheRestEmpty) {
+  Show(3);
+  ExpectLayout(13, 3);
+}
+
+TEST_F(QueueLayoutTest, RowZeroNamesTheSides) {
+  Show(60);
+  EXPECT_EQ(control.GetDisplayValue(0, Column::BidQueue1), "Res_QuorPrice_Buy");
+  EXPECT_EQ(control.GetDisplayValue(0, Column::AskQueue1), "Res_QuorPrice_Sell");
+  for (const int column : {56, 57, 58, 66, 67, 68})
+    EXPECT_EQ(control.GetDisplayValue(0, column), "") << column;
+}
+
+TEST_F(QueueLayoutTest, SidesDoNotMix) {
+  Record().Set({{120, "1"}, {121, "2"}});
+  ShowSymbol();
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "0001");
+  EXPECT_EQ(control.GetDisplayValue(1, Column::AskQueue1), "0002");
+}
+
+// Level markers
+
+TEST_F(DepthControlTest, MarkersAndTheSidesCaptionsAreQueueHeaders) {
+  Record().Set({{120, "+1,1,-2,3,4,5,6,7,8,9,10,11,+12"}, {121, "1,-1"}});
+  ShowSymbol();
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(55, 0));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(65, 0));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(56, 0));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(68, 0));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(55, 1));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(55, 2));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(55, 3));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(56, 1)); // entry 12
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(65, 1));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(65, 2));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(65, 3));
+  for (const int column : {0, 1, 21, 54, 59, 64, 69})
+    EXPECT_FALSE(control.GetIsBrokerQueueHeader(column, 0)) << column;
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(21, 1));
+  for (const int row : {-1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
+    EXPECT_FALSE(control.GetIsBrokerQueueHeader(55, row)) << row;
+}
+
+TEST_F(DepthControlTest, HidingTheQueueEmptiesItsCellsButKeepsItsMarkers) {
+  Record().Set(120, "+1,1234");
+  ShowSymbol();
+  events = {};
+  control.SetShowBrokerQueue(false);
+  EXPECT_EQ(events.change, 0);
+  for (const int column : {55, 56, 57, 58, 65, 66, 67, 68})
+    EXPECT_EQ(ColumnTexts(column), std::vector<std::string>(13)) << column;
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(55, 1));
+  std::string id;
+  EXPECT_TRUE(control.GetBrokerID(2, 55, id));
+  control.SetShowBrokerQueue(true);
+  EXPECT_EQ(control.GetDisplayValue(2, 55), "1234");
+}
+
+// Names
+
+class BrokerNameTest : public DepthControlTest {
+protected:
+  BrokerNameTest() {
+    host.market.SetBroker("1234", "Name", "Name 1", "Name 2", "Other");
+    host.market.SetBroker("0056", "Short");
+    Record().Set({{120, "1234,56,+1,777,B1234"}, {121, "56"}});
+    ShowSymbol();
+    events = {};
+  }
+};
+
+TEST_F(BrokerNameTest, NamesTakeThePlaceOfTheIDsOfKnownBrokers) {
+  control.SetShowBrokerName(true);
+  EXPECT_EQ(control.GetDisplayValue(1, 55), "Name");
+  EXPECT_EQ(control.GetDisplayValue(2, 55), "Short");
+  EXPECT_EQ(control.GetDisplayValue(3, 55), "+1");
+  EXPECT_EQ(control.GetDisplayValue(4, 55), "0777");
+  EXPECT_EQ(control.GetDisplayValue(5, 55), "Name");
+  EXPECT_EQ(control.GetDisplayValue(1, 65), "Short");
+  control.SetShowBrokerName(false);
+  EXPECT_EQ(control.GetDisplayValue(1, 55), "1234");
+}
+
+TEST_F(BrokerNameTest, ANameIsTheOneInTheUsersLanguage) {
+  control.SetShowBrokerName(true);
+  host.language.language = Constdef::Language_TraditionalChinese;
+  EXPECT_EQ(control.GetDisplayValue(1, 55), "Name 1");
+  host.language.language = Constdef::Language_SimplifiedChinese;
+  EXPECT_EQ(control.GetDisplayValue(1, 55), "Name 2");
+  for (const int language : {0, 3, 4}) {
+    host.language.language = language;
+    EXPECT_EQ(control.GetDisplayValue(1, 55), "Name") << language;
+  }
+}
+
+TEST_F(BrokerNameTest, AMissingNameFallsBackToTheDefaultAndThenToTheOther) {
+  control.SetShowBrokerName(true);
+  host.language.language = Constdef::Language_SimplifiedChinese;
+  EXPECT_EQ(control.GetDisplayValue(2, 55), "Short");
+  host.market.SetBroker("1234", "", "", "", "Other");
+  EXPECT_EQ(control.GetDisplayValue(1, 55), "Other");
+  host.language.language = Constdef::Language_English;
+  EXPECT_EQ(control.GetDisplayValue(1, 55), "Other");
+  host.market.SetBroker("1234", "", "Name 1", "Name 2", "Other");
+  EXPECT_EQ(control.GetDisplayValue(1, 55), "Other");
+}
+
+TEST_F(BrokerNameTest, TheHintGivesTheFormThatTheGridDoesNotShow) {
+  EXPECT_EQ(control.GetBrokerName(1, 55), "Name");
+  EXPECT_EQ(control.GetBrokerName(1, 65), "Short");
+  control.SetShowBrokerName(true);
+  EXPECT_EQ(control.GetBrokerName(1, 55), "1234");
+  EXPECT_EQ(control.GetBrokerName(2, 55), "0056");
+}
+
+TEST_F(BrokerNameTest, TheHintLeavesTheGridAsItWas) {
+  for (const bool shown : {false, true}) {
+    control.SetShowBrokerName(shown);
+    const auto before = ColumnTexts(55);
+    events = {};
+    control.GetBrokerName(1, 55);
+    EXPECT_EQ(control.ShowBrokerName(), shown);
+    EXPECT_EQ(ColumnTexts(55), before);
+    EXPECT_EQ(events.change, 0);
+  }
+}
+
+TEST_F(BrokerNameTest, TheIDIsNeverAName) {
+  for (const bool shown : {false, true}) {
+    control.SetShowBrokerName(shown);
+    std::string id = "old";
+    EXPECT_TRUE(control.GetBrokerID(1, 55, id));
+    EXPECT_EQ(id, "1234");
+    EXPECT_TRUE(control.GetBrokerID(2, 55, id));
+    EXPECT_EQ(id, "0056");
+    EXPECT_FALSE(control.GetBrokerID(6, 55, id));
+    EXPECT_EQ(id, "");
+  }
+}
+
+TEST_F(BrokerNameTest, CellsOutsideTheQueueHaveNoBroker) {
+  Record().Set(120, NumberedQueue(60)).Update();
+  std::string id;
+  for (const int column : {1, 21, 54, 59, 64, 69}) {
+    EXPECT_EQ(control.GetBrokerName(1, column), "") << column;
+    EXPECT_FALSE(control.GetBrokerID(1, column, id)) << column;
+  }
+  for (const int column : BidColumns)
+    for (const int row : {0, -1, std::numeric_limits<int>::min()}) {
+      EXPECT_EQ(control.GetBrokerName(row, column), "") << row << ' ' << column;
+      EXPECT_FALSE(control.GetBrokerID(row, column, id)) << row << ' ' << column;
+    }
+  EXPECT_EQ(control.GetBrokerName(std::numeric_limits<int>::max(), 58), "");
+  EXPECT_EQ(control.GetBrokerName(1, 56), NumberedID(12));
+}
+
+TEST_F(BrokerNameTest, NoBrokerIsTheUsersOwn) { EXPECT_FALSE(control.GetIsMyBrokerID(1, 55)); }
+
+TEST_F(BrokerNameTest, OnlyAnotherChoiceOfNamesIsTold) {
+  control.SetShowBrokerName(false);
+  EXPECT_EQ(events.change, 0);
+  control.SetShowBrokerName(true);
+  EXPECT_EQ(events.change, 1);
+  control.SetShowBrokerName(true);
+  EXPECT_EQ(events.change, 1);
+}
+
+TEST_F(BrokerNameTest, AChangedDirectoryIsToldOnlyWhileNamesShow) {
+  host.market.AnnounceBrokers();
+  EXPECT_EQ(events.change, 0);
+  control.SetShowBrokerName(true);
+  events = {};
+  host.market.AnnounceBrokers();
+  EXPECT_EQ(events.change, 1);
+}
+
+} // namespace Quorpricedatacontrol

@@ -1,0 +1,365 @@
+#include "host/ConstDef.h"
+#include "model/ModelFixture.h"
+
+// What a click on a cell copies to order entry.
+
+namespace Quorpricedatacontrol {
+
+using Fakes::TSentOrder;
+
+class CopyPriceTest : public DepthControlTest {
+protected:
+  CopyPriceTest() {
+    host.market.SetSpreadTable("01", Constdef::SpreadState_Ready, {{0, 100, 0.5}, {100, 1000, 2}});
+    FillDepth(Record());
+    Record().Set({{73, "01"}, {24, "500"}, {3, "100"}, {37, "110"}, {17, "999"}});
+    ShowSymbol();
+  }
+
+  void SetStyle(const char* style) {
+    host.config.SetCurrent("CopyPriceStyle", style);
+    host.config.Announce();
+  }
+
+  /// The order that a click sends; it must be the only one.
+  TSentOrder Click(int row, int column) {
+    host.channels.sentOrders.clear();
+    control.CopyPrice(row, column);
+    EXPECT_EQ(host.channels.sentOrders.size(), 1u) << row << ' ' << column;
+    return host.channels.sentOrders.empty() ? TSentOrder() : host.channels.sentOrders.front();
+  }
+
+  bool Sends(int row, int column) {
+    host.channels.sentOrders.clear();
+    control.CopyPrice(row, column);
+    return !host.channels.sentOrders.empty();
+  }
+
+  static bool IsFlagged(const TSentOrder& order) {
+    return order.values == std::map<std::string, std::string, std::less<>>{{"OrderFlags", "1"}};
+  }
+};
+
+// How the order travels
+
+TEST_F(CopyPriceTest, TheOrderGoesToOrderEntryWithItsKindAndGroup) {
+  control.GroupID = "G1";
+  const TSentOrder order = Click(6, Column::BidPrice);
+  EXPECT_EQ(host.channels.sentNumbers, std::vector<int>{18016});
+  EXPECT_EQ(order.symbol, "700");
+  EXPECT_EQ(order.kind, 502);
+  EXPECT_EQ(order.source, "G1");
+  EXPECT_EQ(order.sender, &control);
+}
+
+TEST_F(CopyPriceTest, TheOrderIsEmptiedBeforeEachCopy) {
+  SetStyle("L");
+  Click(6, Column::BidPrice);
+  const TSentOrder order = Click(7, Column::HeaderValue); // the volume
+  EXPECT_FALSE(order.price.has_value());
+  EXPECT_FALSE(order.quantity.has_value());
+  EXPECT_TRUE(order.values.empty());
+}
+
+// Best prices
+
+TEST_F(CopyPriceTest, TheDefaultStyleCopiesTheBestSizeOnlyFromItsOwnCell) {
+  const TSentOrder bidPrice = Click(6, Column::BidPrice);
+  EXPECT_EQ(bidPrice.price, 99);
+  EXPECT_EQ(bidPrice.quantity, 0);
+  const TSentOrder bidSize = Click(6, Column::BidSize);
+  EXPECT_EQ(bidSize.price, 99);
+  EXPECT_EQ(bidSize.quantity, 1000);
+  const TSentOrder askPrice = Click(6, Column::AskPrice);
+  EXPECT_EQ(askPrice.price, 101);
+  EXPECT_EQ(askPrice.quantity, 0);
+  const TSentOrder askSize = Click(6, Column::AskSize);
+  EXPECT_EQ(askSize.price, 101);
+  EXPECT_EQ(askSize.quantity, 1100);
+}
+
+TEST_F(CopyPriceTest, TheFirstLevelIsTheBestPrice) {
+  const TSentOrder order = Click(8, Column::BidSize);
+  EXPECT_EQ(order.price, 99);
+  EXPECT_EQ(order.quantity, 1000);
+}
+
+TEST_F(CopyPriceTest, OnlyBidsAreFlagged) {
+  for (const int row : {6, 8, 9, 12, 13, 17}) {
+    EXPECT_TRUE(IsFlagged(Click(row, Column::BidPrice))) << row;
+    EXPECT_TRUE(IsFlagged(Click(row, Column::BidSize))) << row;
+    EXPECT_TRUE(Click(row, Column::AskPrice).values.empty()) << row;
+    EXPECT_TRUE(Click(row, Column::AskSize).values.empty()) << row;
+  }
+  EXPECT_TRUE(Click(6, Column::HeaderValue).values.empty());
+}
+
+// Levels
+
+struct TLayoutCase {
+  TQuorMode mode;
+  int bestRow, firstLevelRow;
+};
+
+class CopyLevelTest : public CopyPriceTest, public testing::WithParamInterface<TLayoutCase> {};
+
+TEST_P(CopyLevelTest, EachLevelCopiesItsOwnPriceOnEitherColumnOfItsSide) {
+  control.SetDisplayMode(GetParam().mode);
+  EXPECT_EQ(Click(GetParam().bestRow, Column::BidPrice).price, 99);
+  EXPECT_EQ(Click(GetParam().bestRow, Column::AskSize).price, 101);
+  for (int level = 0; level < DepthLevels; ++level) {
+    const int row = GetParam().firstLevelRow + level;
+    EXPECT_EQ(Click(row, Column::BidPrice).price, 99 - level) << level;
+    EXPECT_EQ(Click(row, Column::BidSize).price, 99 - level) << level;
+    EXPECT_EQ(Click(row, Column::AskPrice).price, 101 + level) << level;
+    EXPECT_EQ(Click(row, Column::AskSize).price, 101 + level) << level;
+  }
+}
+
+TEST_P(CopyLevelTest, RowsThatHoldNoPriceCopyNothing) {
+  control.SetDisplayMode(GetParam().mode);
+  for (const int row : {-1, 0, GetParam().bestRow + 1, GetParam().firstLevelRow + 10, 100})
+    for (const int column : {1, 2, 16, 19})
+      EXPECT_FALSE(Sends(row, column)) << row << ' ' << column;
+}
+
+INSTANTIATE_TEST_SUITE_P(Layouts, CopyLevelTest,
+                         testing::Values(TLayoutCase{qm5Full, 6, 8}, TLayoutCase{qm10Full, 6, 8},
+                                         TLayoutCase{qm10Simple, 1, 3}));
+
+TEST_F(CopyPriceTest, OtherColumnsCopyNothing) {
+  for (const int column : {-1, 0, 4, 21, 55, 58, 65, 68, 10000})
+    EXPECT_FALSE(Sends(6, column)) << column;
+}
+
+TEST_F(CopyPriceTest, NothingIsCopiedWithoutSymbol) {
+  control.SetSymbol("");
+  EXPECT_FALSE(Sends(6, Column::BidPrice));
+  control.CopyQty(100);
+  EXPECT_TRUE(host.channels.sentOrders.empty());
+}
+
+TEST_F(CopyPriceTest, AMissingPriceIsLeftUnset) {
+  Record().Remove(1).Remove(82).Remove(37);
+  const TSentOrder best = Click(6, Column::BidSize);
+  EXPECT_FALSE(best.price.has_value());
+  EXPECT_EQ(best.quantity, 1000);
+  EXPECT_FALSE(Click(10, Column::BidPrice).price.has_value());
+  EXPECT_FALSE(Click(1, Column::HeaderValue).price.has_value());
+}
+
+// Levels that are published without prices
+
+class CopyDerivedPriceTest : public CopyPriceTest {
+protected:
+  CopyDerivedPriceTest() {
+    control.SetSymbol("");
+    FillOrderCountDepth(Record());
+    Record().Set({{1, "101"}, {2, "99"}});
+    ShowSymbol();
+  }
+};
+
+TEST_F(CopyDerivedPriceTest, ALevelLiesAsManyStepsFromTheBestPriceAsItIsDeep) {
+  const double bids[] = {101, 99, 98.5, 98, 97.5, 97, 96.5, 96, 95.5, 95};
+  const double asks[] = {99, 99.5, 100, 102, 104, 106, 108, 110, 112, 114};
+  for (int level = 0; level < DepthLevels; ++level) {
+    EXPECT_EQ(Click(8 + level, Column::BidPrice).price, bids[level]) << level;
+    EXPECT_EQ(Click(8 + level, Column::AskPrice).price, asks[level]) << level;
+  }
+}
+
+TEST_F(CopyDerivedPriceTest, TheFourthBidLiesThreeStepsBelowTheBest) {
+  Record().Set(1, "50");
+  const TSentOrder order = Click(11, Column::BidPrice);
+  EXPECT_EQ(order.price, 48.5);
+  EXPECT_TRUE(IsFlagged(order));
+}
+
+TEST_F(CopyDerivedPriceTest, APublishedPriceGoesBeforeADerivedOne) {
+  Record().Set(83, "77");
+  EXPECT_EQ(Click(11, Column::BidPrice).price, 77);
+}
+
+TEST_F(CopyDerivedPriceTest, APriceThatCannotBeDerivedIsLeftUnset) {
+  for (const char* best : {"", "none", "nan", "inf", "1x"}) {
+    Record().Set(1, best);
+    EXPECT_FALSE(Click(9, Column::BidPrice).price.has_value()) << best;
+  }
+  Record().Set(1, " 50 ");
+  EXPECT_EQ(Click(9, Column::BidPrice).price, 49.5);
+  host.market.SetSpreadTable("01", 0, {{0, 1000, 1}});
+  EXPECT_FALSE(Click(9, Column::BidPrice).price.has_value());
+  Record().Set(73, "99");
+  EXPECT_FALSE(Click(9, Column::AskPrice).price.has_value());
+}
+
+TEST_F(CopyDerivedPriceTest, PricesAreDerivedOnlyForAFeedOfOrderCounts) {
+  control.SetSymbol("");
+  Record().Set(81, "100.5"); // the first level beyond the best now has a price
+  ShowSymbol();
+  ASSERT_EQ(control.MarketDataType(), mdtPriced);
+  EXPECT_FALSE(Click(11, Column::BidPrice).price.has_value());
+}
+
+TEST_F(CopyDerivedPriceTest, AMissingBestPriceIsNotDerived) {
+  Record().Remove(1);
+  EXPECT_FALSE(Click(6, Column::BidPrice).price.has_value());
+}
+
+// Quantities
+
+TEST_F(CopyPriceTest, TheDefaultStyleCopiesNoQuantityFromDeeperLevels) {
+  for (int row = 9; row <= 17; ++row) {
+    EXPECT_EQ(Click(row, Column::BidSize).quantity, 0) << row;
+    EXPECT_EQ(Click(row, Column::AskSize).quantity, 0) << row;
+  }
+}
+
+TEST_F(CopyPriceTest, TheOneLotStyleCopiesTheLotSizeFromEveryPrice) {
+  SetStyle("Lot");
+  for (const int row : {6, 8, 9, 17})
+    for (const int column : {1, 2, 16, 19})
+      EXPECT_EQ(Click(row, column).quantity, 500) << row << ' ' << column;
+  const TSentOrder nominal = Click(6, Column::HeaderValue);
+  EXPECT_EQ(nominal.price, 100);
+  EXPECT_EQ(nominal.quantity, 500);
+}
+
+TEST_F(CopyPriceTest, TheNoneStyleCopiesAQuantityOfZero) {
+  SetStyle("N");
+  for (const int row : {6, 8, 9, 17})
+    for (const int column : {1, 2, 16, 19})
+      EXPECT_EQ(Click(row, column).quantity, 0) << row << ' ' << column;
+}
+
+TEST_F(CopyPriceTest, TheSummaryStyleCopiesTheSizeDownToTheLevel) {
+  SetStyle("S");
+  double bids = 0, asks = 0;
+  for (int level = 0; level < DepthLevels; ++level) {
+    bids += 1000 * (level + 1);
+    asks += 1000 * (level + 1) + 100;
+    EXPECT_EQ(Click(8 + level, Column::BidPrice).quantity, bids) << level;
+    EXPECT_EQ(Click(8 + level, Column::BidSize).quantity, bids) << level;
+    EXPECT_EQ(Click(8 + level, Column::AskPrice).quantity, asks) << level;
+    EXPECT_EQ(Click(8 + level, Column::AskSize).quantity, asks) << level;
+  }
+  EXPECT_EQ(Click(6, Column::BidSize).quantity, 1000);
+  EXPECT_EQ(control.GetCopyPriceQty(92), 1100 + 2100 + 3100);
+}
+
+TEST_F(CopyPriceTest, AMissingSizeCountsAsZero) {
+  SetStyle("S");
+  Record().Remove(51).Set(52, "many");
+  EXPECT_EQ(control.GetCopyPriceQty(83), 1000 + 4000);
+}
+
+struct TQuantityCase {
+  const char* style;
+  int field;
+  double quantity;
+};
+
+class CopyQuantityTest : public CopyPriceTest, public testing::WithParamInterface<TQuantityCase> {};
+
+TEST_P(CopyQuantityTest, FollowsTheStyle) {
+  SetStyle(GetParam().style);
+  EXPECT_EQ(control.GetCopyPriceQty(GetParam().field), GetParam().quantity);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Styles, CopyQuantityTest,
+    testing::Values(TQuantityCase{"D", 16, 1000}, TQuantityCase{"D", 19, 1100},
+                    TQuantityCase{"D", 1, 0}, TQuantityCase{"D", 2, 0}, TQuantityCase{"D", 51, 0},
+                    TQuantityCase{"L", 16, 500}, TQuantityCase{"L", 3, 500},
+                    TQuantityCase{"L", -1, 500}, TQuantityCase{"N", 16, 0},
+                    TQuantityCase{"N", 1, 0}, TQuantityCase{"S", 1, 1000},
+                    TQuantityCase{"S", 2, 1100}, TQuantityCase{"S", 81, 3000},
+                    TQuantityCase{"S", 84, 15000}, TQuantityCase{"S", 94, 15500},
+                    TQuantityCase{"S", 3180, 21000}, TQuantityCase{"S", 3184, 55000},
+                    TQuantityCase{"S", 3190, 21600}, TQuantityCase{"S", 3194, 56000},
+                    TQuantityCase{"S", 3, 0}, TQuantityCase{"S", 16, 0}, TQuantityCase{"S", 80, 0},
+                    TQuantityCase{"S", 85, 0}, TQuantityCase{"S", 3185, 0}));
+
+TEST_F(DepthControlTest, ThereIsNoQuantityWithoutARecord) {
+  host.config.SetCurrent("CopyPriceStyle", "L");
+  host.config.Announce();
+  EXPECT_EQ(control.GetCopyPriceQty(1), 0);
+}
+
+// Header values
+
+class CopyHeaderTest : public CopyPriceTest {
+protected:
+  CopyHeaderTest() {
+    Record().Set({{31, "98"}, {32, "95"}, {48, "2"}, {130, "2.04"}, {38, "5"}, {23, "HKD"}});
+    Record().Set({{116, "120"}, {117, "80"}, {118, "1"}, {131, "150"}, {132, "50"}, {133, "97"}});
+    control.BODDataUpdate(nullptr, nullptr);
+  }
+
+  TSentOrder ClickCaption(const std::string& caption) {
+    for (int row = 0; row < control.GetCount(); ++row)
+      if (control.GetCellHeader(row) == caption)
+        return Click(row, Column::HeaderValue);
+    ADD_FAILURE() << caption;
+    return {};
+  }
+};
+
+TEST_F(CopyHeaderTest, HeaderPricesAreCopiedWithoutQuantity) {
+  for (const auto& [caption, price] : {std::pair{"Res_Nominal", 100.0},
+                                       {"Res_PreClose", 98.0},
+                                       {"Res_LowPrice", 95.0},
+                                       {"Res_HighPrice", 110.0},
+                                       {"Res_Price_UpLimit", 120.0},
+                                       {"Res_Price_DownLimit", 80.0},
+                                       {"Res_OpenPrc", 97.0}}) {
+    for (const char* style : {"D", "N", "S"}) {
+      SetStyle(style);
+      const TSentOrder order = ClickCaption(caption);
+      EXPECT_EQ(order.price, price) << caption;
+      EXPECT_FALSE(order.quantity.has_value()) << caption;
+    }
+    SetStyle("L");
+    EXPECT_EQ(ClickCaption(caption).quantity, 500) << caption;
+  }
+}
+
+TEST_F(CopyHeaderTest, OtherHeaderFieldsCopyTheSymbolAlone) {
+  SetStyle("L");
+  for (const char* caption :
+       {"Res_Volume", "Res_TurnOver", "Res_LotSize", "Res_Currency", "Res_PRCChange",
+        "Res_ChangePercent", "Res_AccruedInt", "Res_High_52wks", "Res_Low_52wks"}) {
+    const TSentOrder order = ClickCaption(caption);
+    EXPECT_EQ(order.symbol, "700") << caption;
+    EXPECT_FALSE(order.price.has_value()) << caption;
+    EXPECT_FALSE(order.quantity.has_value()) << caption;
+    EXPECT_TRUE(order.values.empty()) << caption;
+  }
+}
+
+TEST_F(CopyPriceTest, AnEmptyHeaderRowCopiesNothing) {
+  EXPECT_FALSE(Sends(0, Column::HeaderValue));
+  for (const int row : {-1, 11, 12, 100})
+    EXPECT_FALSE(Sends(row, Column::HeaderValue)) << row;
+}
+
+// Quantity buttons
+
+TEST_F(CopyPriceTest, AQuantityIsCopiedWithTheSymbolAlone) {
+  control.GroupID = "G2";
+  Click(6, Column::BidSize);
+  host.channels.sentOrders.clear();
+  control.CopyQty(3000);
+  ASSERT_EQ(host.channels.sentOrders.size(), 1u);
+  const TSentOrder& order = host.channels.sentOrders.front();
+  EXPECT_EQ(order.symbol, "700");
+  EXPECT_EQ(order.quantity, 3000);
+  EXPECT_FALSE(order.price.has_value());
+  EXPECT_TRUE(order.values.empty());
+  EXPECT_EQ(order.kind, 502);
+  EXPECT_EQ(order.source, "G2");
+  EXPECT_EQ(order.sender, &control);
+}
+
+} // namespace Quorpricedatacontrol

@@ -1,0 +1,369 @@
+#include "host/ConstDef.h"
+#include "model/ModelFixture.h"
+
+#include <limits>
+
+// Price and size cells of the depth grid, and the trades above them.
+
+namespace Quorpricedatacontrol {
+
+using Texts = std::vector<std::string>;
+
+class DepthCellsTest : public DepthControlTest {
+protected:
+  DepthCellsTest() {
+    host.market.SetSpreadTable("01", Constdef::SpreadState_Ready, {{0, 100, 0.5}, {100, 1000, 2}});
+    FillDepth(Record());
+    Record().Set(73, "01");
+  }
+
+  void Show(TQuorMode mode) {
+    control.SetDisplayMode(mode);
+    ShowSymbol();
+  }
+};
+
+// What each layout shows
+
+TEST_F(DepthCellsTest, FiveLevelLayout) {
+  Show(qm5Full);
+  const std::string none;
+  EXPECT_EQ(ColumnTexts(Column::BidPrice),
+            (Texts{none, none, none, none, none, none, "99.000", "700@0.5", "99.000", "98.000",
+                   "97.000", "96.000", "95.000"}));
+  EXPECT_EQ(ColumnTexts(Column::AskPrice),
+            (Texts{none, none, none, none, none, none, "101.000", "700@2", "101.000", "102.000",
+                   "103.000", "104.000", "105.000"}));
+  EXPECT_EQ(ColumnTexts(Column::BidSize),
+            (Texts{none, none, none, none, none, none, "Res_Bid", "Res_BidSize", "1,000", "2,000",
+                   "3,000", "4,000", "5,000"}));
+  EXPECT_EQ(ColumnTexts(Column::AskSize),
+            (Texts{none, none, none, none, none, none, "Res_Ask", "Res_AskSize", "1,100", "2,100",
+                   "3,100", "4,100", "5,100"}));
+}
+
+TEST_F(DepthCellsTest, TenLevelLayoutWithoutHeaderRows) {
+  Show(qm10Simple);
+  EXPECT_EQ(ColumnTexts(Column::BidPrice),
+            (Texts{"", "99.000", "700@0.5", "99.000", "98.000", "97.000", "96.000", "95.000",
+                   "94.000", "93.000", "92.000", "91.000", "90.000"}));
+  EXPECT_EQ(ColumnTexts(Column::AskPrice),
+            (Texts{"", "101.000", "700@2", "101.000", "102.000", "103.000", "104.000", "105.000",
+                   "106.000", "107.000", "108.000", "109.000", "110.000"}));
+  EXPECT_EQ(ColumnTexts(Column::BidSize),
+            (Texts{"", "Res_Bid", "Res_BidSize", "1,000", "2,000", "3,000", "4,000", "5,000",
+                   "6,000", "7,000", "8,000", "9,000", "10,000"}));
+  EXPECT_EQ(ColumnTexts(Column::AskSize),
+            (Texts{"", "Res_Ask", "Res_AskSize", "1,100", "2,100", "3,100", "4,100", "5,100",
+                   "6,100", "7,100", "8,100", "9,100", "10,100"}));
+}
+
+TEST_F(DepthCellsTest, TenLevelLayoutUnderHeaderRows) {
+  Show(qm10Full);
+  const std::string none;
+  EXPECT_EQ(
+      ColumnTexts(Column::BidPrice),
+      (Texts{none, none, none, none, none, none, "99.000", "700@0.5", "99.000", "98.000", "97.000",
+             "96.000", "95.000", "94.000", "93.000", "92.000", "91.000", "90.000"}));
+  EXPECT_EQ(ColumnTexts(Column::AskPrice),
+            (Texts{none, none, none, none, none, none, "101.000", "700@2", "101.000", "102.000",
+                   "103.000", "104.000", "105.000", "106.000", "107.000", "108.000", "109.000",
+                   "110.000"}));
+  EXPECT_EQ(ColumnTexts(Column::BidSize),
+            (Texts{none, none, none, none, none, none, "Res_Bid", "Res_BidSize", "1,000", "2,000",
+                   "3,000", "4,000", "5,000", "6,000", "7,000", "8,000", "9,000", "10,000"}));
+  EXPECT_EQ(ColumnTexts(Column::AskSize),
+            (Texts{none, none, none, none, none, none, "Res_Ask", "Res_AskSize", "1,100", "2,100",
+                   "3,100", "4,100", "5,100", "6,100", "7,100", "8,100", "9,100", "10,100"}));
+}
+
+TEST_F(DepthCellsTest, TheFiveLevelLayoutStaysAtFiveLevelsWhereItHasMoreRows) {
+  Record().Set({{116, "110"}, {117, "90"}, {118, "1"}, {131, "120"}, {132, "80"}, {133, "100"}});
+  Show(qm5Full);
+  ASSERT_EQ(control.GetCount(), 16);
+  for (int row = 13; row < 18; ++row)
+    for (const int side : {Side::Bid, Side::Ask}) {
+      EXPECT_EQ(control.GetPriceValue(row, side), "") << row;
+      EXPECT_EQ(control.GetSizeValue(row, side), "") << row;
+    }
+  EXPECT_EQ(control.GetDisplayValue(13, Column::BidPrice), "");
+  EXPECT_EQ(control.GetDisplayValue(12, Column::BidPrice), "95.000");
+}
+
+struct TLevelCase {
+  int level;
+  int bidPrice, bidSize, bidCount, askPrice, askSize, askCount;
+};
+
+class LevelFieldsTest : public testing::TestWithParam<TLevelCase> {};
+
+TEST_P(LevelFieldsTest, ALevelReadsItsOwnFieldsAlone) {
+  Fakes::THostFakes host;
+  const TLevelCase& fields = GetParam();
+  auto& record = host.Record("700");
+  record.Set({{fields.bidPrice, "10"}, {fields.askPrice, "20"}, {fields.bidSize, "30"}});
+  record.Set({{fields.askSize, "40"}, {fields.bidCount, "5"}, {fields.askCount, "6"}});
+  EXPECT_EQ(LevelPriceText(&record, mdtPriced, fields.level, Side::Bid), "10.000");
+  EXPECT_EQ(LevelPriceText(&record, mdtPriced, fields.level, Side::Ask), "20.000");
+  EXPECT_EQ(LevelSizeText(&record, fields.level, Side::Bid), "30");
+  EXPECT_EQ(LevelSizeText(&record, fields.level, Side::Ask), "40");
+  EXPECT_EQ(LevelPriceText(&record, mdtOrderCount, fields.level, Side::Bid), "(5)");
+  EXPECT_EQ(LevelPriceText(&record, mdtOrderCount, fields.level, Side::Ask), "(6)");
+}
+
+INSTANTIATE_TEST_SUITE_P(Levels, LevelFieldsTest,
+                         testing::Values(TLevelCase{0, 1, 16, 55, 2, 19, 65},
+                                         TLevelCase{1, 81, 51, 56, 91, 61, 66},
+                                         TLevelCase{2, 82, 52, 57, 92, 62, 67},
+                                         TLevelCase{3, 83, 53, 58, 93, 63, 68},
+                                         TLevelCase{4, 84, 54, 59, 94, 64, 69},
+                                         TLevelCase{5, 3180, 3155, 3136, 3190, 3165, 3146},
+                                         TLevelCase{6, 3181, 3156, 3137, 3191, 3166, 3147},
+                                         TLevelCase{7, 3182, 3157, 3138, 3192, 3167, 3148},
+                                         TLevelCase{8, 3183, 3158, 3139, 3193, 3168, 3149},
+                                         TLevelCase{9, 3184, 3159, 3140, 3194, 3169, 3150}));
+
+// How a feed publishes its levels
+
+TEST_F(DepthControlTest, AFeedOfBestPricesAloneShowsNoLevelPrices) {
+  Record().Set({{1, "99"}, {2, "101"}, {16, "1000"}, {19, "1100"}});
+  ShowSymbol();
+  EXPECT_EQ(control.MarketDataType(), mdtUnknown);
+  EXPECT_EQ(control.GetDisplayValue(6, Column::BidPrice), "99.000");
+  EXPECT_EQ(control.GetDisplayValue(6, Column::AskPrice), "101.000");
+  EXPECT_EQ(control.GetDisplayValue(8, Column::BidPrice), "");
+  EXPECT_EQ(control.GetDisplayValue(8, Column::AskPrice), "");
+  EXPECT_EQ(control.GetDisplayValue(8, Column::BidSize), "1,000");
+  EXPECT_EQ(control.GetDisplayValue(8, Column::AskSize), "1,100");
+}
+
+TEST_F(DepthControlTest, AFeedWithoutLevelPricesShowsOrderCounts) {
+  Record().Set({{1, "99"}, {51, "2000"}, {55, "3"}, {56, "1234"}, {66, "7"}});
+  ShowSymbol();
+  EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
+  EXPECT_EQ(control.GetDisplayValue(8, Column::BidPrice), "(3)");
+  EXPECT_EQ(control.GetDisplayValue(9, Column::BidPrice), "(1,234)");
+  EXPECT_EQ(control.GetDisplayValue(9, Column::AskPrice), "(7)");
+}
+
+TEST_F(DepthControlTest, AnOrderCountShowsOnlyWhenItIsAPositiveInteger) {
+  Record().Set({{51, "2000"}, {55, "0"}, {56, "-1"}, {57, "many"}, {58, ""}});
+  ShowSymbol();
+  for (int level = 0; level < DepthLevels; ++level)
+    EXPECT_EQ(control.GetDetailPrice(level, Side::Bid), "") << level;
+}
+
+TEST_F(DepthControlTest, TheFirstPublishedLevelDecidesHowTheFeedPublishes) {
+  Record().Set({{52, "3000"}, {53, "4000"}, {83, "96"}});
+  ShowSymbol();
+  EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
+}
+
+TEST_F(DepthControlTest, AnAskLevelDecidesWhereNoBidLevelIsPublished) {
+  Record().Set({{16, "1000"}, {3169, "10"}, {3194, "110"}, {82, "97"}});
+  ShowSymbol();
+  EXPECT_EQ(control.MarketDataType(), mdtPriced);
+}
+
+TEST_F(DepthControlTest, ABidLevelDecidesBeforeAnAskLevel) {
+  Record().Set({{3159, "10"}, {61, "2100"}, {91, "102"}});
+  ShowSymbol();
+  EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
+}
+
+TEST_F(DepthControlTest, HowAFeedPublishesIsRetriedUntilKnownAndThenKept) {
+  ShowSymbol();
+  Record().Set(16, "1000").Update();
+  EXPECT_EQ(control.MarketDataType(), mdtUnknown);
+  Record().Set(51, "2000").Update();
+  EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
+  Record().Set(81, "98").Update();
+  EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
+  control.SetSymbol("");
+  ShowSymbol();
+  EXPECT_EQ(control.MarketDataType(), mdtPriced);
+}
+
+// Sizes of zero
+
+TEST_F(DepthCellsTest, ASizeOfZeroShowsOnlyInTheSimpleLayout) {
+  Record().Set({{16, "0"}, {3169, "0"}});
+  Show(qm10Simple);
+  EXPECT_EQ(control.GetDisplayValue(3, Column::BidSize), "0");
+  EXPECT_EQ(control.GetDisplayValue(12, Column::AskSize), "0");
+  control.SetDisplayMode(qm10Full);
+  EXPECT_EQ(control.GetDisplayValue(8, Column::BidSize), "");
+  EXPECT_EQ(control.GetDisplayValue(17, Column::AskSize), "");
+  control.SetDisplayMode(qm5Full);
+  EXPECT_EQ(control.GetDisplayValue(8, Column::BidSize), "");
+}
+
+// Price steps
+
+TEST_F(DepthCellsTest, APriceOnABandsEndHasThatBandsStep) {
+  Record().Set({{1, "100"}, {2, "100.5"}});
+  Show(qm5Full);
+  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "700@0.5");
+  EXPECT_EQ(control.GetBestPriceSpread(Side::Ask), "700@2");
+}
+
+TEST_F(DepthCellsTest, ThereIsNoStepWithoutAReadySpreadTable) {
+  Show(qm5Full);
+  Record().Set(73, "99");
+  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "");
+  Record().Remove(73);
+  host.market.SetSpreadTable("", Constdef::SpreadState_Ready, {{0, 1000, 1}});
+  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "");
+  Record().Set(73, "01");
+  host.market.SetSpreadTable("01", 0, {{0, 1000, 1}});
+  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "");
+  host.market.SetSpreadTable("01", Constdef::SpreadState_Ready, {{0, 1000, 1}});
+  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "700@1");
+}
+
+TEST_F(DepthCellsTest, ThereIsNoStepWithoutABestPrice) {
+  Record().Remove(2);
+  Show(qm5Full);
+  EXPECT_EQ(control.GetBestPriceSpread(Side::Ask), "");
+  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "700@0.5");
+}
+
+// Records that hold no data
+
+TEST_F(DepthCellsTest, OnlyTheLabelsShowWhileTheRecordIsNotReady) {
+  for (const auto type : {mdtPriced, mdtOrderCount}) {
+    control.SetSymbol("");
+    FillDepth(Record().SetState(Constdef::RecordState_Ready));
+    if (type == mdtOrderCount)
+      FillOrderCountDepth(Record());
+    Show(qm5Full);
+    ASSERT_EQ(control.MarketDataType(), type);
+    Record().SetState(Constdef::RecordState_Invalid);
+    const std::string none;
+    const Texts empty(13);
+    EXPECT_EQ(ColumnTexts(Column::BidPrice), empty);
+    EXPECT_EQ(ColumnTexts(Column::AskPrice), empty);
+    EXPECT_EQ(ColumnTexts(Column::BidSize), (Texts{none, none, none, none, none, none, "Res_Bid",
+                                                   "Res_BidSize", none, none, none, none, none}));
+    EXPECT_EQ(ColumnTexts(Column::AskSize), (Texts{none, none, none, none, none, none, "Res_Ask",
+                                                   "Res_AskSize", none, none, none, none, none}));
+  }
+}
+
+TEST_F(DepthControlTest, OnlyTheLabelsShowWithoutASymbol) {
+  control.SetDisplayMode(qm10Simple);
+  EXPECT_EQ(ColumnTexts(Column::BidPrice), Texts(13));
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidSize), "Res_Bid");
+  EXPECT_EQ(control.GetDisplayValue(2, Column::AskSize), "Res_AskSize");
+  EXPECT_EQ(control.GetDisplayValue(3, Column::BidSize), "");
+}
+
+TEST_F(DepthCellsTest, LabelsFollowTheLanguage) {
+  Show(qm5Full);
+  host.language.SetText("Res_Bid", "Bid");
+  host.language.SetText("Res_AskSize", "Ask Size");
+  EXPECT_EQ(control.GetDisplayValue(6, Column::BidSize), "Bid");
+  EXPECT_EQ(control.GetDisplayValue(7, Column::AskSize), "Ask Size");
+  EXPECT_TRUE(host.language.selectorsAsAgreed);
+}
+
+// What does not exist
+
+TEST_F(DepthCellsTest, CellsThatDoNotExistAreEmpty) {
+  Show(qm10Full);
+  constexpr int least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
+  for (const int column : {least, -1, 0, 4, 15, 17, 20, 22, 54, 59, 64, 69, 10000, most})
+    for (int row = 0; row < 18; ++row)
+      EXPECT_EQ(control.GetDisplayValue(row, column), "") << row << ' ' << column;
+  for (const int row : {least, -1, 18, most})
+    for (const int column : {1, 2, 3, 16, 19, 21, 55, 58, 65, 68})
+      EXPECT_EQ(control.GetDisplayValue(row, column), "") << row << ' ' << column;
+  for (const int side : {least, -1, 2, most}) {
+    EXPECT_EQ(control.GetBestPrice(side), "");
+    EXPECT_EQ(control.GetBestPriceSpread(side), "");
+    EXPECT_EQ(control.GetDetailPrice(0, side), "");
+    EXPECT_EQ(control.GetPriceValue(6, side), "");
+    EXPECT_EQ(control.GetSizeValue(6, side), "");
+    EXPECT_EQ(control.GetSizeValue(8, side), "");
+  }
+  for (const int level : {least, -1, 10, most})
+    EXPECT_EQ(control.GetDetailPrice(level, Side::Bid), "") << level;
+}
+
+TEST_F(DepthCellsTest, TheSimpleLayoutHasThirteenRows) {
+  Show(qm10Simple);
+  EXPECT_EQ(control.GetDisplayValue(12, Column::BidPrice), "90.000");
+  EXPECT_EQ(control.GetDisplayValue(13, Column::BidPrice), "");
+  EXPECT_EQ(control.GetPriceValue(0, Side::Bid), "");
+  EXPECT_EQ(control.GetSizeValue(0, Side::Bid), "");
+}
+
+// Trades in the header rows
+
+class RecentTradesTest : public DepthControlTest {
+protected:
+  RecentTradesTest() {
+    host.trades.SetTrades("700", {{" 09:30:01 ", "B", "100", 318.2},
+                                  {"09:30:02", "", "200", 318.4},
+                                  {"09:30:03P", "S", "300", 318.6},
+                                  {"  ", "B", "400", 318.8},
+                                  {"09:30:05", "+", "500", 319},
+                                  {"09:30:06", "-", "600", 320}});
+    ShowSymbol();
+  }
+};
+
+TEST_F(RecentTradesTest, FiveTradesShowInTheHeaderRowsOfTheFullLayouts) {
+  for (const TQuorMode mode : {qm5Full, qm10Full}) {
+    control.SetDisplayMode(mode);
+    EXPECT_EQ(control.GetDisplayValue(0, Column::BidPrice), "");
+    EXPECT_EQ(control.GetDisplayValue(1, Column::BidPrice), "09:30:01B");
+    EXPECT_EQ(control.GetDisplayValue(1, Column::AskPrice), "700@318.2");
+    EXPECT_EQ(control.GetDisplayValue(1, Column::AskSize), "100");
+    EXPECT_EQ(control.GetDisplayValue(1, Column::BidSize), "");
+    EXPECT_EQ(control.GetDisplayValue(5, Column::BidPrice), "09:30:05+");
+    EXPECT_EQ(control.GetDisplayValue(5, Column::AskPrice), "700@319");
+    EXPECT_EQ(control.GetDisplayValue(5, Column::AskSize), "500");
+    EXPECT_EQ(control.GetDisplayValue(6, Column::AskSize), "Res_Ask");
+  }
+}
+
+TEST_F(RecentTradesTest, TheSimpleLayoutShowsNoTrades) {
+  control.SetDisplayMode(qm10Simple);
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidPrice), "");
+  EXPECT_EQ(control.GetDisplayValue(1, Column::AskSize), "Res_Ask");
+  EXPECT_EQ(control.GetDisplayValue(5, Column::AskPrice), "");
+}
+
+TEST_F(RecentTradesTest, ATradeWithoutSideMarkGetsABlank) {
+  EXPECT_EQ(control.GetDisplayValue(2, Column::BidPrice), "09:30:02 ");
+}
+
+TEST_F(RecentTradesTest, ATimeThatDoesNotEndInADigitGetsNoSideMark) {
+  EXPECT_EQ(control.GetDisplayValue(3, Column::BidPrice), "09:30:03P");
+  EXPECT_EQ(control.GetDisplayValue(3, Column::AskSize), "300");
+}
+
+TEST_F(RecentTradesTest, ATradeWithoutTimeDoesNotShow) {
+  EXPECT_FALSE(control.GetTradeInfo(4).Found);
+  EXPECT_EQ(control.GetDisplayValue(4, Column::AskPrice), "");
+  EXPECT_EQ(control.GetDisplayValue(4, Column::AskSize), "");
+}
+
+TEST_F(RecentTradesTest, OnlyRowsOneToFiveHoldTrades) {
+  for (const int row : {-1, 0, 6, 7}) {
+    const TTradeInfo trade = control.GetTradeInfo(row);
+    EXPECT_FALSE(trade.Found) << row;
+    EXPECT_EQ(trade.Time + trade.Quantity + trade.Price, "") << row;
+  }
+}
+
+TEST_F(RecentTradesTest, ASymbolWithoutTradesShowsNone) {
+  control.SetSymbol("5");
+  EXPECT_FALSE(control.GetTradeInfo(1).Found);
+  host.trades.SetTrades("5", {{"10:00:00", "B", "100", 60}});
+  EXPECT_TRUE(control.GetTradeInfo(1).Found);
+  EXPECT_FALSE(control.GetTradeInfo(2).Found);
+}
+
+} // namespace Quorpricedatacontrol

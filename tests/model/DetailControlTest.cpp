@@ -1,0 +1,467 @@
+#include "fakes/HostFakes.h"
+#include "host/ConstDef.h"
+#include "model/QuorDetailDataControl.h"
+#include "model/RecordFields.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <vector>
+
+// The detail list of warrants, CBBCs and stocks.
+
+namespace Quorpricedatacontrol {
+
+using Rows = std::vector<std::pair<std::string, std::string>>;
+
+class DetailControlTest : public testing::Test {
+protected:
+  DetailControlTest() {
+    control.OnChange = [this](System::TObject*) { ++changes; };
+  }
+
+  Fakes::TFakeRecord& Record() { return host.Record("13001"); }
+
+  /// A call on 700 at 20: price 2, underlying price 25, ten for one.
+  void FillWarrant() {
+    Record().Set({{22, "4"}, {10, "JPJDCOM@EC2101B"}, {26, "700"}, {29, "2027-01-15"}});
+    Record().Set({{27, "20"}, {28, "C"}, {170, "1"}, {104, "0.1"}, {18, "5000000"}, {3, "2"}});
+    host.Record("700").Set(3, "25");
+  }
+  void FillCBBC() {
+    FillWarrant();
+    Record().Set({{10, "HT#HSI  RP2101Z"}, {172, "19.5"}});
+  }
+  void FillStock() {
+    Record().Set({{22, "1"}, {18, "2000"}, {3, "10"}, {49, "15.50"}, {102, "3.2%"}});
+  }
+
+  void ShowSymbol() { control.SetSymbol("13001"); }
+
+  Rows AllRows() const {
+    Rows rows;
+    for (int row = 0; row < control.GetCount(); ++row)
+      rows.emplace_back(control.GetDisplayValue(row, DetailColumn::Label),
+                        control.GetDisplayValue(row, DetailColumn::Value));
+    return rows;
+  }
+
+  Fakes::THostFakes host;
+  TCustomQuorDetailDataControl control{nullptr};
+  int changes = 0;
+};
+
+// Which rows there are
+
+TEST_F(DetailControlTest, AWarrantHasItsRows) {
+  FillWarrant();
+  ShowSymbol();
+  EXPECT_EQ(AllRows(), (Rows{{"Res_Underlyer", "700"},
+                             {"Res_ExpiryDate", "2027-01-15"},
+                             {"Res_StrikePrice", "13001@20/8"},
+                             {"Res_CallPut", "Res_Call"},
+                             {"Res_OptionStyle", "Res_OptionStyle_EU"},
+                             {"Res_Conversion_Ratio", "13001@0.1/6"},
+                             {"Res_IssueSize", "5,000,000"},
+                             {"Res_Premium", "60.00"},
+                             {"Res_Gearing", "1.25"}}));
+}
+
+TEST_F(DetailControlTest, ACBBCHasItsRows) {
+  FillCBBC();
+  ShowSymbol();
+  EXPECT_EQ(AllRows(), (Rows{{"Res_Underlyer", "700"},
+                             {"Res_ExpiryDate", "2027-01-15"},
+                             {"Res_StrikePrice", "13001@20/8"},
+                             {"Res_Call_Price", "13001@19.5/8"},
+                             {"Res_CallPut", "Res_Call"},
+                             {"Res_Category", "R"},
+                             {"Res_OptionStyle", "Res_OptionStyle_EU"},
+                             {"Res_Conversion_Ratio", "13001@0.1/6"},
+                             {"Res_IssueSize", "5,000,000"},
+                             {"Res_Premium", "60.00"},
+                             {"Res_Gearing", "1.25"}}));
+}
+
+TEST_F(DetailControlTest, AStockHasItsRows) {
+  FillStock();
+  ShowSymbol();
+  EXPECT_EQ(AllRows(), (Rows{{"Res_IssuedShares", "2,000"},
+                             {"Res_MarketCap", "13001 $20,000"},
+                             {"Res_PE", "15.50"},
+                             {"Res_Yield", "3.2%"}}));
+}
+
+TEST_F(DetailControlTest, OtherInstrumentsHaveNoRows) {
+  FillStock();
+  for (const char* type : {"0", "2", "3", "5", "", "stock"}) {
+    control.SetSymbol("");
+    Record().Set(22, type);
+    ShowSymbol();
+    EXPECT_EQ(control.GetCount(), 0) << type;
+  }
+}
+
+TEST_F(DetailControlTest, ARecordThatWasNotReadyHasNoRowsUntilTheNextSymbol) {
+  FillStock();
+  Record().SetState(Constdef::RecordState_None);
+  ShowSymbol();
+  EXPECT_EQ(control.GetCount(), 0);
+  changes = 0;
+  Record().SetState(Constdef::RecordState_Ready).Update();
+  EXPECT_EQ(control.GetCount(), 0);
+  EXPECT_EQ(changes, 1);
+  control.SetSymbol("5");
+  ShowSymbol();
+  EXPECT_EQ(control.GetCount(), 4);
+}
+
+TEST_F(DetailControlTest, CellsThatDoNotExistAreEmpty) {
+  FillStock();
+  ShowSymbol();
+  constexpr int least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
+  for (const int row : {least, -1, 4, most})
+    for (const int column : {0, 1})
+      EXPECT_EQ(control.GetDisplayValue(row, column), "") << row;
+  for (const int column : {least, -1, 2, most})
+    EXPECT_EQ(control.GetDisplayValue(0, column), "") << column;
+  EXPECT_EQ(control.GetDisplayText(3), "");
+  EXPECT_EQ(control.GetHeader(3), "");
+}
+
+TEST_F(DetailControlTest, ThereIsNoValueWithoutARecord) {
+  EXPECT_EQ(control.GetCount(), 0);
+  EXPECT_EQ(control.GetDisplayValue(0, 1), "");
+  for (const int field : {26, 27, 28, 3000, 170, 104, 18, 103, 106, 506})
+    EXPECT_EQ(control.GetDisplayText(field), "") << field;
+}
+
+TEST_F(DetailControlTest, AnswersAsTheBaseOfAllGridModelsDoes) {
+  FillStock();
+  ShowSymbol();
+  EXPECT_EQ(control.GetValue(2, 1), System::TVariant(std::string("15.50")));
+  EXPECT_EQ(control.GetRowValue(0), System::TVariant());
+  EXPECT_EQ(control.GetColValue(0), System::TVariant());
+}
+
+// Subscriptions
+
+TEST_F(DetailControlTest, FollowsTheSymbolAndItsUnderlying) {
+  FillWarrant();
+  Record().Set(26, " 700 ");
+  ShowSymbol();
+  EXPECT_EQ(host.subscriptions.subscribed, (std::vector<std::string>{"13001", "700"}));
+  EXPECT_EQ(host.subscriptions.sources, (std::vector<std::string>{"PRCDDS", "PRCDDS"}));
+  EXPECT_EQ(host.subscriptions.flags, (std::vector<bool>{true, true}));
+  EXPECT_EQ(changes, 1);
+  Record().Update();
+  EXPECT_EQ(changes, 2);
+  host.Record("700").Update();
+  EXPECT_EQ(changes, 3);
+}
+
+TEST_F(DetailControlTest, AnotherRecordsUpdateIsNotTold) {
+  FillWarrant();
+  ShowSymbol();
+  changes = 0;
+  control.SymbolUpdate(nullptr, &host.Record("5"));
+  control.SymbolUpdate(nullptr, nullptr);
+  EXPECT_EQ(changes, 0);
+  control.SetSymbol("");
+  changes = 0;
+  control.SymbolUpdate(nullptr, nullptr);
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(DetailControlTest, AnUnreadyRecordsUnderlyingIsNotFollowed) {
+  FillWarrant();
+  Record().SetState(Constdef::RecordState_None);
+  ShowSymbol();
+  EXPECT_EQ(host.subscriptions.subscribed, std::vector<std::string>{"13001"});
+}
+
+TEST_F(DetailControlTest, TheSameSymbolAgainDoesNothing) {
+  FillWarrant();
+  ShowSymbol();
+  ShowSymbol();
+  EXPECT_EQ(host.subscriptions.subscribed.size(), 2u);
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(DetailControlTest, AnotherSymbolLetsBothRecordsGo) {
+  FillCBBC();
+  ShowSymbol();
+  control.SetSymbol("5");
+  EXPECT_EQ(host.subscriptions.released, (std::vector<std::string>{"13001", "700"}));
+  EXPECT_EQ(host.Registrations().listeners, 1);
+  EXPECT_EQ(control.Symbol(), "5");
+  EXPECT_EQ(control.GetDisplayText(Field::Category), "");
+  EXPECT_EQ(host.subscriptions.abandonedListeners, 0);
+}
+
+TEST(DetailControlEnd, LetsBothRecordsGo) {
+  Fakes::THostFakes host;
+  host.Record("13001").Set({{22, "4"}, {26, "700"}});
+  {
+    TCustomQuorDetailDataControl control(nullptr);
+    control.SetSymbol("13001");
+    EXPECT_EQ(host.Registrations().records, 2);
+  }
+  EXPECT_EQ(host.subscriptions.released, (std::vector<std::string>{"13001", "700"}));
+  EXPECT_EQ(host.Registrations(), Fakes::TRegistrations());
+}
+
+TEST_F(DetailControlTest, LabelsFollowTheLanguage) {
+  FillStock();
+  ShowSymbol();
+  changes = 0;
+  host.language.SetText("Res_PE", "P/E");
+  EXPECT_EQ(control.GetDisplayValue(2, 0), "Res_PE");
+  control.UpdateLanguage();
+  EXPECT_EQ(control.GetDisplayValue(2, 0), "P/E");
+  EXPECT_EQ(changes, 1);
+}
+
+// Labels
+
+TEST_F(DetailControlTest, TheIssueSizeIsNamedByTheInstrument) {
+  EXPECT_EQ(control.GetHeader(18), "Res_IssuedShares");
+  FillWarrant();
+  ShowSymbol();
+  EXPECT_EQ(control.GetHeader(18), "Res_IssueSize");
+}
+
+// CBBCs
+
+struct TNameCase {
+  const char* name;
+  bool isCBBC;
+  const char* category;
+};
+
+class CBBCNameTest : public testing::TestWithParam<TNameCase> {};
+
+TEST_P(CBBCNameTest, TellsTheContractAndItsCategory) {
+  Fakes::TFakeRecord record("60001");
+  record.Set(10, GetParam().name);
+  EXPECT_EQ(DetectCBBCWarrant(&record), (TCBBCMark{GetParam().isCBBC, GetParam().category}));
+  record.SetState(Constdef::RecordState_None);
+  EXPECT_EQ(DetectCBBCWarrant(&record), TCBBCMark());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, CBBCNameTest,
+    testing::Values(TNameCase{"ABCDE#XYZ", false, ""}, TNameCase{"AB#XXXXXR", true, "R"},
+                    TNameCase{"AB#XXXXXQ", true, ""}, TNameCase{"AB#XXXXXn", true, "N"},
+                    TNameCase{"AB#XXXXXr", true, "R"}, TNameCase{"AB#XXXXXN123", true, "N"},
+                    TNameCase{"AB#XXXXR", true, ""}, TNameCase{"AB#", true, ""},
+                    TNameCase{"A##XXXXXR", false, ""}, TNameCase{"#B#XXXXXR", false, ""},
+                    TNameCase{"AB", false, ""}, TNameCase{"", false, ""},
+                    TNameCase{"\xE6\xBB\x99\xE8\xB1\x90#XXXXXR", true, "R"}));
+
+TEST(CBBCName, IsNotReadWithoutARecord) { EXPECT_EQ(DetectCBBCWarrant(nullptr), TCBBCMark()); }
+
+// Calls and puts
+
+TEST_F(DetailControlTest, CallAndPutAreToldByTheFirstCharacter) {
+  for (const char* text : {"1", "6", "C", "Call"})
+    EXPECT_EQ(GetCallPutFlag(&Record().Set(28, text)), cpfCall) << text;
+  for (const char* text : {"2", "7", "P", "Put"})
+    EXPECT_EQ(GetCallPutFlag(&Record().Set(28, text)), cpfPut) << text;
+  for (const char* text : {"", "c", "p", "3", " C"})
+    EXPECT_EQ(GetCallPutFlag(&Record().Set(28, text)), cpfUnknown) << text;
+  EXPECT_EQ(GetCallPutFlag(nullptr), cpfUnknown);
+}
+
+TEST_F(DetailControlTest, CallAndPutHaveTheirTexts) {
+  FillWarrant();
+  ShowSymbol();
+  EXPECT_EQ(control.GetDisplayText(28), "Res_Call");
+  Record().Set(28, "P");
+  EXPECT_EQ(control.GetDisplayText(28), "Res_Put");
+  Record().Set(28, "X");
+  EXPECT_EQ(control.GetDisplayText(28), "");
+}
+
+// Prices
+
+TEST_F(DetailControlTest, APriceIsTheNominalElseTheMiddleElseThePreviousClose) {
+  Record().Set({{3, "0"}, {1, "10"}, {2, "10.2"}, {31, "9"}});
+  EXPECT_DOUBLE_EQ(GetPrice(&Record()), 10.1);
+  Record().Set(3, "12");
+  EXPECT_DOUBLE_EQ(GetPrice(&Record()), 12);
+  Record().Remove(3).Set(2, "0");
+  EXPECT_DOUBLE_EQ(GetPrice(&Record()), 9);
+  Record().Set(2, "10.2").Remove(1);
+  EXPECT_DOUBLE_EQ(GetPrice(&Record()), 9);
+  Record().Set(3, "0.00000001");
+  EXPECT_DOUBLE_EQ(GetPrice(&Record()), 9);
+}
+
+TEST_F(DetailControlTest, ARecordMayHaveNoPrice) {
+  Record().Set(3, "12");
+  EXPECT_EQ(GetPrice(nullptr), 0);
+  for (const char* status : {"0", "-1"})
+    EXPECT_EQ(GetPrice(&Record().Set(5, status)), 0) << status;
+  for (const char* status : {"", "1", "00", "S"})
+    EXPECT_EQ(GetPrice(&Record().Set(5, status)), 12) << status;
+  Record().SetState(Constdef::RecordState_None);
+  EXPECT_EQ(GetPrice(&Record()), 0);
+}
+
+TEST_F(DetailControlTest, ARecordWithoutPriceHasNoFiguresMadeOfIt) {
+  FillWarrant();
+  ShowSymbol();
+  Record().Set(5, "-1");
+  EXPECT_EQ(control.GetDisplayText(103), "");
+  EXPECT_EQ(control.GetDisplayText(106), "");
+  control.SetSymbol("");
+  FillStock();
+  ShowSymbol();
+  EXPECT_EQ(control.GetDisplayText(506), "");
+}
+
+// Gearing and premium
+
+TEST_F(DetailControlTest, GearingIsTheUnderlyingOverWhatStandsForIt) {
+  FillWarrant();
+  EXPECT_DOUBLE_EQ(GetGearing(&Record(), &host.Record("700")), 25.0 / 2 * 0.1);
+  EXPECT_EQ(GetGearing(nullptr, &host.Record("700")), 0);
+  EXPECT_EQ(GetGearing(&Record(), nullptr), 0);
+}
+
+TEST_F(DetailControlTest, PremiumOfACallAndOfAPut) {
+  FillWarrant();
+  auto& underlying = host.Record("700");
+  EXPECT_DOUBLE_EQ(GetPremium(&Record(), &underlying), ((2 / 0.1 + 20) / 25 - 1) * 100);
+  Record().Set(28, "P");
+  EXPECT_DOUBLE_EQ(GetPremium(&Record(), &underlying), (1 - (20 - 2 / 0.1) / 25) * 100);
+  Record().Set({{27, "50"}, {28, "7"}});
+  EXPECT_DOUBLE_EQ(GetPremium(&Record(), &underlying), (1 - (50 - 2 / 0.1) / 25) * 100);
+  for (const char* flag : {"", "X"})
+    EXPECT_EQ(GetPremium(&Record().Set(28, flag), &underlying), 0) << flag;
+  EXPECT_EQ(GetPremium(nullptr, &underlying), 0);
+  EXPECT_EQ(GetPremium(&Record(), nullptr), 0);
+}
+
+TEST_F(DetailControlTest, GearingAndPremiumNeedEachOfTheirFigures) {
+  ShowSymbol();
+  for (const int field : {3, 104, 27}) {
+    FillWarrant();
+    Record().Set(field, "0");
+    EXPECT_EQ(GetPremium(&Record(), &host.Record("700")), 0) << field;
+    if (field != 27) {
+      EXPECT_EQ(GetGearing(&Record(), &host.Record("700")), 0) << field;
+    }
+  }
+  FillWarrant();
+  host.Record("700").Set(3, "0");
+  EXPECT_EQ(GetPremium(&Record(), &host.Record("700")), 0);
+  EXPECT_EQ(GetGearing(&Record(), &host.Record("700")), 0);
+}
+
+TEST_F(DetailControlTest, AWarrantWithoutUnderlyingHasNeitherPremiumNorGearing) {
+  FillWarrant();
+  Record().Set(26, " ");
+  ShowSymbol();
+  EXPECT_EQ(control.GetDisplayText(103), "");
+  EXPECT_EQ(control.GetDisplayText(106), "");
+}
+
+TEST_F(DetailControlTest, OtherInstrumentsShowTheFeedsPremiumAndGearing) {
+  FillStock();
+  Record().Set({{103, "0.125"}, {106, "3.5"}});
+  ShowSymbol();
+  EXPECT_EQ(control.GetDisplayText(103), "12.50"); // a fraction
+  EXPECT_EQ(control.GetDisplayText(106), "3.50");
+  Record().Set({{103, "0"}, {106, "0"}});
+  EXPECT_EQ(control.GetDisplayText(103), "0.00");
+  EXPECT_EQ(control.GetDisplayText(106), "0.00");
+  Record().Remove(103).Remove(106);
+  EXPECT_EQ(control.GetDisplayText(103), "");
+  EXPECT_EQ(control.GetDisplayText(106), "");
+}
+
+TEST_F(DetailControlTest, AWarrantIgnoresTheFeedsPremiumAndGearing) {
+  FillWarrant();
+  Record().Set({{103, "0.125"}, {106, "3.5"}});
+  ShowSymbol();
+  EXPECT_EQ(control.GetDisplayText(103), "60.00");
+  EXPECT_EQ(control.GetDisplayText(106), "1.25");
+}
+
+// Market capitalisation
+
+TEST_F(DetailControlTest, AStocksCapitalisationIsItsPriceTimesItsShares) {
+  FillStock();
+  ShowSymbol();
+  Record().Set(506, "777");
+  EXPECT_EQ(GetMarketCap(&Record()), 20000);
+  EXPECT_EQ(GetMarketCap(nullptr), 0);
+  EXPECT_EQ(control.GetDisplayText(506), "13001 $20,000");
+  Record().Remove(18);
+  EXPECT_EQ(control.GetDisplayText(506), "");
+}
+
+TEST_F(DetailControlTest, OtherInstrumentsShowTheFeedsCapitalisation) {
+  FillWarrant();
+  ShowSymbol();
+  EXPECT_EQ(control.GetDisplayText(506), "");
+  Record().Set(506, "777000");
+  EXPECT_EQ(control.GetDisplayText(506), "777,000");
+}
+
+// Other texts
+
+TEST_F(DetailControlTest, AConversionRatioReadsAsAFractionBelowATwentieth) {
+  ShowSymbol();
+  for (const auto& [ratio, text] : {std::pair{"0.1", "13001@0.1/6"},
+                                    {"0.05", "13001@0.05/6"},
+                                    {"0.01", "1/100"},
+                                    {"0.049", "1/20"},
+                                    {"0.0003", "1/3333"},
+                                    {"2", "13001@2/6"},
+                                    {"0", ""},
+                                    {"", ""},
+                                    {"none", ""}}) {
+    Record().Set(104, ratio);
+    EXPECT_EQ(control.GetDisplayText(104), text) << ratio;
+  }
+}
+
+TEST_F(DetailControlTest, AnOptionStyleThatHasNoTextShowsAsItStands) {
+  ShowSymbol();
+  for (const auto& [style, text] : {std::pair{"1", "Res_OptionStyle_EU"},
+                                    {"2", "Res_OptionStyle_US"},
+                                    {"Asian", "Asian"},
+                                    {"", ""}}) {
+    Record().Set(170, style);
+    EXPECT_EQ(control.GetDisplayText(170), text);
+  }
+}
+
+TEST_F(DetailControlTest, PricesOfZeroAreEmpty) {
+  FillCBBC();
+  ShowSymbol();
+  for (const int field : {27, 172}) {
+    Record().Set(field, "0");
+    EXPECT_EQ(control.GetDisplayText(field), "") << field;
+    Record().Remove(field);
+    EXPECT_EQ(control.GetDisplayText(field), "") << field;
+  }
+}
+
+TEST_F(DetailControlTest, TheIssueSizeReadsInItsStyle) {
+  FillWarrant();
+  ShowSymbol();
+  TCustomQuorDetailDataControl amounts(nullptr, TIssueSizeStyle::Amount);
+  amounts.SetSymbol("13001");
+  EXPECT_EQ(control.GetDisplayText(18), "5,000,000");
+  EXPECT_EQ(amounts.GetDisplayText(18), "13001 $5,000,000");
+  Record().Set(18, "");
+  EXPECT_EQ(control.GetDisplayText(18), "");
+  EXPECT_EQ(amounts.GetDisplayText(18), "");
+}
+
+} // namespace Quorpricedatacontrol

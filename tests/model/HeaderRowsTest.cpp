@@ -1,0 +1,347 @@
+#include "host/ConstDef.h"
+#include "model/ModelFixture.h"
+
+#include <array>
+
+// The header rows: which fields they show, their captions and their values.
+
+namespace Quorpricedatacontrol {
+
+using Texts = std::vector<std::string>;
+
+class HeaderRowsTest : public DepthControlTest {
+protected:
+  /// The captions of the rows, up to the last one that is not empty.
+  Texts Captions() const {
+    Texts captions = ColumnTexts(Column::HeaderCaption);
+    while (!captions.empty() && captions.back().empty())
+      captions.pop_back();
+    return captions;
+  }
+};
+
+// Which rows there are
+
+TEST_F(HeaderRowsTest, ElevenRowsStandForEverySymbol) {
+  const Texts captions = {"",
+                          "Res_HighPrice",
+                          "Res_LowPrice",
+                          "Res_PreClose",
+                          "Res_PRCChange",
+                          "Res_ChangePercent",
+                          "Res_Nominal",
+                          "Res_Volume",
+                          "Res_TurnOver",
+                          "Res_LotSize",
+                          "Res_Currency"};
+  EXPECT_EQ(Captions(), captions); // before there is a symbol, too
+  ShowSymbol();
+  EXPECT_EQ(Captions(), captions);
+  EXPECT_EQ(control.GetHeaderLastPriceIndex(), 6);
+}
+
+TEST_F(HeaderRowsTest, OptionalFieldsTakeTheirPlacesInOrder) {
+  Record().Set({{131, "1"}, {132, "1"}, {133, "1"}, {118, "1"}, {116, "1"}, {117, "1"}});
+  ShowSymbol();
+  EXPECT_EQ(Captions(),
+            (Texts{"Res_OpenPrc", "Res_Price_UpLimit", "Res_Price_DownLimit", "Res_HighPrice",
+                   "Res_LowPrice", "Res_PreClose", "Res_PRCChange", "Res_ChangePercent",
+                   "Res_Nominal", "Res_Volume", "Res_TurnOver", "Res_LotSize", "Res_AccruedInt",
+                   "Res_Currency", "Res_High_52wks", "Res_Low_52wks"}));
+  EXPECT_EQ(control.GetCount(), 16);
+  EXPECT_EQ(control.GetHeaderLastPriceIndex(), 8);
+}
+
+TEST_F(HeaderRowsTest, LimitsFollowTheEmptyRowWhereThereIsNoOpeningPrice) {
+  Record().Set({{116, "1"}, {117, "1"}});
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeader(0), "");
+  EXPECT_EQ(control.GetCellHeader(1), "Res_Price_UpLimit");
+  EXPECT_EQ(control.GetCellHeader(2), "Res_Price_DownLimit");
+  EXPECT_EQ(control.GetCellHeader(3), "Res_HighPrice");
+}
+
+TEST_F(HeaderRowsTest, OneLimitAloneDoesNotShow) {
+  Record().Set(116, "1");
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeader(1), "Res_HighPrice");
+  control.SetSymbol("");
+  Record().Remove(116).Set(117, "1");
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeader(1), "Res_HighPrice");
+}
+
+TEST_F(HeaderRowsTest, EachYearlyExtremeIsARowOfItsOwn) {
+  Record().Set(132, "1");
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeader(10), "Res_Currency");
+  EXPECT_EQ(control.GetCellHeader(11), "Res_Low_52wks");
+  EXPECT_EQ(control.GetCellHeader(12), "");
+}
+
+TEST_F(HeaderRowsTest, AccruedInterestStandsBeforeTheCurrency) {
+  Record().Set({{118, "1.5"}, {131, "1"}});
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeader(9), "Res_LotSize");
+  EXPECT_EQ(control.GetCellHeader(10), "Res_AccruedInt");
+  EXPECT_EQ(control.GetCellHeader(11), "Res_Currency");
+  EXPECT_EQ(control.GetCellHeader(12), "Res_High_52wks");
+}
+
+TEST_F(HeaderRowsTest, TheNumberOfRowsIsToldOnlyWhenItChanged) {
+  ShowSymbol();
+  EXPECT_EQ(events.count, 0);
+  Record().Set({{131, "1"}, {132, "1"}, {118, "1"}, {133, "1"}});
+  control.BODDataUpdate(nullptr, nullptr);
+  EXPECT_EQ(control.GetCount(), 14);
+  EXPECT_EQ(events.count, 1);
+  control.BODDataUpdate(nullptr, nullptr);
+  EXPECT_EQ(events.count, 1);
+  host.Record("5").Set(131, "1");
+  control.SetSymbol("5");
+  EXPECT_EQ(control.GetCount(), 13);
+  EXPECT_EQ(events.count, 2);
+}
+
+TEST_F(HeaderRowsTest, TheHeaderIsBuiltOncePerLoadedRecord) {
+  ShowSymbol();
+  Record().Set(133, "1").Update();
+  EXPECT_EQ(control.GetCellHeader(0), "");
+  control.SetSymbol("");
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeader(0), "Res_OpenPrc");
+}
+
+TEST_F(HeaderRowsTest, RowsBesideEachOtherDoNotDependOnEachOther) {
+  Record().Set({{38, "500"}, {1, "99"}, {16, "1000"}});
+  control.SetDisplayMode(qm5Full);
+  ShowSymbol();
+  EXPECT_EQ(control.GetDisplayValue(8, Column::HeaderCaption), "Res_TurnOver");
+  EXPECT_EQ(control.GetDisplayValue(8, Column::HeaderValue), "700 $500");
+  EXPECT_EQ(control.GetDisplayValue(8, Column::BidSize), "1,000");
+}
+
+TEST_F(HeaderRowsTest, CaptionsFollowTheLanguage) {
+  ShowSymbol();
+  host.language.SetText("Res_HighPrice", "High");
+  EXPECT_EQ(control.GetCellHeader(1), "Res_HighPrice");
+  control.UpdateLanguage();
+  EXPECT_EQ(control.GetCellHeader(1), "High");
+  EXPECT_EQ(control.GetCellHeader(2), "Res_LowPrice");
+}
+
+// Values
+
+struct TFieldCase {
+  int field;
+  const char* caption;
+  const char* text;
+  const char* value;
+};
+
+class HeaderFieldTest : public testing::TestWithParam<TFieldCase> {};
+
+TEST_P(HeaderFieldTest, HasItsCaptionAndItsForm) {
+  Fakes::THostFakes host;
+  TCustomQuorMarketDataControl control(nullptr);
+  const TFieldCase& field = GetParam();
+  auto& record = host.Record("700").Set(field.field, field.text);
+  control.SetSymbol("700");
+  EXPECT_EQ(control.GetCellHeaderViaAttribute(field.field), field.caption);
+  EXPECT_EQ(control.GetCellHeaderDisplayData(field.field), field.value);
+  record.SetState(Constdef::RecordState_None);
+  EXPECT_EQ(control.GetCellHeaderDisplayData(field.field), "");
+  record.SetState(Constdef::RecordState_Ready).Remove(field.field);
+  EXPECT_EQ(control.GetCellHeaderDisplayData(field.field), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Fields, HeaderFieldTest,
+    testing::Values(TFieldCase{3, "Res_Nominal", "318.2", "318.200"},
+                    TFieldCase{17, "Res_Volume", "1234567", "1,234,567"},
+                    TFieldCase{23, "Res_Currency", "HKD", "HKD"},
+                    TFieldCase{24, "Res_LotSize", "1000", "1,000 sh"},
+                    TFieldCase{31, "Res_PreClose", "317", "317.000"},
+                    TFieldCase{32, "Res_LowPrice", "316", "316.000"},
+                    TFieldCase{37, "Res_HighPrice", "320", "320.000"},
+                    TFieldCase{38, "Res_TurnOver", "999999", "700 $999,999"},
+                    TFieldCase{38, "Res_TurnOver", "1000000", "~1,000,000/2"},
+                    TFieldCase{38, "Res_TurnOver", "999999.99", "700 $1,000,000"},
+                    TFieldCase{48, "Res_PRCChange", "+1.2", "chg(+1.2)"},
+                    TFieldCase{116, "Res_Price_UpLimit", "330", "330.000"},
+                    TFieldCase{117, "Res_Price_DownLimit", "300", "300.000"},
+                    TFieldCase{118, "Res_AccruedInt", "1.50%", "1.50%"},
+                    TFieldCase{130, "Res_ChangePercent", "0.38", "chg%(0.38)"},
+                    TFieldCase{131, "Res_High_52wks", "400", "400.000"},
+                    TFieldCase{132, "Res_Low_52wks", "200", "200.000"},
+                    TFieldCase{133, "Res_OpenPrc", "317.5", "317.500"}, TFieldCase{-1, "", "", ""},
+                    TFieldCase{26, "", "as it stands", "as it stands"},
+                    TFieldCase{1, "", "99.50", "99.50"}));
+
+TEST_F(HeaderRowsTest, ACurrencyThatTheRecordDoesNotGiveIsTheInstruments) {
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeaderDisplayData(23), "");
+  host.market.SetCurrency("700", "CNY");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(23), "CNY"); // no text: the code itself
+  host.language.SetText(Constdef::Const_CurrencyTag, "CNY", "Renminbi");
+  host.language.SetText("CNY", "not a currency");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(23), "Renminbi");
+  EXPECT_TRUE(host.language.selectorsAsAgreed);
+  Record().Set(23, "HKD");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(23), "HKD");
+  Record().Set(23, "");
+  host.market.SetCurrency("700", "");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(23), "");
+}
+
+TEST_F(HeaderRowsTest, RowsThatDoNotExistAreEmpty) {
+  Record().Set(23, "HKD");
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeaderValue(10), "HKD");
+  EXPECT_EQ(control.GetCellHeaderValue(0), "");
+  for (const int row : {-1, 11, 13, 100}) {
+    EXPECT_EQ(control.GetCellHeader(row), "") << row;
+    EXPECT_EQ(control.GetCellHeaderValue(row), "") << row;
+  }
+}
+
+// Detail rows under the ten-level layout
+
+class DetailHeaderRowsTest : public HeaderRowsTest {
+protected:
+  DetailHeaderRowsTest() { control.SetDisplayMode(qm10Full); }
+
+  void FillStock(Fakes::TFakeRecord& record) {
+    record.Set({{22, "1"}, {3, "10"}, {18, "2000"}, {49, "15.5"}, {102, "3.2"}});
+  }
+};
+
+TEST_F(DetailHeaderRowsTest, FurtherRowsDescribeTheInstrument) {
+  FillStock(Record());
+  ShowSymbol();
+  EXPECT_EQ(control.GetCount(), 18);
+  EXPECT_EQ(control.GetCellHeader(10), "Res_Currency");
+  EXPECT_EQ(control.GetCellHeader(11), "Res_IssuedShares");
+  EXPECT_EQ(control.GetCellHeaderValue(11), "700 $2,000"); // as an amount, in this place
+  EXPECT_EQ(control.GetCellHeader(12), "Res_MarketCap");
+  EXPECT_EQ(control.GetCellHeaderValue(12), "700 $20,000");
+  EXPECT_EQ(control.GetCellHeader(13), "Res_PE");
+  EXPECT_EQ(control.GetDisplayValue(13, Column::HeaderValue), "15.5");
+  EXPECT_EQ(control.GetCellHeader(14), "Res_Yield");
+  EXPECT_EQ(control.GetDisplayValue(14, Column::HeaderCaption), "Res_Yield");
+  EXPECT_EQ(control.GetCellHeader(15), "");
+  EXPECT_EQ(events.count, 0);
+}
+
+TEST_F(DetailHeaderRowsTest, ADetailWithoutTextGetsNoRow) {
+  FillStock(Record());
+  Record().Remove(49);
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeader(12), "Res_MarketCap");
+  EXPECT_EQ(control.GetCellHeader(13), "Res_Yield");
+}
+
+TEST_F(DetailHeaderRowsTest, RowsEndAtEighteen) {
+  Record().Set({{131, "1"}, {132, "1"}, {133, "1"}, {118, "1"}, {116, "1"}, {117, "1"}});
+  FillStock(Record());
+  ShowSymbol();
+  EXPECT_EQ(control.GetCount(), 18);
+  EXPECT_EQ(control.GetCellHeader(15), "Res_Low_52wks");
+  EXPECT_EQ(control.GetCellHeader(16), "Res_IssuedShares");
+  EXPECT_EQ(control.GetCellHeader(17), "Res_MarketCap");
+  EXPECT_EQ(control.GetCellHeader(18), "");
+}
+
+TEST_F(DetailHeaderRowsTest, OtherLayoutsHaveNoDetailRows) {
+  FillStock(Record());
+  ShowSymbol();
+  ASSERT_EQ(control.GetCellHeader(11), "Res_IssuedShares");
+  control.SetDisplayMode(qm5Full);
+  EXPECT_EQ(control.GetCellHeader(11), "");
+  EXPECT_EQ(control.GetCellHeaderValue(11), "");
+  EXPECT_EQ(control.GetCount(), 13);
+  control.SetDisplayMode(qm10Full);
+  EXPECT_EQ(control.GetCellHeader(11), "Res_IssuedShares");
+}
+
+TEST_F(DetailHeaderRowsTest, DetailRowsFollowTheSymbol) {
+  FillStock(Record());
+  ShowSymbol();
+  host.Record("13001").Set({{22, "4"}, {10, "ABCDE@EC2101B"}, {26, "700"}, {29, "2027-01-15"}});
+  host.Record("13001").Set({{27, "20"}, {28, "C"}, {18, "5000"}, {104, "0.1"}, {3, "2"}});
+  control.SetSymbol("13001");
+  EXPECT_EQ(control.GetCellHeader(11), "Res_Underlyer");
+  EXPECT_EQ(control.GetCellHeaderValue(11), "700");
+  EXPECT_EQ(control.GetCellHeader(13), "Res_StrikePrice");
+  EXPECT_EQ(control.GetCellHeaderValue(13), "13001@20/8");
+  EXPECT_EQ(control.GetCellHeader(16), "Res_IssueSize");
+  EXPECT_EQ(control.GetCellHeader(17), "Res_Premium");
+  EXPECT_EQ(control.GetCellHeaderValue(17), "300.00"); // (2 / 0.1 + 20) / 10 - 1
+}
+
+TEST_F(DetailHeaderRowsTest, DetailRowsArriveWithTheRecord) {
+  FillStock(Record().SetState(Constdef::RecordState_None));
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeader(11), "");
+  EXPECT_EQ(host.Registrations().records, 1); // the detail control is made when first needed
+  Record().SetState(Constdef::RecordState_Ready).Update();
+  EXPECT_EQ(control.GetCellHeader(11), "Res_IssuedShares");
+  EXPECT_EQ(host.Registrations().records, 2);
+}
+
+TEST_F(DetailHeaderRowsTest, DetailCaptionsFollowTheLanguage) {
+  FillStock(Record());
+  ShowSymbol();
+  host.language.SetText("Res_PE", "P/E");
+  control.UpdateLanguage();
+  EXPECT_EQ(control.GetCellHeader(13), "P/E");
+}
+
+TEST_F(DetailHeaderRowsTest, AFigureOfTheUnderlyingIsToldWhenItChanges) {
+  host.Record("5").Set(3, "10");
+  Record().Set({{22, "4"}, {26, "5"}, {3, "2"}, {104, "0.1"}});
+  ShowSymbol();
+  int row = 11;
+  while (control.GetCellHeader(row) != "Res_Gearing" && row < 18)
+    ++row;
+  ASSERT_EQ(control.GetCellHeaderValue(row), "0.50");
+  events = {};
+  host.Record("5").Set(3, "20").Update();
+  EXPECT_EQ(events.change, 1);
+  EXPECT_EQ(control.GetCellHeaderValue(row), "1.00");
+}
+
+TEST_F(DetailHeaderRowsTest, BuildingTheRowsIsNoChangeOfItsOwn) {
+  FillStock(Record());
+  events = {};
+  ShowSymbol();
+  EXPECT_EQ(events.change, 1);
+}
+
+TEST(DetailHeaderRowsEnd, LeaveNoRegistrationBehind) {
+  Fakes::THostFakes host;
+  {
+    TCustomQuorMarketDataControl control(nullptr);
+    control.SetDisplayMode(qm10Full);
+    host.Record("700").Set({{22, "4"}, {26, "5"}});
+    control.SetSymbol("700");
+    EXPECT_EQ(host.Registrations().records, 3);
+    EXPECT_EQ(host.Registrations().configuration, 2);
+    host.Record("5").Set({{22, "1"}, {18, "100"}});
+    control.SetSymbol("5");
+    EXPECT_EQ(host.Registrations().records, 2);
+  }
+  EXPECT_EQ(host.Registrations(), Fakes::TRegistrations());
+  EXPECT_EQ(host.subscriptions.abandonedListeners, 0);
+}
+
+TEST_F(DetailHeaderRowsTest, ADetailPriceCanBeCopied) {
+  Record().Set({{22, "4"}, {27, "20"}});
+  ShowSymbol();
+  ASSERT_EQ(control.GetCellHeader(11), "Res_StrikePrice");
+  control.CopyPrice(11, Column::HeaderValue);
+  ASSERT_EQ(host.channels.sentOrders.size(), 1u);
+  EXPECT_EQ(host.channels.sentOrders[0].price, 20);
+}
+
+} // namespace Quorpricedatacontrol

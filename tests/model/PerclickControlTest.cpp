@@ -1,0 +1,275 @@
+#include "host/ConstDef.h"
+#include "model/ModelFixture.h"
+#include "model/QuorPerclickDataControl.h"
+
+#include <limits>
+
+// The two controls of a user who asks for each quote.
+
+namespace Quorpricedatacontrol {
+
+using Fakes::TSentOrder;
+using Texts = std::vector<std::string>;
+
+constexpr int Least = std::numeric_limits<int>::min(), Most = std::numeric_limits<int>::max();
+
+template <typename TControl> class TPerclickTest : public TControlTest<TControl> {
+protected:
+  TPerclickTest() {
+    this->Record().Set({{1, "99"}, {2, "101"}, {16, "1000"}, {19, "1100"}, {24, "500"}});
+    this->Record().Set({{3, "100"}, {17, "5000"}, {23, "HKD"}, {31, "98"}, {32, "95"}});
+    this->Record().Set({{37, "110"}, {38, "999"}, {131, "150"}, {132, "50"}, {133, "97"}});
+    this->Record().Set({{33, "10:15:00"}, {73, "01"}});
+    this->host.market.SetSpreadTable("01", Constdef::SpreadState_Ready,
+                                     {{0, 100, 0.5}, {100, 1000, 2}});
+  }
+
+  void SetStyle(const char* style) {
+    this->host.config.SetCurrent("CopyPriceStyle", style);
+    this->host.config.Announce();
+  }
+
+  bool Sends(int row, int column) {
+    this->host.channels.sentOrders.clear();
+    this->control.CopyPrice(row, column);
+    return !this->host.channels.sentOrders.empty();
+  }
+
+  TSentOrder Click(int row, int column) {
+    EXPECT_TRUE(Sends(row, column)) << row << ' ' << column;
+    return this->host.channels.sentOrders.empty() ? TSentOrder()
+                                                  : this->host.channels.sentOrders.front();
+  }
+};
+
+using BestPriceGridTest = TPerclickTest<TPerclickQuorMarketDataControl>;
+using SummaryGridTest = TPerclickTest<TPerclickQuorInfoMarketDataControl>;
+
+// Best-price grid
+
+TEST_F(BestPriceGridTest, ShowsBestPricesStepsAndSizes) {
+  ShowSymbol();
+  EXPECT_EQ(control.GetCount(), 3);
+  EXPECT_EQ(ColumnTexts(Column::BidSize), (Texts{"Res_Bid", "Res_BidSize", "1,000"}));
+  EXPECT_EQ(ColumnTexts(Column::BidPrice), (Texts{"99.000", "700@0.5", ""}));
+  EXPECT_EQ(ColumnTexts(Column::AskPrice), (Texts{"101.000", "700@2", ""}));
+  EXPECT_EQ(ColumnTexts(Column::AskSize), (Texts{"Res_Ask", "Res_AskSize", "1,100"}));
+}
+
+TEST_F(BestPriceGridTest, ShowsOnlyItsLabelsWithoutSymbol) {
+  EXPECT_EQ(ColumnTexts(Column::BidSize), (Texts{"Res_Bid", "Res_BidSize", ""}));
+  EXPECT_EQ(ColumnTexts(Column::AskSize), (Texts{"Res_Ask", "Res_AskSize", ""}));
+  EXPECT_EQ(ColumnTexts(Column::BidPrice), Texts(3));
+}
+
+TEST_F(BestPriceGridTest, CellsThatDoNotExistAreEmpty) {
+  ShowSymbol();
+  for (const int row : {Least, -1, 3, 6, Most})
+    for (const int column : {1, 2, 16, 19})
+      EXPECT_EQ(control.GetDisplayValue(row, column), "") << row << ' ' << column;
+  for (const int column : {Least, -1, 0, 3, 21, 55, 10000, Most})
+    EXPECT_EQ(control.GetDisplayValue(0, column), "") << column;
+  for (const int side : {-1, 2}) {
+    EXPECT_EQ(control.GetSizeValue(0, side), "");
+    EXPECT_EQ(control.GetPriceValue(0, side), "");
+  }
+}
+
+TEST_F(BestPriceGridTest, TellsOfThePriceWithEverySymbolAndUpdate) {
+  Record().Set(135, "13001");
+  ShowSymbol();
+  EXPECT_EQ(events.related, 1);
+  Record().Update();
+  Record().Update();
+  EXPECT_EQ(events.related, 3);
+  EXPECT_EQ(control.WarrantList(), ""); // the depth control's business
+  control.OnRelatedChange = nullptr;
+  Record().Update();
+  EXPECT_EQ(events.related, 3);
+}
+
+TEST_F(BestPriceGridTest, TellsWhenThePriceWasUpdated) {
+  EXPECT_EQ(control.GetLastUpdateTime(), "");
+  ShowSymbol();
+  EXPECT_EQ(control.GetLastUpdateTime(), "10:15:00");
+  Record().Remove(33);
+  EXPECT_EQ(control.GetLastUpdateTime(), "");
+}
+
+TEST_F(BestPriceGridTest, RefreshesTheSubscribedSymbol) {
+  control.RefreshPrice();
+  EXPECT_TRUE(host.subscriptions.refreshed.empty());
+  ShowSymbol();
+  control.RefreshPrice();
+  EXPECT_EQ(host.subscriptions.refreshed, Texts{"700"});
+}
+
+TEST_F(BestPriceGridTest, GivesTheHeaderTextsOfTheLastPrice) {
+  Record().Set({{48, "+2"}, {130, "2.04"}});
+  ShowSymbol();
+  EXPECT_EQ(control.GetCellHeaderDisplayData(3), "100.000");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(48), "chg(+2)");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(130), "chg%(2.04)");
+}
+
+TEST_F(BestPriceGridTest, AClickCopiesTheSidesBestPrice) {
+  ShowSymbol();
+  for (const int row : {0, 1, 2}) {
+    EXPECT_EQ(Click(row, Column::BidPrice).price, 99);
+    EXPECT_EQ(Click(row, Column::BidSize).price, 99);
+    EXPECT_EQ(Click(row, Column::AskPrice).price, 101);
+    EXPECT_EQ(Click(row, Column::AskSize).price, 101);
+  }
+}
+
+TEST_F(BestPriceGridTest, TheDefaultStyleCopiesTheSizeFromASizeColumn) {
+  ShowSymbol();
+  EXPECT_EQ(Click(2, Column::BidSize).quantity, 1000);
+  EXPECT_EQ(Click(2, Column::AskSize).quantity, 1100);
+  EXPECT_EQ(Click(0, Column::BidPrice).quantity, 0);
+  EXPECT_EQ(Click(0, Column::AskPrice).quantity, 0);
+}
+
+TEST_F(BestPriceGridTest, OtherStylesCopyTheirQuantityFromEveryColumn) {
+  ShowSymbol();
+  SetStyle("L");
+  for (const int column : {1, 2, 16, 19})
+    EXPECT_EQ(Click(0, column).quantity, 500) << column;
+  SetStyle("N");
+  for (const int column : {1, 2, 16, 19})
+    EXPECT_EQ(Click(0, column).quantity, 0) << column;
+  SetStyle("S");
+  EXPECT_EQ(Click(0, Column::BidSize).quantity, 1000);
+  EXPECT_EQ(Click(0, Column::AskPrice).quantity, 1100);
+}
+
+TEST_F(BestPriceGridTest, OnlyBidsAreFlagged) {
+  ShowSymbol();
+  const std::map<std::string, std::string, std::less<>> flagged = {{"OrderFlags", "1"}};
+  EXPECT_EQ(Click(0, Column::BidPrice).values, flagged);
+  EXPECT_EQ(Click(0, Column::BidSize).values, flagged);
+  EXPECT_TRUE(Click(0, Column::AskPrice).values.empty());
+  EXPECT_TRUE(Click(0, Column::AskSize).values.empty());
+}
+
+TEST_F(BestPriceGridTest, TheNominalPriceIsCopiedAsAHeaderPrice) {
+  ShowSymbol();
+  EXPECT_EQ(Click(0, Column::HeaderValue).price, 100);
+  EXPECT_FALSE(Click(0, Column::HeaderValue).quantity.has_value());
+  SetStyle("L");
+  EXPECT_EQ(Click(0, Column::HeaderValue).quantity, 500);
+}
+
+TEST_F(BestPriceGridTest, AMissingPriceIsLeftUnset) {
+  Record().Remove(1).Remove(3);
+  ShowSymbol();
+  EXPECT_FALSE(Click(0, Column::BidPrice).price.has_value());
+  EXPECT_FALSE(Click(0, Column::HeaderValue).price.has_value());
+}
+
+TEST_F(BestPriceGridTest, ACopyTravelsAsTheDepthControlsDoes) {
+  control.GroupID = "G1";
+  ShowSymbol();
+  const TSentOrder order = Click(0, Column::BidPrice);
+  EXPECT_EQ(host.channels.sentNumbers, std::vector<int>{18016});
+  EXPECT_EQ(order.symbol, "700");
+  EXPECT_EQ(order.kind, 502);
+  EXPECT_EQ(order.source, "G1");
+  control.CopyQty(200);
+  EXPECT_EQ(host.channels.sentOrders.back().quantity, 200);
+}
+
+TEST_F(BestPriceGridTest, NothingIsCopiedWithoutRecordOrField) {
+  EXPECT_FALSE(Sends(0, Column::BidPrice));
+  ShowSymbol();
+  for (const int column : {Least, 0, 4, 21, 55, 10000, Most})
+    EXPECT_FALSE(Sends(0, column)) << column;
+}
+
+// Summary grid
+
+TEST_F(SummaryGridTest, ShowsTenFiguresUnderTheirLabels) {
+  ShowSymbol();
+  EXPECT_EQ(control.GetCount(), 4);
+  EXPECT_EQ(ColumnTexts(10000), (Texts{"Res_OpenPrice", "97.000", "Res_Volume", "5,000"}));
+  EXPECT_EQ(ColumnTexts(10001), (Texts{"Res_HighPrice", "110.000", "Res_TurnOver", "700 $999"}));
+  EXPECT_EQ(ColumnTexts(10002), (Texts{"Res_LowPrice", "95.000", "Res_LotSize", "500 sh"}));
+  EXPECT_EQ(ColumnTexts(10003), (Texts{"Res_PreClose", "98.000", "Res_High_52wks", "150.000"}));
+  EXPECT_EQ(ColumnTexts(10004), (Texts{"Res_Currency", "HKD", "Res_Low_52wks", "50.000"}));
+}
+
+TEST_F(SummaryGridTest, ShowsOnlyItsLabelsWithoutSymbol) {
+  EXPECT_EQ(ColumnTexts(10000), (Texts{"Res_OpenPrice", "", "Res_Volume", ""}));
+}
+
+TEST_F(SummaryGridTest, CellsThatDoNotExistAreEmpty) {
+  ShowSymbol();
+  for (const int row : {Least, -1, 4, Most})
+    EXPECT_EQ(control.GetDisplayValue(row, 10000), "") << row;
+  for (const int column : {Least, -1, 0, 1, 3, 21, 9999, 10005, Most})
+    for (int row = 0; row < 4; ++row)
+      EXPECT_EQ(control.GetDisplayValue(row, column), "") << column;
+}
+
+TEST_F(SummaryGridTest, AClickCopiesTheFigureOrTheNominalPrice) {
+  ShowSymbol();
+  const struct {
+    int column;
+    double upper, lower;
+  } cases[] = {
+      {10000, 97, 100}, {10001, 110, 100}, {10002, 95, 100}, {10003, 98, 150}, {10004, 100, 50}};
+  for (const auto& copied : cases)
+    for (const int row : {0, 1}) {
+      EXPECT_EQ(Click(row, copied.column).price, copied.upper) << row << ' ' << copied.column;
+      EXPECT_EQ(Click(row + 2, copied.column).price, copied.lower) << row << ' ' << copied.column;
+    }
+}
+
+TEST_F(SummaryGridTest, OnlyTheOneLotStyleCopiesAQuantity) {
+  ShowSymbol();
+  for (const int row : {0, 1, 2, 3})
+    for (int column = 10000; column <= 10004; ++column) {
+      for (const char* style : {"D", "N", "S"}) {
+        SetStyle(style);
+        EXPECT_FALSE(Click(row, column).quantity.has_value()) << row << ' ' << column << style;
+      }
+      SetStyle("L");
+      EXPECT_EQ(Click(row, column).quantity, 500) << row << ' ' << column;
+      EXPECT_TRUE(Click(row, column).values.empty()) << row << ' ' << column;
+    }
+}
+
+TEST_F(SummaryGridTest, AMissingPriceIsLeftUnset) {
+  Record().Remove(132).Remove(3);
+  ShowSymbol();
+  EXPECT_FALSE(Click(2, 10004).price.has_value());
+  EXPECT_FALSE(Click(0, 10004).price.has_value());
+}
+
+TEST_F(SummaryGridTest, ACopyTravelsAsTheDepthControlsDoes) {
+  control.GroupID = "G1";
+  ShowSymbol();
+  const TSentOrder order = Click(3, 10001);
+  EXPECT_EQ(host.channels.sentNumbers, std::vector<int>{18016});
+  EXPECT_EQ(order.symbol, "700");
+  EXPECT_EQ(order.kind, 502);
+  EXPECT_EQ(order.source, "G1");
+}
+
+TEST_F(SummaryGridTest, NothingIsCopiedWithoutRecordOrCell) {
+  EXPECT_FALSE(Sends(0, 10000));
+  ShowSymbol();
+  for (const int column : {Least, 1, 3, 9999, 10005, Most})
+    EXPECT_FALSE(Sends(0, column)) << column;
+  for (const int row : {Least, -1, 4, Most})
+    EXPECT_FALSE(Sends(row, 10000)) << row;
+}
+
+TEST_F(SummaryGridTest, RelatedInstrumentsStayTheDepthControls) {
+  Record().Set(135, "13001");
+  ShowSymbol();
+  EXPECT_EQ(control.WarrantList(), "13001");
+  EXPECT_EQ(events.related, 1);
+}
+
+} // namespace Quorpricedatacontrol
