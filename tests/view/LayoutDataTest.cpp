@@ -1,0 +1,394 @@
+// The layout data as text, and how a view writes and reads it.
+
+#include "view/LayoutData.h"
+#include "view/ViewFixture.h"
+
+#include <random>
+#include <stdexcept>
+
+using namespace Quorpriceview;
+
+namespace {
+
+// The text.
+
+struct TReading {
+  const char* text;
+  const char* name;
+  const char* value;
+};
+
+class TReadingTest : public testing::TestWithParam<TReading> {};
+
+TEST_P(TReadingTest, AValueIsFoundByItsName) {
+  EXPECT_EQ(TLayoutData(GetParam().text).Value(GetParam().name), GetParam().value);
+}
+
+constexpr TReading Readings[] = {
+    {"", "Symbol", ""},
+    {"Symbol=700", "Symbol", "700"},
+    {"Symbol=700,LockState=1", "LockState", "1"},
+    {"Symbol=700 LockState=1", "LockState", "1"},
+    {"  Symbol=700 ,\t LockState=1  ", "LockState", "1"},
+    {",,Symbol=700,,", "Symbol", "700"},
+    {"symbol=700", "Symbol", "700"},
+    {"SYMBOL=5,Symbol=700", "Symbol", "5"},
+    {"Symbol=,Symbol=700", "Symbol", ""},
+    {"Symbol,Symbol=700", "Symbol", "700"},
+    {"Symbols=5", "Symbol", ""},
+    {"Symbol=a=b", "Symbol", "a=b"},
+    {"\"Symbol=HSI 2401\",LockState=1", "Symbol", "HSI 2401"},
+    {"\"Symbol=HSI 2401\",LockState=1", "LockState", "1"},
+    {"\"Symbol=a,b\"", "Symbol", "a,b"},
+    {"\"Symbol=say \"\"hi\"\"\"", "Symbol", "say \"hi\""},
+    {"\"Symbol=700", "Symbol", "700"},
+    {"\"Symbol=700\"LockState=1", "LockState", "1"},
+    {"Symbol=7\"00", "Symbol", "7\"00"},
+    {"Symbol=\u9A30\u8A0A", "Symbol", "\u9A30\u8A0A"},
+};
+
+INSTANTIATE_TEST_SUITE_P(LayoutData, TReadingTest, testing::ValuesIn(Readings));
+
+struct TWriting {
+  const char* value;
+  const char* text;
+};
+
+class TWritingTest : public testing::TestWithParam<TWriting> {};
+
+TEST_P(TWritingTest, OnlyWhatWouldBeTornApartIsQuoted) {
+  TLayoutData layout;
+  layout.Add("Symbol", GetParam().value);
+  layout.Add("LockState", 1);
+  EXPECT_EQ(layout.CommaText(), std::string(GetParam().text) + ",LockState=1");
+}
+
+constexpr TWriting Writings[] = {
+    {"", "Symbol="},
+    {"700", "Symbol=700"},
+    {"a=b", "Symbol=a=b"},
+    {"HSI 2401", "\"Symbol=HSI 2401\""},
+    {"a,b", "\"Symbol=a,b\""},
+    {"a\tb", "\"Symbol=a\tb\""},
+    {"say \"hi\"", "\"Symbol=say \"\"hi\"\"\""},
+    {"\u9A30\u8A0A", "Symbol=\u9A30\u8A0A"},
+};
+
+INSTANTIATE_TEST_SUITE_P(LayoutData, TWritingTest, testing::ValuesIn(Writings));
+
+struct TNumber {
+  const char* text;
+  int value;
+};
+
+class TIntegerTest : public testing::TestWithParam<TNumber> {};
+
+TEST_P(TIntegerTest, WhatIsNoIntegerIsZero) {
+  TLayoutData layout;
+  layout.Add("LockState", GetParam().text);
+  EXPECT_EQ(layout.Integer("lockstate"), GetParam().value);
+}
+
+constexpr TNumber Integers[] = {{"0", 0},         {"1", 1},    {"-3", -3},
+                                {"", 0},          {"x", 0},    {"1.5", 0},
+                                {"1x", 0},        {"True", 0}, {"2147483647", 2147483647},
+                                {"2147483648", 0}};
+
+INSTANTIATE_TEST_SUITE_P(LayoutData, TIntegerTest, testing::ValuesIn(Integers));
+
+TEST(TLayoutDataTest, AMissingIntegerIsZero) { EXPECT_EQ(TLayoutData("A=1").Integer("B"), 0); }
+
+struct TBoolean {
+  const char* text;
+  std::optional<bool> value;
+};
+
+class TBooleanTest : public testing::TestWithParam<TBoolean> {};
+
+TEST_P(TBooleanTest, NumbersAndWords) {
+  EXPECT_EQ(ParseBoolean(GetParam().text), GetParam().value);
+}
+
+constexpr TBoolean Booleans[] = {{"0", false},
+                                 {"-1", true},
+                                 {"1", true},
+                                 {"2", true},
+                                 {"0.0", false},
+                                 {"0.5", true},
+                                 {"1e3", true},
+                                 {"True", true},
+                                 {"False", false},
+                                 {"TRUE", true},
+                                 {"false", false},
+                                 {"", std::nullopt},
+                                 {"yes", std::nullopt},
+                                 {"T", std::nullopt},
+                                 {"1x", std::nullopt},
+                                 {"--1", std::nullopt},
+                                 {"nan", std::nullopt},
+                                 {"inf", std::nullopt},
+                                 {"Trues", std::nullopt}};
+
+INSTANTIATE_TEST_SUITE_P(LayoutData, TBooleanTest, testing::ValuesIn(Booleans));
+
+/// Texts of what makes trouble in a comma-separated list.
+class TTroublesomeText {
+public:
+  std::string Next(std::size_t longest) {
+    static const std::vector<std::string> pieces = {
+        "\"", "\"\"", ",", " ", "\t", "\n", "=", "'", "a", "700", "\u9A30", "\u00E9", "\x01"};
+    std::string text;
+    for (auto left = random_() % (longest + 1); left > 0; --left)
+      text += pieces[random_() % pieces.size()];
+    return text;
+  }
+
+  std::string NextName(int number) {
+    auto name = Next(4) + std::to_string(number);
+    std::erase(name, '=');
+    return name;
+  }
+
+  char NextByte() { return static_cast<char>(random_() % 256); }
+  std::size_t Below(std::size_t bound) { return random_() % bound; }
+
+private:
+  std::mt19937 random_{20240519};
+};
+
+TEST(TLayoutDataTest, EveryNameAndValueComesBack) {
+  TTroublesomeText random;
+  for (int round = 0; round < 2000; ++round) {
+    std::vector<std::pair<std::string, std::string>> items;
+    TLayoutData written;
+    for (int i = 0; i < 5; ++i) {
+      items.emplace_back(random.NextName(i), random.Next(6));
+      written.Add(items.back().first, items.back().second);
+    }
+    const auto text = written.CommaText();
+    const TLayoutData read(text);
+    for (const auto& [name, value] : items)
+      ASSERT_EQ(read.Value(name), value) << text;
+    ASSERT_EQ(read.CommaText(), text);
+  }
+}
+
+// The view.
+
+class TViewLayoutTest : public TViewTest {
+protected:
+  /// A view with every caption button that layout data knows, none of them as it starts.
+  void OpenChanged() {
+    host.config.Set("QuorPrcBtnCaption", "Btn1", "1,000");
+    Open();
+    frame->SetLayoutData("Symbol=700,DisplayMode=2,ShowHideState=1,ShowBrokerName=True,"
+                         "LockState=1,BrokerQueueState=1,QtyButtonState=1");
+    host.viewHost.notifications.clear();
+  }
+};
+
+TEST_F(TViewLayoutTest, TheItemsStandInOrder) {
+  Open();
+  Type("700");
+  Press("Res_Lock");
+  EXPECT_EQ(frame->GetLayoutData(), "Symbol=700,DisplayMode=0,ShowHideState=0,ShowBrokerName=0,"
+                                    "LockState=1,BrokerQueueState=0");
+}
+
+TEST_F(TViewLayoutTest, EveryItemHasAValueOfItsOwn) {
+  OpenChanged();
+  EXPECT_EQ(frame->GetLayoutData(), "Symbol=700,DisplayMode=2,ShowHideState=1,ShowBrokerName=-1,"
+                                    "LockState=1,BrokerQueueState=1,QtyButtonState=1");
+}
+
+TEST_F(TViewLayoutTest, AViewWithoutQueueAndQuantityButtonsWritesFiveItems) {
+  host.SetFeedType(Constdef::FeedType_Delayed);
+  Open();
+  EXPECT_EQ(frame->GetLayoutData(),
+            "Symbol=,DisplayMode=0,ShowHideState=0,ShowBrokerName=0,LockState=0");
+  frame->SetLayoutData("LockState=1,BrokerQueueState=1,QtyButtonState=1");
+  EXPECT_EQ(frame->GetLayoutData(),
+            "Symbol=,DisplayMode=0,ShowHideState=0,ShowBrokerName=0,LockState=1");
+}
+
+TEST_F(TViewLayoutTest, TheSymbolIsTheResolvedOne) {
+  Open();
+  Type("700");
+  QTest::keyClicks(&Find<Platform::TcxPopupEdit>("edtSymbol"), "12");
+  EXPECT_EQ(TLayoutData(frame->GetLayoutData()).Value("Symbol"), "700");
+}
+
+TEST_F(TViewLayoutTest, ASymbolWithABlankIsQuotedAndComesBack) {
+  host.editors.listed.insert("HSI 2401");
+  Open();
+  Type("HSI 2401");
+  const auto text = frame->GetLayoutData();
+  EXPECT_TRUE(text.starts_with("\"Symbol=HSI 2401\",DisplayMode=0")) << text;
+  Open();
+  frame->SetLayoutData(text);
+  EXPECT_EQ(frame->GetLayoutData(), text);
+}
+
+struct TApplied {
+  const char* data;
+  const char* name; ///< the item that is not as it is after empty data; empty for none
+  const char* value;
+};
+
+class TAppliedTest : public TViewLayoutTest, public testing::WithParamInterface<TApplied> {};
+
+TEST_P(TAppliedTest, WhatIsMissingIsZeroButSymbolAndBrokerName) {
+  OpenChanged();
+  EXPECT_TRUE(frame->SetLayoutData(GetParam().data));
+  constexpr std::pair<const char*, const char*> afterEmptyData[] = {
+      {"Symbol", "700"},        {"DisplayMode", "0"}, {"ShowHideState", "0"},
+      {"ShowBrokerName", "-1"}, {"LockState", "0"},   {"BrokerQueueState", "0"},
+      {"QtyButtonState", "0"}};
+  TLayoutData expected;
+  for (const auto& [name, value] : afterEmptyData)
+    expected.Add(name, std::string_view(name) == GetParam().name ? GetParam().value : value);
+  EXPECT_EQ(frame->GetLayoutData(), expected.CommaText());
+  EXPECT_EQ(host.viewHost.notifications.back(), Constdef::Notify_LayoutChanged);
+}
+
+constexpr TApplied Applied[] = {
+    {"", "", ""},
+    {"Symbol=", "", ""},
+    {"Symbol=5", "Symbol", "5"},
+    {"Symbol=99999", "", ""},
+    {"Nonsense=1,DisplayMode", "", ""},
+    {"DisplayMode=0", "", ""},
+    {"DisplayMode=1", "DisplayMode", "1"},
+    {"displaymode=2", "DisplayMode", "2"},
+    {"DisplayMode=3", "", ""},
+    {"DisplayMode=-1", "", ""},
+    {"DisplayMode=256", "", ""},
+    {"DisplayMode=99999999999", "", ""},
+    {"DisplayMode=ten", "", ""},
+    {"ShowBrokerName=", "", ""},
+    {"ShowBrokerName=7", "", ""},
+    {"ShowBrokerName=0", "ShowBrokerName", "0"},
+    {"SHOWBROKERNAME=FALSE", "ShowBrokerName", "0"},
+    {"ShowHideState=1", "ShowHideState", "1"},
+    {"LockState=1", "LockState", "1"},
+    {"LockState=x,LockState=1", "", ""},
+    {"LockState=5,LockState=1", "LockState", "5"},
+    {"BrokerQueueState=1", "BrokerQueueState", "1"},
+    {"QtyButtonState=1", "QtyButtonState", "1"},
+};
+
+INSTANTIATE_TEST_SUITE_P(View, TAppliedTest, testing::ValuesIn(Applied));
+
+TEST_F(TViewLayoutTest, TheSymbolIsAnnouncedBeforeTheLayout) {
+  Open();
+  frame->SetLayoutData("LockState=1,Symbol=700");
+  EXPECT_EQ(host.viewHost.TakeNotifications(),
+            (std::vector<int>{Constdef::Notify_SymbolChanged, Constdef::Notify_LayoutChanged}));
+  EXPECT_EQ(host.subscriptions.subscribed, std::vector<std::string>{"700"});
+  frame->SetLayoutData("");
+  EXPECT_EQ(host.viewHost.TakeNotifications(), std::vector<int>{Constdef::Notify_LayoutChanged});
+}
+
+class TBadBrokerNameTest : public TViewLayoutTest,
+                           public testing::WithParamInterface<const char*> {};
+
+TEST_P(TBadBrokerNameTest, FailsAfterSymbolAndDisplayMode) {
+  OpenChanged();
+  const auto data = std::string("LockState=0,Symbol=5,DisplayMode=1,ShowBrokerName=") + GetParam();
+  EXPECT_THROW(frame->SetLayoutData(data), std::invalid_argument);
+  EXPECT_EQ(frame->GetLayoutData(), "Symbol=5,DisplayMode=1,ShowHideState=1,ShowBrokerName=-1,"
+                                    "LockState=1,BrokerQueueState=1,QtyButtonState=1");
+  EXPECT_EQ(host.viewHost.TakeNotifications(), std::vector<int>{Constdef::Notify_SymbolChanged});
+}
+
+INSTANTIATE_TEST_SUITE_P(View, TBadBrokerNameTest,
+                         testing::Values("yes", "Y", "nan", "inf", "1e999", "0x1", "-", "\u662F"));
+
+TEST_F(TViewLayoutTest, TheBrokerNameReachesMenuQueueAndColumns) {
+  host.market.SetBroker("1234", "Harbour");
+  Open();
+  Type("700");
+  host.Record("700").Set(120, "1234").Update();
+  TickRefresh();
+  EXPECT_EQ(CellText(1, 55), "1234");
+  frame->SetLayoutData("ShowBrokerName=-1");
+  TickRefresh();
+  EXPECT_EQ(CellText(1, 55), "Harbour");
+  EXPECT_TRUE(Find<QAction>("mBrokerName").isChecked());
+  const int single = MeasuredWidth(0, "8888", 9) + 5;
+  EXPECT_EQ(ColumnOf("PriceGrid", 55)->Width, 2 * single);
+  EXPECT_FALSE(ColumnOf("PriceGrid", 57)->Visible);
+}
+
+TEST_F(TViewLayoutTest, ARestoredQueueStateLeavesTheColumnsUntilTheNextClick) {
+  Open();
+  frame->SetLayoutData("BrokerQueueState=1");
+  EXPECT_EQ(CaptionButton("Res_ShowBrokerQueue").ImageIndex, 9);
+  EXPECT_FALSE(Find<QAction>("mBrokerName").isVisible());
+  for (const int tag : {55, 58, 65, 68})
+    EXPECT_TRUE(ColumnOf("PriceGrid", tag)->Visible) << tag;
+
+  Press("Res_ShowBrokerQueue");
+  Press("Res_HideBrokerQueue");
+  EXPECT_FALSE(ColumnOf("PriceGrid", 55)->Visible);
+  frame->SetLayoutData("BrokerQueueState=0");
+  EXPECT_TRUE(Find<QAction>("mBrokerName").isVisible());
+  EXPECT_FALSE(ColumnOf("PriceGrid", 55)->Visible);
+}
+
+TEST_F(TViewLayoutTest, TheCaptionButtonsFollow) {
+  OpenChanged();
+  for (const char* hint :
+       {"Res_PriceDepth5", "Res_More", "Res_Unlock", "Res_ShowBrokerQueue", "Res_ShowQtyBtn"})
+    EXPECT_NO_THROW(CaptionButton(hint)) << hint;
+  EXPECT_FALSE(IsShown("lgSymbol"));
+  EXPECT_FALSE(IsShown("lgBtn"));
+}
+
+TEST_F(TViewLayoutTest, WhateverAViewWritesItTakesBack) {
+  host.config.Set("QuorPrcBtnCaption", "Btn1", "1,000");
+  for (int states = 0; states < 3 << 5; ++states) {
+    const auto bit = [states](int place) { return std::to_string(states >> place & 1); };
+    Open();
+    frame->SetLayoutData("Symbol=700,DisplayMode=" + std::to_string(states >> 5) +
+                         ",ShowHideState=" + bit(0) + ",ShowBrokerName=" + bit(1) + ",LockState=" +
+                         bit(2) + ",BrokerQueueState=" + bit(3) + ",QtyButtonState=" + bit(4));
+    const auto text = frame->GetLayoutData();
+    ASSERT_NE(text.find("DisplayMode=" + std::to_string(states >> 5)), std::string::npos);
+    ASSERT_NE(text.find("QtyButtonState=" + bit(4)), std::string::npos);
+    Open();
+    frame->SetLayoutData(text);
+    ASSERT_EQ(frame->GetLayoutData(), text);
+  }
+}
+
+TEST_F(TViewLayoutTest, NoTextBreaksAView) {
+  static const std::vector<std::string> names = {
+      "Symbol=",    "DisplayMode=",      "ShowHideState=",  "ShowBrokerName=",
+      "LockState=", "BrokerQueueState=", "QtyButtonState=", ""};
+  Open();
+  TTroublesomeText random;
+  int refused = 0;
+  for (int round = 0; round < 1000; ++round) {
+    std::string data;
+    for (auto items = random.Below(6); items > 0; --items) {
+      data += names[random.Below(names.size())] + random.Next(3);
+      for (auto bytes = random.Below(4); bytes > 0; --bytes)
+        data += random.NextByte();
+      data += ',';
+    }
+    try {
+      ASSERT_TRUE(frame->SetLayoutData(data));
+    } catch (const std::invalid_argument&) {
+      ++refused;
+    }
+    const TLayoutData now(frame->GetLayoutData());
+    ASSERT_GE(now.Integer("DisplayMode"), 0);
+    ASSERT_LE(now.Integer("DisplayMode"), 2);
+    ASSERT_TRUE(now.Value("Symbol").empty() || host.editors.listed.contains(now.Value("Symbol")));
+  }
+  EXPECT_GT(refused, 0);
+  EXPECT_LT(refused, 1000);
+}
+
+} // namespace

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string_view>
+
+namespace Quorpriceview {
+
+/// The quantity, in shares, that a quantity button's caption stands for: an integer, with group
+/// commas and a last letter K (thousands) or M (millions) in any case, in 32-bit arithmetic. 0 or
+/// less when the caption names no quantity to copy.
+int QuantityOfCaption(std::string_view caption);
+
+} // namespace Quorpriceview
