@@ -1,0 +1,65 @@
+#pragma once
+
+#include "host/BaseConfigManager.h"
+#include "terminal/services/Listeners.h"
+
+#include <map>
+
+namespace Terminal {
+
+/// The terminal's configuration values, kept in memory. What must survive the run is read in with
+/// Load and written out by OnStore.
+class TConfigStore : public Baseconfigmanager::TCustomConfigManager {
+public:
+  using TSection = std::map<std::string, std::string, std::less<>>;
+
+  /// Announces the writes made during its life together, when the outermost one ends.
+  class TUserAction {
+  public:
+    explicit TUserAction(TConfigStore& store) : store_(store) { store_.BeginUserAction(); }
+    ~TUserAction() { store_.EndUserAction(); }
+    TUserAction(const TUserAction&) = delete;
+    TUserAction& operator=(const TUserAction&) = delete;
+
+  private:
+    TConfigStore& store_;
+  };
+
+  void RegisterListener(System::TDataEvent handler, const System::TObject* owner) override;
+  void UnregisterListener(const System::TObject* owner) override;
+  std::string ReadString(std::string_view section, std::string_view key) override;
+  int ReadInteger(std::string_view section, std::string_view key) override;
+  bool ReadBoolean(std::string_view section, std::string_view key) override;
+  std::string CurrentSection() override { return "USER"; }
+  bool IsLayoutReady() override { return layoutReady_; }
+  void WriteString(std::string_view section, std::string_view key, std::string_view value,
+                   bool store) override;
+
+  void SetLayoutReady(bool ready) { layoutReady_ = ready; }
+
+  /// Puts a stored value back; nobody is told.
+  void Load(std::string_view section, std::string_view key, std::string_view value);
+  /// Replaces a whole section by values of this run only; nobody is told.
+  void ReplaceSection(std::string_view section, TSection values);
+
+  /// Called with every value written to be kept beyond this run.
+  std::function<void(std::string_view section, std::string_view key, std::string_view value)>
+      OnStore;
+
+  /// Actions nest. Use TUserAction where a scope serves.
+  void BeginUserAction() { ++actions_; }
+  void EndUserAction();
+
+  std::size_t ListenerCount() const { return listeners_.Count(); }
+
+private:
+  void Announce();
+
+  std::map<std::string, TSection, std::less<>> sections_;
+  TDataListeners listeners_;
+  int actions_ = 0;
+  bool changed_ = false; ///< something was written in the action under way
+  bool layoutReady_ = false;
+};
+
+} // namespace Terminal

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "host/view/EditorManager.h"
+#include "terminal/services/SymbolDirectory.h"
+
+#include <QStringListModel>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace Terminal {
+
+class TSymbolEditor;
+
+/// Makes symbol boxes of edits. What the user types is resolved in the directory; a symbol that is
+/// found becomes hint and text. What is not found stays selected in the box after Enter, so that
+/// it can be corrected, and gives way to the hint's symbol when the box is left.
+class TEditorManager : public Editormanager::TEditorManager {
+public:
+  explicit TEditorManager(const TSymbolDirectory& symbols);
+  ~TEditorManager() override;
+
+  void RegisterSymbolEditor(Platform::TcxPopupEdit* edit, std::string_view group, bool completion,
+                            bool resolveOnExit) override;
+  void RemoveSymbolEditor(Platform::TcxPopupEdit* edit) override;
+
+  /// Called when the user has entered another symbol in a box that is in a linking group, after
+  /// the box's owner has heard of it. A symbol that came in by program is not reported.
+  std::function<void(Platform::TcxPopupEdit* edit, std::string_view group, std::string_view symbol)>
+      OnUserSymbol;
+
+  std::size_t RegistrationCount() const { return editors_.size(); }
+
+private:
+  friend class TSymbolEditor;
+
+  /// Brings what completion offers up to date with the directory.
+  void UpdateCompletions();
+
+  const TSymbolDirectory& symbols_;
+  QStringListModel completions_; ///< shared by all boxes
+  int completionsRevision_ = 0;
+  std::map<Platform::TcxPopupEdit*, std::unique_ptr<TSymbolEditor>> editors_;
+};
+
+} // namespace Terminal

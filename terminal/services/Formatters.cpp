@@ -1,0 +1,156 @@
+#include "terminal/services/Formatters.h"
+
+#include "host/ConstDef.h"
+#include "terminal/services/NumberTexts.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Terminal {
+
+using Basesubscribedata::TCustomSubItem;
+
+namespace {
+
+constexpr int BidField = 1;
+constexpr int AskField = 2;
+constexpr int NominalField = 3;
+constexpr int PreviousCloseField = 31;
+constexpr int ChangeField = 48;
+constexpr int SpreadTableField = 73;
+constexpr int ChangePercentField = 130;
+
+/// The price that decides in which band the symbol trades; 0 when there is none.
+double ReferencePrice(const TCustomSubItem& record) {
+  for (const int field : {NominalField, PreviousCloseField, BidField, AskField})
+    if (const auto price = record.GetNumber(field); price != 0)
+      return price;
+  return 0;
+}
+
+/// Empty when the formatter must refuse.
+std::string_view FieldText(const TCustomSubItem& record, int field) {
+  return record.GetState() == Constdef::RecordState_Ready ? record.GetText(field)
+                                                          : std::string_view();
+}
+
+/// The nominal price and the previous close, while there are both.
+struct TMove {
+  double Nominal;
+  double PreviousClose;
+};
+
+std::optional<TMove> MoveOf(const TCustomSubItem& record) {
+  if (record.GetState() != Constdef::RecordState_Ready)
+    return std::nullopt;
+  const TMove move{record.GetNumber(NominalField), record.GetNumber(PreviousCloseField)};
+  const bool complete = move.Nominal != 0 && move.PreviousClose != 0;
+  return complete ? std::optional(move) : std::nullopt;
+}
+
+void WritePercent(std::string& text, double percent) {
+  WriteNumber(text, percent, 2, 2, TGrouping::None, TSign::Always);
+  text += '%';
+}
+
+} // namespace
+
+std::optional<int> PriceDecimals(const TCustomSubItem& record, TMarketAdapter& market) {
+  const auto code = record.GetText(SpreadTableField);
+  const auto* table = code.empty() ? nullptr : market.GetSpreadTable(code);
+  if (!table || table->State() != Constdef::SpreadState_Ready)
+    return std::nullopt;
+  return table->Decimals(ReferencePrice(record));
+}
+
+std::string TFormatter::FormatNumber(double value, int flag) {
+  const int decimals = flag == 0 ? 0 : 2;
+  std::string text;
+  WriteNumber(text, value, decimals, decimals, TGrouping::Thousands);
+  return text;
+}
+
+std::string TFormatter::FormatQuantity(double value) {
+  std::string text;
+  WriteNumber(text, value, 0, MaxDecimals, TGrouping::Thousands);
+  return text;
+}
+
+std::string TFormatter::FormatAmount(std::string_view, double value) {
+  const bool isWhole = std::round(value * 100) == std::round(value) * 100;
+  return FormatNumber(value, isWhole ? 0 : 1);
+}
+
+std::string TFormatter::FormatAbbreviatedAmount(double value, int precision) {
+  return AbbreviatedNumber(value, precision);
+}
+
+std::string TFormatter::FormatPrice(std::string_view symbol, int precision, double value) {
+  const auto* record = precision == 0 ? records_.Find(symbol) : nullptr;
+  const int least = record ? PriceDecimals(*record, market_).value_or(0) : 0;
+  const int most = precision == 0 ? MaxDecimals : std::clamp(precision, 0, MaxDecimals);
+  std::string text;
+  WriteNumber(text, value, least, most, TGrouping::None);
+  return text;
+}
+
+bool TMarketDataFormatter::FormatPrice(const TCustomSubItem& record, int field, std::string& text) {
+  text.clear();
+  const auto given = FieldText(record, field);
+  if (given.empty())
+    return false;
+  WritePriceText(text, given, PriceDecimals(record, market_));
+  return true;
+}
+
+bool TMarketDataFormatter::FormatVolume(const TCustomSubItem& record, int field,
+                                        std::string& text) {
+  text.clear();
+  const auto given = FieldText(record, field);
+  if (given.empty())
+    return false;
+  WriteQuantityText(text, given);
+  return true;
+}
+
+bool TMarketDataFormatter::FormatChange(const TCustomSubItem& record, std::string& text) {
+  text.clear();
+  const auto given = FieldText(record, ChangeField);
+  const auto decimals = PriceDecimals(record, market_);
+  if (given.empty()) {
+    const auto move = MoveOf(record);
+    if (!move)
+      return false;
+    const int least = decimals.value_or(std::max(DecimalsIn(record.GetText(NominalField)),
+                                                 DecimalsIn(record.GetText(PreviousCloseField))));
+    WriteNumber(text, move->Nominal - move->PreviousClose, least, MaxDecimals, TGrouping::None,
+                TSign::Always);
+  } else if (const auto change = ParseNumber(given)) {
+    WriteNumber(text, *change, decimals.value_or(DecimalsIn(given)), MaxDecimals, TGrouping::None,
+                TSign::Always);
+  } else {
+    text = given;
+  }
+  return true;
+}
+
+bool TMarketDataFormatter::FormatChangePercent(const TCustomSubItem& record, std::string& text) {
+  text.clear();
+  const auto given = FieldText(record, ChangePercentField);
+  auto number = Trimmed(given);
+  if (!number.empty() && number.back() == '%')
+    number.remove_suffix(1);
+  if (given.empty()) {
+    const auto move = MoveOf(record);
+    if (!move)
+      return false;
+    WritePercent(text, (move->Nominal - move->PreviousClose) / move->PreviousClose * 100);
+  } else if (const auto percent = ParseNumber(number)) {
+    WritePercent(text, *percent);
+  } else {
+    text = given;
+  }
+  return true;
+}
+
+} // namespace Terminal

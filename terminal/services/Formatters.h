@@ -1,0 +1,52 @@
+#pragma once
+
+#include "host/BaseFormatter.h"
+#include "host/ICommon.h"
+#include "terminal/services/MarketAdapter.h"
+#include "terminal/services/SubscribeAdapter.h"
+
+namespace Terminal {
+
+/// The decimals that the prices of a record's symbol have: those of the step of its spread table
+/// at its nominal price. Nothing when it has no table that is ready.
+std::optional<int> PriceDecimals(const Basesubscribedata::TCustomSubItem& record,
+                                 TMarketAdapter& market);
+
+/// Texts of numbers. No price is cut: it shows every decimal it has, eight at most.
+class TFormatter : public Baseformatter::TCustomFormatter {
+public:
+  TFormatter(TMarketAdapter& market, const TSubscribeAdapter& records)
+      : market_(market), records_(records) {}
+
+  std::string FormatNumber(double value, int flag) override;
+  std::string FormatQuantity(double value) override;
+  /// Whole amounts without decimals, others with two.
+  std::string FormatAmount(std::string_view symbol, double value) override;
+  std::string FormatAbbreviatedAmount(double value, int precision) override;
+  std::string FormatPrice(std::string_view symbol, int precision, double value) override;
+
+private:
+  TMarketAdapter& market_;
+  const TSubscribeAdapter& records_;
+};
+
+/// Texts of record fields. A text that is no number is shown as it stands.
+class TMarketDataFormatter : public Icommon::TCustomMarketDataFormatter {
+public:
+  explicit TMarketDataFormatter(TMarketAdapter& market) : market_(market) {}
+
+  bool FormatPrice(const Basesubscribedata::TCustomSubItem& record, int field,
+                   std::string& text) override;
+  bool FormatVolume(const Basesubscribedata::TCustomSubItem& record, int field,
+                    std::string& text) override;
+  /// Without field 48, the nominal price less the previous close.
+  bool FormatChange(const Basesubscribedata::TCustomSubItem& record, std::string& text) override;
+  /// Without field 130, worked out from the nominal price and the previous close.
+  bool FormatChangePercent(const Basesubscribedata::TCustomSubItem& record,
+                           std::string& text) override;
+
+private:
+  TMarketAdapter& market_;
+};
+
+} // namespace Terminal

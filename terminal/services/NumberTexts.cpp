@@ -1,0 +1,155 @@
+#include "terminal/services/NumberTexts.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace Terminal {
+
+namespace {
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool AllDigits(std::string_view text) {
+  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
+}
+
+/// A trimmed number as from_chars reads it: without a plus sign.
+std::string_view WithoutPlus(std::string_view text) {
+  const bool plus = text.size() > 1 && text[0] == '+' && text[1] != '-';
+  return plus ? text.substr(1) : text;
+}
+
+template <typename TNumber> std::optional<TNumber> ParseWhole(std::string_view text) {
+  const auto number = WithoutPlus(Trimmed(text));
+  TNumber value{};
+  const auto* end = number.data() + number.size();
+  const auto result = std::from_chars(number.data(), end, value);
+  return result.ec == std::errc() && result.ptr == end ? std::optional(value) : std::nullopt;
+}
+
+/// Digits, or digits, a point and digits, without needless zeros in front: a text that can be
+/// shown without being read as a number.
+bool IsPlainDecimal(std::string_view text) {
+  const auto point = text.find('.');
+  const auto whole = text.substr(0, point);
+  return AllDigits(whole) && (whole.size() == 1 || whole[0] != '0') &&
+         (point == std::string_view::npos || AllDigits(text.substr(point + 1)));
+}
+
+/// Pads with zeros, or takes zeros away, down to `least` decimals.
+void FitDecimals(std::string& text, int least) {
+  auto decimals = DecimalsIn(text);
+  if (decimals < least) {
+    if (decimals == 0)
+      text += '.';
+    text.append(static_cast<std::size_t>(least - decimals), '0');
+    return;
+  }
+  for (; decimals > least && text.back() == '0'; --decimals)
+    text.pop_back();
+  if (text.back() == '.')
+    text.pop_back();
+}
+
+/// Groups the digits before the point.
+void GroupThousands(std::string& text) {
+  const std::size_t first = text[0] == '-' ? 1 : 0;
+  for (auto place = std::min(text.find('.'), text.size()); place > first + 3;)
+    text.insert(place -= 3, 1, ',');
+}
+
+bool IsZero(std::string_view text) {
+  return text.find_first_of("123456789") == std::string_view::npos;
+}
+
+} // namespace
+
+std::string_view Trimmed(std::string_view text) {
+  constexpr std::string_view blanks = " \t\r\n";
+  const auto first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos)
+    return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::optional<double> ParseNumber(std::string_view text) {
+  const auto value = ParseWhole<double>(text);
+  return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+std::optional<int> ParseInteger(std::string_view text) { return ParseWhole<int>(text); }
+
+int DecimalsIn(std::string_view text) {
+  const auto point = text.find('.');
+  if (point == std::string_view::npos)
+    return 0;
+  const auto digits = text.substr(point + 1);
+  return static_cast<int>(std::find_if_not(digits.begin(), digits.end(), IsDigit) - digits.begin());
+}
+
+void WriteNumber(std::string& text, double value, int least, int most, TGrouping grouping,
+                 TSign sign) {
+  text.clear();
+  if (!std::isfinite(value))
+    return;
+  std::array<char, 340> digits; // the largest double has 309 before the point
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                 std::chars_format::fixed, most)
+                       .ptr;
+  text.assign(digits.data(), end);
+  if (DecimalsIn(text) > least)
+    FitDecimals(text, least);
+  const bool isZero = IsZero(text);
+  if (isZero && text[0] == '-')
+    text.erase(0, 1);
+  if (grouping == TGrouping::Thousands)
+    GroupThousands(text);
+  if (sign == TSign::Always && value > 0 && !isZero)
+    text.insert(0, 1, '+');
+}
+
+void WritePriceText(std::string& text, std::string_view given, std::optional<int> least) {
+  const auto number = Trimmed(given);
+  if (IsPlainDecimal(number)) {
+    text.assign(number);
+    if (least)
+      FitDecimals(text, *least);
+  } else if (const auto value = ParseNumber(number)) {
+    WriteNumber(text, *value, least.value_or(DecimalsIn(number)), MaxDecimals, TGrouping::None);
+  } else {
+    text.assign(given);
+  }
+}
+
+void WriteQuantityText(std::string& text, std::string_view given) {
+  const auto number = Trimmed(given);
+  if (AllDigits(number) && IsPlainDecimal(number)) {
+    text.assign(number);
+    GroupThousands(text);
+  } else if (const auto value = ParseNumber(number)) {
+    WriteNumber(text, *value, 0, MaxDecimals, TGrouping::Thousands);
+  } else {
+    text.assign(given);
+  }
+}
+
+std::string AbbreviatedNumber(double value, int most) {
+  struct TUnit {
+    double Size;
+    const char* Letter;
+  };
+  static constexpr TUnit units[] = {{1, ""}, {1e3, "K"}, {1e6, "M"}, {1e9, "B"}};
+  const int decimals = std::clamp(most, 0, MaxDecimals);
+  // What rounding would bring to a thousand of a unit is one of the next.
+  const double nearlyThousand = 1000 - 0.5 * std::pow(10, -decimals);
+  const auto* unit = units;
+  while (unit + 1 != std::end(units) && std::abs(value) / unit->Size >= nearlyThousand)
+    ++unit;
+  std::string text;
+  WriteNumber(text, value / unit->Size, 0, decimals, TGrouping::Thousands);
+  return text.empty() ? text : text + unit->Letter;
+}
+
+} // namespace Terminal

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Texts of numbers, as plain functions. Results never show a negative zero.
+namespace Terminal {
+
+/// The most decimals that a price or a quantity is shown with.
+inline constexpr int MaxDecimals = 8;
+
+enum class TGrouping { None, Thousands };
+enum class TSign { NegativeOnly, Always };
+
+/// Without the blanks around it.
+std::string_view Trimmed(std::string_view text);
+
+/// The number that the whole text is, blanks around it and a plus sign allowed; nothing for any
+/// other text.
+std::optional<double> ParseNumber(std::string_view text);
+/// The same for a 32-bit whole number.
+std::optional<int> ParseInteger(std::string_view text);
+
+/// The number of digits after the point of `text`.
+int DecimalsIn(std::string_view text);
+
+/// Writes `value`, rounded to `most` decimals (0 to MaxDecimals), with no fewer than `least` and
+/// no more than it needs; nothing for what is not finite. TSign::Always puts a plus sign before
+/// what is above zero.
+void WriteNumber(std::string& text, double value, int least, int most, TGrouping grouping,
+                 TSign sign = TSign::NegativeOnly);
+
+/// Writes a price that a feed gave as text: all its decimals, and no fewer than `least` when that
+/// is known. A text that is no number stands as it is.
+void WritePriceText(std::string& text, std::string_view given, std::optional<int> least);
+
+/// Writes a quantity that a feed gave as text, in groups of three. A text that is no number stands
+/// as it is.
+void WriteQuantityText(std::string& text, std::string_view given);
+
+/// 1234567 as 1.23M: thousands K, millions M, billions B, with at most `most` decimals.
+std::string AbbreviatedNumber(double value, int most);
+
+} // namespace Terminal

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "host/BaseLookAndFeelService.h"
+#include "terminal/services/ConfigStore.h"
+
+#include <map>
+#include <vector>
+
+namespace Terminal {
+
+/// The colours of a look.
+struct TSkin {
+  std::string Name;
+  std::map<std::string, System::TColor, std::less<>> Colours; ///< by colour name
+  std::map<int, System::TColor> StandardColours;              ///< by number, 6 to 9
+  System::TColor ContentColour = 0;                           ///< cells and editors start from it
+  System::TColor ContentTextColour = 0;                       ///< texts on ContentColour
+  System::TColor WindowColour = 0;                            ///< panels, buttons and menus
+  System::TColor WindowTextColour = 0;                        ///< texts on WindowColour
+  System::TColor HighlightColour = 0;                         ///< selections
+  System::TColor HighlightTextColour = 0;
+};
+
+/// The skins that come with the terminal, the default first.
+const std::vector<TSkin>& BuiltInSkins();
+
+/// The current skin. A change reaches the platform's root look and feel, the application's palette
+/// and the configuration section of the skin; then OnChanged is called, so that the windows can
+/// re-skin their views.
+class TSkinService : public Baselookandfeelservice::TCustomLookAndFeelService {
+public:
+  /// Applies the default skin. Needs the application.
+  explicit TSkinService(TConfigStore& config);
+  /// Gives root look and feel and palette back as they were.
+  ~TSkinService() override;
+
+  System::TColor GetColour(int index, std::string_view name) override;
+  std::string CurrentSkinSection() override;
+
+  const TSkin& Current() const { return skin_; }
+
+  /// Applies the built-in skin of that name. False, and nothing changes, when there is none.
+  bool Select(std::string_view name);
+
+  /// Replaces the colours and the skin section; content, window and highlight colours stay. A key
+  /// that is a whole number is a standard colour's number.
+  void Replace(const std::map<std::string, System::TColor>& colours,
+               const TConfigStore::TSection& section);
+
+  std::function<void()> OnChanged;
+
+private:
+  void Apply(TSkin skin, TConfigStore::TSection section);
+
+  TConfigStore& config_;
+  TSkin skin_;
+};
+
+} // namespace Terminal

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "host/BaseMarketAdapter.h"
+
+#include <optional>
+#include <vector>
+
+namespace Terminal {
+
+/// The prices with From < price <= To move in steps of Step. Currency units.
+struct TSpreadBand {
+  double From = 0;
+  double To = 0;
+  double Step = 0;
+};
+
+/// A spread table. Works in exact hundred-millionths of a currency unit, so that a walk of any
+/// length ends on the decimal price and not beside it.
+class TSpreadTable : public Basemarketadapter::TCustomSpreadTable {
+public:
+  /// Bands in any order; those without a positive step or with no price in them are left out.
+  void Define(int state, const std::vector<TSpreadBand>& bands);
+
+  int State() const override { return state_; }
+  double PriceStep(double price) const override;
+  /// A walk that leaves the bands ends at the first price outside them.
+  double PriceStepsAway(double price, int steps) const override;
+
+  /// Decimals of the step at `price`; nothing outside the bands.
+  std::optional<int> Decimals(double price) const;
+
+private:
+  using TUnits = long long;
+
+  struct TBand {
+    TUnits From;
+    TUnits To;
+    TUnits Step;
+    int Decimals; ///< of the step
+  };
+
+  const TBand* BandBelow(TUnits price) const; ///< whose steps lead down to `price`'s neighbour
+  const TBand* BandAbove(TUnits price) const; ///< whose steps lead up from `price`
+
+  int state_ = 0;
+  std::vector<TBand> bands_; ///< ascending
+};
+
+} // namespace Terminal
