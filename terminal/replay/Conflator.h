@@ -1,0 +1,37 @@
+#pragma once
+
+#include "terminal/services/RecordChange.h"
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace Terminal {
+
+/// Merges changes into one per symbol, so that what is waiting to be taken is bounded by the
+/// number of symbols and fields and not by the number of changes. The last value of a field, of
+/// the state and of the status wins; a removal counts as a value, so that it is not lost.
+class Conflator {
+public:
+  /// Trades kept per symbol, the latest.
+  static constexpr std::size_t MaximumTrades = 100;
+
+  void Merge(TRecordChange change);
+
+  /// How many changes have been merged since the last Take or Clear.
+  std::size_t MergedCount() const { return mergedCount_; }
+
+  /// One change per symbol, in the order in which the symbols first changed.
+  const std::vector<TRecordChange>& Changes() const { return changes_; }
+  /// The same, leaving none behind.
+  std::vector<TRecordChange> Take();
+  void Clear() { Take(); }
+
+private:
+  std::unordered_map<std::string, std::size_t> indexBySymbol_;
+  std::vector<TRecordChange> changes_;
+  std::size_t mergedCount_ = 0;
+};
+
+} // namespace Terminal

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "terminal/replay/Conflator.h"
+#include "terminal/replay/RecordingIndex.h"
+#include "terminal/replay/RecordingSource.h"
+#include "terminal/replay/ReplayClock.h"
+
+#include <condition_variable>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <mutex>
+#include <stop_token>
+#include <thread>
+
+namespace Terminal {
+
+/// What a playing recording does after its last change.
+enum class TAtEnd { Stop, StartOver };
+
+/// What takes long enough to show its progress.
+enum class TActivity { Indexing, Seeking };
+
+struct TReaderProgress {
+  TActivity Activity = TActivity::Indexing;
+  int PerCent = 0;
+};
+
+/// What has happened since it was last taken, to be told in the order of the members.
+struct TReaderNews {
+  std::vector<TReaderProgress> Progress;
+  std::shared_ptr<const TRecordingIndex> Index; ///< once, when indexing is done; otherwise null
+  bool Reset = false;                           ///< the market starts over before Changes
+  std::vector<TRecordChange> Changes;           ///< one per symbol
+  bool Finished = false;
+};
+
+/// Reads one recording on a thread of its own and merges what is due by the clock until the owner
+/// takes it. Holds one decoded line ahead of the clock and one merged change per symbol, however
+/// slowly they are taken. Starts paused at the recording's first moment.
+///
+/// The public operations belong to one thread, the owner's.
+class RecordingReader {
+public:
+  static constexpr double AsFastAsPossible = std::numeric_limits<double>::infinity();
+
+  /// `wake` is called on the reading thread when there is news and none was announced since the
+  /// last Take. It must not call back.
+  RecordingReader(RecordingSource source, std::function<void()> wake);
+  ~RecordingReader(); ///< stops at once, in the midst of whatever is going on
+
+  TReaderNews Take();
+
+  void Play();
+  void Pause();
+  void SetSpeed(double speed); ///< above 0
+  void SetAtEnd(TAtEnd atEnd);
+  void Seek(TTimeOfDay time); ///< clamped to the recording
+  /// Pauses and moves on by 0 or more; returns when all that is due by then has been merged.
+  void Step(std::chrono::milliseconds by);
+
+  bool IsPlaying() const;
+  bool IsAtEnd() const; ///< the last change has been merged
+  /// How far the merged changes go: the clock's time, or less while reading lags behind it.
+  TTimeOfDay Position() const;
+
+private:
+  using TLock = std::unique_lock<std::mutex>;
+
+  void Work(const std::stop_token& stop);
+  bool BuildIndex(const std::stop_token& stop);
+  void StartSeek(TLock& lock);
+  void EndSeek(TLock& lock);
+  void MergeNext(TLock& lock);
+  void TellFinished(TLock& lock);
+  void TellProgress(TReaderProgress progress, TLock& lock);
+  void TellSeekProgress(TLock& lock);
+  void Announce(TLock& lock);
+  void Wait(TLock& lock, const std::stop_token& stop);
+  std::optional<TRecordedEvent> ReadEvent();
+
+  // All of these with the lock held.
+  void Command();
+  void Settle(TLock& lock);
+  void SetClock(TTimeOfDay position, bool isRunning);
+  TTimeOfDay CurrentPosition() const;
+  bool IsSeeking() const { return seekRequest_ || seekTarget_; }
+  bool IsPastLast() const { return index_ && !next_ && !IsSeeking(); }
+  bool IsNextDue() const;
+  bool MustWaitForTake() const;
+  bool MayStartOver() const;
+  std::optional<ReplayClock::TMoment> NextMoment() const;
+
+  const std::function<void()> wake_;
+  RecordingSource source_; ///< the reading thread's
+
+  mutable std::mutex mutex_; ///< guards all below
+  std::condition_variable_any commanded_;
+  std::condition_variable settled_;
+  bool hasCommand_ = false;
+  bool isSettled_ = false; ///< all that was asked for is done and nothing is due
+  bool isAnnounced_ = false;
+  bool isFinishTold_ = false;
+  TAtEnd atEnd_ = TAtEnd::Stop;
+  ReplayClock clock_;
+  std::shared_ptr<const TRecordingIndex> index_; ///< set once, by the reading thread
+  std::optional<TTimeOfDay> seekRequest_;
+  std::optional<TTimeOfDay> seekTarget_; ///< being carried out
+  TTimeOfDay seekFrom_{};                ///< where reading began for it
+  int seekPerCent_ = 0;                  ///< told last
+  std::optional<TRecordedEvent> next_;   ///< decoded, not yet due
+  Conflator conflator_;
+  TReaderNews news_;
+
+  std::jthread thread_; ///< last: joined before anything else goes
+};
+
+} // namespace Terminal
