@@ -1,0 +1,84 @@
+#include "terminal/Headless.h"
+
+#include "platform/Grid.h"
+#include "terminal/TextTable.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QTimer>
+
+#include <unistd.h>
+
+#include <iostream>
+
+namespace Terminal {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds RefreshInterval{250};
+/// Long enough for the view's own refresh timer.
+constexpr milliseconds SettleTime{300};
+
+void RunFor(milliseconds time) {
+  QEventLoop loop;
+  QTimer::singleShot(time, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+std::string SavePicture(TViewPane& pane, const QString& file) {
+  if (pane.View()->grab().save(file, "PNG"))
+    return {};
+  return "The picture cannot be written to " + file.toStdString() + ".";
+}
+
+/// The grid that the view shows; null when it shows none.
+const Platform::TcxGrid* ShownGrid(const TViewPane& pane) {
+  for (const auto* grid : pane.View()->findChildren<Platform::TcxGrid*>())
+    if (grid->isVisible())
+      return grid;
+  return nullptr;
+}
+
+std::string Screen(const THeadlessRun& run, TColouring colouring) {
+  std::string text = run.View.Caption() + "   " + (run.Feed.IsSimulated() ? "SIMULATED" : "REPLAY") +
+                     "   " + TimeOfDayText(run.Player.Position()).substr(0, 8) + "\n";
+  if (const auto* grid = ShownGrid(run.View))
+    text += TextTable(*grid->View(), colouring);
+  return text;
+}
+
+void PrintInPlace(const std::string& screen) {
+  std::cout << "\x1b[H\x1b[J" << screen << std::flush;
+}
+
+} // namespace
+
+std::string WriteSnapshot(const THeadlessRun& run, const QString& file) {
+  run.Player.Step(static_cast<int>(run.Time.count()));
+  RunFor(SettleTime);
+  return SavePicture(run.View, file);
+}
+
+std::string PlayToConsole(const THeadlessRun& run, const QString& file) {
+  const bool isConsole = isatty(STDOUT_FILENO) != 0;
+  QTimer refresh;
+  QObject::connect(&refresh, &QTimer::timeout,
+                   [&] { PrintInPlace(Screen(run, TColouring::Ansi)); });
+  if (isConsole)
+    refresh.start(RefreshInterval);
+  run.Player.Play();
+  RunFor(run.Time);
+  if (isConsole)
+    PrintInPlace(Screen(run, TColouring::Ansi));
+  else
+    std::cout << Screen(run, TColouring::None);
+  const std::string error = SavePicture(run.View, file);
+  if (error.empty())
+    std::cout << "Picture of the view: " << QDir().absoluteFilePath(file).toStdString()
+              << std::endl;
+  return error;
+}
+
+} // namespace Terminal

@@ -1,0 +1,73 @@
+#include "terminal/MarketFeed.h"
+
+#include "terminal/services/Services.h"
+
+namespace Terminal {
+
+TMarketFeed::TMarketFeed(TServices& services, ReplayPlayer& player)
+    : services_(services), player_(player) {
+  connect(&player, &ReplayPlayer::HeaderRead, this, &TMarketFeed::TakeHeader);
+  connect(&player, &ReplayPlayer::Reset, this, &TMarketFeed::ForgetRecords);
+  connect(&player, &ReplayPlayer::Batch, this, &TMarketFeed::TakeBatch);
+}
+
+std::optional<double> TMarketFeed::Age() const {
+  if (!lastData_.isValid())
+    return {};
+  return static_cast<double>(lastData_.elapsed()) / 1000;
+}
+
+void TMarketFeed::TakeHeader(const TRecordingHeader& header) {
+  simulated_ = header.Simulated;
+  started_ = false;
+  std::vector<TSpreadDefinition> tables;
+  for (const auto& spread : header.Spreads) {
+    tables.push_back({spread.Code, spread.State, {}});
+    for (const auto& band : spread.Bands)
+      tables.back().Bands.push_back({band.From, band.To, band.Step});
+  }
+  services_.Market.DefineSpreadTables(tables);
+  std::vector<TBrokerDefinition> brokers;
+  for (const auto& broker : header.Brokers)
+    brokers.push_back({broker.Id, broker.Name, broker.Name1, broker.Name2, broker.Other});
+  services_.Market.ReplaceBrokers(brokers);
+  for (const auto& instrument : header.Instruments)
+    services_.Market.DefineInstrument(instrument.Symbol, instrument.Currency, instrument.Name);
+  if (!header.Instruments.empty())
+    TellStart(header.Instruments.front().Symbol);
+  else if (player_.Index() && player_.Index()->Events == 0)
+    TellStart({});
+}
+
+void TMarketFeed::TakeBatch(const std::vector<TRecordChange>& changes) {
+  for (const auto& change : changes) {
+    auto& fields = given_[change.Symbol];
+    for (const auto& [number, text] : change.Fields)
+      fields.insert(number);
+    services_.Subscriptions.Apply(change);
+  }
+  lastData_.start();
+  if (!changes.empty())
+    TellStart(changes.front().Symbol);
+}
+
+void TMarketFeed::ForgetRecords() {
+  for (const auto& [symbol, fields] : std::exchange(given_, {})) {
+    TRecordChange nothing;
+    nothing.Symbol = symbol;
+    nothing.State = Constdef::RecordState_None;
+    nothing.Status = std::string();
+    for (const int field : fields)
+      nothing.Fields.emplace_back(field, std::nullopt);
+    services_.TradeSides.ReplaceTrades(symbol, {});
+    services_.Subscriptions.Apply(nothing);
+  }
+}
+
+void TMarketFeed::TellStart(const std::string& symbol) {
+  if (std::exchange(started_, true))
+    return;
+  emit Started(QString::fromStdString(symbol));
+}
+
+} // namespace Terminal

@@ -1,0 +1,97 @@
+#include "terminal/PackageLoader.h"
+
+#include "host/ConstDef.h"
+#include "host/SystemClasses.h"
+
+#include <dlfcn.h>
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace Terminal {
+
+namespace {
+
+using TVersionFunction = int (*)();
+using TInitializeFunction = void (*)();
+
+/// What is wrong with a package, in one sentence.
+struct TLoadError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+void* OpenLibrary(const std::string& file) {
+  std::error_code ignored;
+  if (!std::filesystem::exists(file, ignored))
+    throw TLoadError("There is no package " + file + ".");
+  if (!std::filesystem::is_regular_file(file, ignored))
+    throw TLoadError(file + " is not a package: it is not a file.");
+  // An absolute path, since a bare name would be searched for among the system's libraries.
+  const std::string path = std::filesystem::absolute(file, ignored).string();
+  void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+  if (!library)
+    throw TLoadError(file + " is not a package: it cannot be loaded (" + dlerror() + ").");
+  return library;
+}
+
+template <typename TFunction>
+TFunction FindFunction(void* library, const std::string& file, const char* name) {
+  void* symbol = dlsym(library, name);
+  if (!symbol)
+    throw TLoadError(file + " is not a package: it has no function " + name + ".");
+  return reinterpret_cast<TFunction>(symbol);
+}
+
+void CheckVersion(void* library, const std::string& file) {
+  const int version =
+      FindFunction<TVersionFunction>(library, file, Constdef::PackageVersionSymbol)();
+  if (version != Constdef::ContractVersion)
+    throw TLoadError("The package " + file + " was built for contract version " +
+                     std::to_string(version) + ", but this terminal has version " +
+                     std::to_string(Constdef::ContractVersion) + ".");
+}
+
+std::unique_ptr<Baseview::TIBaseView> CreateDescriptor(const std::string& file) {
+  const std::string className(DescriptorClass);
+  auto component = System::Classes::CreateRegistered(className, nullptr);
+  if (!component)
+    throw TLoadError("The package " + file + " does not register the class " + className + ".");
+  auto* descriptor = dynamic_cast<Baseview::TIBaseView*>(component.get());
+  if (!descriptor)
+    throw TLoadError("The class " + className + " of the package " + file + " is not a view.");
+  (void)component.release();
+  return std::unique_ptr<Baseview::TIBaseView>(descriptor);
+}
+
+std::unique_ptr<TPackage> Load(const std::string& file) {
+  void* library = OpenLibrary(file);
+  CheckVersion(library, file);
+  const auto initialize =
+      FindFunction<TInitializeFunction>(library, file, Constdef::PackageInitializeSymbol);
+  const auto finalize =
+      FindFunction<TPackage::TFinalize>(library, file, Constdef::PackageFinalizeSymbol);
+  initialize();
+  return std::make_unique<TPackage>(CreateDescriptor(file), finalize);
+}
+
+} // namespace
+
+TPackage::TPackage(std::unique_ptr<Baseview::TIBaseView> descriptor, TFinalize finalize)
+    : descriptor_(std::move(descriptor)), finalize_(finalize) {}
+
+TPackage::~TPackage() {
+  descriptor_.reset();
+  finalize_();
+}
+
+std::variant<std::unique_ptr<TPackage>, std::string> LoadPackage(const std::string& file) {
+  try {
+    return Load(file);
+  } catch (const TLoadError& error) {
+    return error.what();
+  } catch (const std::exception& error) {
+    return "The package " + file + " fails when it starts (" + error.what() + ").";
+  }
+}
+
+} // namespace Terminal

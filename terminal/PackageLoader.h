@@ -1,0 +1,38 @@
+#pragma once
+
+#include "host/view/BaseView.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace Terminal {
+
+/// Class under which a package registers the descriptor of its price view.
+inline constexpr std::string_view DescriptorClass = "TIQuorPrice";
+
+/// A loaded package with the descriptor of its view. Destroying it destroys the descriptor and
+/// finalizes the package, whose code stays in memory: the class registry still refers to it.
+class TPackage {
+public:
+  using TFinalize = void (*)();
+
+  TPackage(std::unique_ptr<Baseview::TIBaseView> descriptor, TFinalize finalize);
+  TPackage(const TPackage&) = delete;
+  TPackage& operator=(const TPackage&) = delete;
+  ~TPackage();
+
+  Baseview::TIBaseView& Descriptor() { return *descriptor_; }
+
+private:
+  std::unique_ptr<Baseview::TIBaseView> descriptor_;
+  TFinalize finalize_;
+};
+
+/// Loads the package `file` and creates its descriptor, or gives one sentence that says what is
+/// wrong and where. No C++ of a package with another contract version is called. The services of
+/// the host are installed before.
+std::variant<std::unique_ptr<TPackage>, std::string> LoadPackage(const std::string& file);
+
+} // namespace Terminal

@@ -1,0 +1,199 @@
+#include "terminal/script/Input.h"
+#include "terminal/script/ScriptSession.h"
+
+#include "host/ConstDef.h"
+#include "host/DataDef.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+namespace Terminal {
+
+namespace {
+
+using TKind = TMemberKind;
+constexpr TPresence Optional = TPresence::Optional;
+
+std::string SectionOf(TScriptSession& session, const QJsonObject& members) {
+  const std::string section = TextOf(members, "section");
+  return section == "current" ? session.Services().Config.CurrentSection() : section;
+}
+
+QJsonObject WriteConfig(TScriptSession& session, const QJsonObject& members) {
+  session.Services().Config.WriteString(SectionOf(session, members), TextOf(members, "key"),
+                                        TextOf(members, "value"), true);
+  return {};
+}
+
+QJsonObject ReadConfig(TScriptSession& session, const QJsonObject& members) {
+  const std::string value = session.Services().Config.ReadString(SectionOf(session, members),
+                                                                 TextOf(members, "key"));
+  return {{"value", QString::fromStdString(value)}};
+}
+
+QJsonObject SetLayoutReady(TScriptSession& session, const QJsonObject& members) {
+  session.Services().Config.SetLayoutReady(members["value"].toBool());
+  return {};
+}
+
+QJsonObject Grant(TScriptSession& session, const QJsonObject& members) {
+  const QJsonArray list = members["functions"].toArray();
+  CheckElements(list, TKind::Text, QStringLiteral("functions"));
+  TUserProfile::TFunctions functions;
+  for (const auto& name : list)
+    functions.insert(name.toString().toStdString());
+  session.Services().Profile.Grant(functions);
+  return {};
+}
+
+QJsonObject SetFeedType(TScriptSession& session, const QJsonObject& members) {
+  std::optional<int> type;
+  if (!members["value"].isNull())
+    type = members["value"].toInt();
+  session.Services().Vendor.SetFeedType(type);
+  return {};
+}
+
+QJsonObject SetTexts(TScriptSession& session, const QJsonObject& members) {
+  const QString mode = members["mode"].toString();
+  if (mode != "keys" && mode != "language")
+    throw TScriptError(QStringLiteral("The mode must be \"keys\" or \"language\"."));
+  session.Services().Languages.SetKeysMode(mode == "keys");
+  return {};
+}
+
+QJsonObject SetLanguage(TScriptSession& session, const QJsonObject& members) {
+  const int language = members["value"].toInt();
+  if (language < Constdef::Language_TraditionalChinese || language > Constdef::Language_English)
+    throw TScriptError(QStringLiteral("There is no language %1.").arg(language));
+  session.Services().Languages.SetLanguage(language);
+  session.Views().SetLanguage(language);
+  if (auto* preferences = session.Preferences())
+    preferences->SetLanguage(language);
+  return {};
+}
+
+System::TColor ColourOf(const QString& text) {
+  const QColor colour(text);
+  return static_cast<System::TColor>(colour.red() | colour.green() << 8 | colour.blue() << 16);
+}
+
+QJsonObject ReplaceSkin(TScriptSession& session, const QJsonObject& members) {
+  const QJsonObject colours = members["colours"].toObject();
+  const QJsonObject section = members["section"].toObject();
+  CheckElements(colours, TKind::Colour, QStringLiteral("colours"));
+  CheckElements(section, TKind::Text, QStringLiteral("section"));
+  std::map<std::string, System::TColor> byName;
+  for (auto colour = colours.begin(); colour != colours.end(); ++colour)
+    byName[colour.key().toStdString()] = ColourOf(colour.value().toString());
+  TConfigStore::TSection values;
+  for (auto value = section.begin(); value != section.end(); ++value)
+    values[value.key().toStdString()] = value.value().toString().toStdString();
+  session.Services().Skin.Replace(byName, values);
+  return {};
+}
+
+std::unique_ptr<System::TObject> ListOf(const QJsonObject& list) {
+  CheckMembers(list, {{"symbol", TKind::Text, Optional}, {"empty", TKind::Boolean, Optional}},
+               QStringLiteral("list"));
+  return std::make_unique<TListObject>(TextOf(list, "symbol"), list["empty"].toBool());
+}
+
+std::unique_ptr<System::TObject> GroupOf(const QJsonObject& group) {
+  CheckMembers(group,
+               {{"id", TKind::Text, Optional},
+                {"symbol", TKind::Text, Optional},
+                {"refused", TKind::Boolean, Optional}},
+               QStringLiteral("member \"group\""));
+  return std::make_unique<TGroupData>(TextOf(group, "id"), TextOf(group, "symbol"),
+                                      group["refused"].toBool());
+}
+
+/// A message of order entry with the client order that it carries.
+struct TClientOrderMessage : Datadef::TCopyOrderRecord {
+  explicit TClientOrderMessage(const QJsonObject& order) : Carried(TextOf(order, "symbol")) {
+    Order = &Carried;
+    Source = TextOf(order, "group");
+  }
+
+  TClientOrder Carried;
+};
+
+std::unique_ptr<System::TObject> OrderOf(const QJsonObject& order) {
+  CheckMembers(order, {{"group", TKind::Text, Optional}, {"symbol", TKind::Text, Optional}},
+               QStringLiteral("member \"order\""));
+  return std::make_unique<TClientOrderMessage>(order);
+}
+
+QJsonObject SendChannel(TScriptSession& session, const QJsonObject& members) {
+  if (members.contains("list") + members.contains("group") + members.contains("order") > 1)
+    throw TScriptError(QStringLiteral("A channel message carries one thing at most."));
+  std::unique_ptr<System::TObject> data;
+  if (members.contains("list"))
+    data = ListOf(members["list"].toObject());
+  else if (members.contains("group"))
+    data = GroupOf(members["group"].toObject());
+  else if (members.contains("order"))
+    data = OrderOf(members["order"].toObject());
+  session.Services().Channels.Send(members["number"].toInt(), nullptr, data.get());
+  return {};
+}
+
+QJsonObject SendGroupMessage(TScriptSession& session, const QJsonObject& members) {
+  const std::string group = TextOf(members, "group");
+  TGroupData data(group, TextOf(members, "symbol"), members["refused"].toBool());
+  session.Services().Channels.SendToGroup(group, nullptr, &data);
+  return {};
+}
+
+QJsonObject ChangeScale(TScriptSession& session, const QJsonObject& members) {
+  session.Services().Config.WriteString(Constdef::Section_TradePlatform, "ScaleSize",
+                                        std::to_string(members["value"].toInt()), true);
+  session.Services().Channels.Send(Constdef::Channel_ScaleChanged, nullptr, nullptr);
+  return {};
+}
+
+QJsonObject Tick(TScriptSession&, const QJsonObject& members) {
+  const int milliseconds = members["ms"].toInt();
+  if (milliseconds < 0)
+    throw TScriptError(QStringLiteral("A time must not be negative."));
+  QEventLoop loop;
+  QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+  loop.exec();
+  return {};
+}
+
+} // namespace
+
+std::vector<TScriptCommand> HostCommands(TScriptSession& session) {
+  const auto bound = [&session](auto function) {
+    return [&session, function](const QJsonObject& members) { return function(session, members); };
+  };
+  return {
+      {"config",
+       {{"section", TKind::Text}, {"key", TKind::Text}, {"value", TKind::Text}},
+       bound(WriteConfig)},
+      {"config-get", {{"section", TKind::Text}, {"key", TKind::Text}}, bound(ReadConfig)},
+      {"layout-ready", {{"value", TKind::Boolean}}, bound(SetLayoutReady)},
+      {"grant", {{"functions", TKind::List}}, bound(Grant)},
+      {"feed-type", {{"value", TKind::IntegerOrNull}}, bound(SetFeedType)},
+      {"texts", {{"mode", TKind::Text}}, bound(SetTexts)},
+      {"language", {{"value", TKind::Integer}}, bound(SetLanguage)},
+      {"skin",
+       {{"colours", TKind::Object, Optional}, {"section", TKind::Object, Optional}},
+       bound(ReplaceSkin)},
+      {"channel",
+       {{"number", TKind::Integer},
+        {"list", TKind::Object, Optional},
+        {"group", TKind::Object, Optional},
+        {"order", TKind::Object, Optional}},
+       bound(SendChannel)},
+      {"group-message",
+       {{"group", TKind::Text}, {"symbol", TKind::Text}, {"refused", TKind::Boolean, Optional}},
+       bound(SendGroupMessage)},
+      {"scale", {{"value", TKind::Integer}}, bound(ChangeScale)},
+      {"tick", {{"ms", TKind::Integer}}, bound(Tick)},
+  };
+}
+
+} // namespace Terminal

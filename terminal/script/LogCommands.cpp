@@ -1,0 +1,53 @@
+#include "terminal/script/ScriptSession.h"
+
+namespace Terminal {
+
+namespace {
+
+QJsonArray ListOf(const std::vector<std::string>& texts) {
+  QJsonArray list;
+  for (const auto& text : texts)
+    list.append(QString::fromStdString(text));
+  return list;
+}
+
+QJsonValue Count(std::size_t count) { return static_cast<qint64>(count); }
+
+QJsonObject TakeRequests(TScriptSession& session) {
+  const TRequests requests = session.Services().Subscriptions.TakeRequests();
+  return {{"subscribed", ListOf(requests.Subscribed)},
+          {"released", ListOf(requests.Released)},
+          {"refreshed", ListOf(requests.Refreshed)},
+          {"opened", session.TakeOpenedViews()}};
+}
+
+QJsonObject CountRegistrations(const TScriptSession& session) {
+  const TRegistrations counts = session.Registrations();
+  return {{"configuration", Count(counts.Configuration)},
+          {"channels", Count(counts.Channels)},
+          {"groups", Count(counts.Groups)},
+          {"timers", Count(counts.Timers)},
+          {"editors", Count(counts.Editors)},
+          {"records", Count(counts.Records)},
+          {"tradeSides", Count(counts.TradeSides)}};
+}
+
+} // namespace
+
+std::vector<TScriptCommand> LogCommands(TScriptSession& session) {
+  return {
+      {"orders", {},
+       [&session](const QJsonObject&) {
+         return QJsonObject{{"list", session.TakeOrders()}};
+       }},
+      {"notifications", {},
+       [&session](const QJsonObject&) {
+         return QJsonObject{{"list", session.TakeNotifications()}};
+       }},
+      {"requests", {}, [&session](const QJsonObject&) { return TakeRequests(session); }},
+      {"registrations", {},
+       [&session](const QJsonObject&) { return CountRegistrations(session); }},
+  };
+}
+
+} // namespace Terminal

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QColor>
+#include <QJsonObject>
+
+namespace Terminal {
+
+class TViewPane;
+
+/// The view as it stands on the screen, read from its live widgets and asking nothing to refresh:
+/// caption, symbol, preferred size, caption buttons, grids, components and pop-ups.
+QJsonObject DumpView(const TViewPane& pane);
+
+/// What the caption button that shows `image` is called; empty for an image of none.
+QString CaptionButtonName(int image);
+bool IsCaptionButtonName(const QString& text);
+
+/// "#rrggbb".
+QString ColourText(QRgb colour);
+
+} // namespace Terminal

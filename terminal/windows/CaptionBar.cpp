@@ -1,0 +1,129 @@
+#include "terminal/windows/CaptionBar.h"
+
+#include "platform/ImageList.h"
+#include "terminal/windows/WindowTexts.h"
+
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace Terminal {
+
+namespace {
+
+constexpr int IconSize = 16;
+
+/// A dot in the group's colour; a ring for none.
+QIcon GroupIcon(const QColor& colour) {
+  QPixmap dot(2 * IconSize, 2 * IconSize);
+  dot.fill(Qt::transparent);
+  QPainter painter(&dot);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (colour.isValid())
+    painter.setBrush(colour);
+  painter.setPen(QPen(colour.isValid() ? colour : QColor(0x80, 0x88, 0x90), 3));
+  painter.drawEllipse(dot.rect().adjusted(8, 8, -8, -8));
+  return QIcon(dot);
+}
+
+QIcon CloseIcon() {
+  QPixmap cross(2 * IconSize, 2 * IconSize);
+  cross.fill(Qt::transparent);
+  QPainter painter(&cross);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(QColor(0xa8, 0xb0, 0xb8), 3, Qt::SolidLine, Qt::RoundCap));
+  painter.drawLine(10, 10, 22, 22);
+  painter.drawLine(22, 10, 10, 22);
+  return QIcon(cross);
+}
+
+} // namespace
+
+TCaptionBar::TCaptionBar(QWidget* parent) : QWidget(parent), caption_(new QLabel(this)) {
+  setObjectName(QStringLiteral("captionBar"));
+  setAttribute(Qt::WA_StyledBackground);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(8, 2, 2, 2);
+  row->setSpacing(2);
+  caption_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  row->addWidget(caption_, 1);
+  buttonRow_ = new QHBoxLayout;
+  buttonRow_->setSpacing(2);
+  row->addLayout(buttonRow_);
+  group_ = AddTool(row);
+  group_->setPopupMode(QToolButton::InstantPopup);
+  BuildGroupMenu();
+  close_ = AddTool(row);
+  close_->setIcon(CloseIcon());
+  connect(close_, &QToolButton::clicked, this, &TCaptionBar::CloseClicked);
+  SetGroup({});
+}
+
+void TCaptionBar::SetCaption(const QString& caption) { caption_->setText(caption); }
+
+void TCaptionBar::SetButtons(const std::vector<Viewinterface::TCaptionButton*>& buttons,
+                             const Platform::TcxImageList* images) {
+  FitButtons(buttons.size());
+  for (std::size_t i = 0; i < buttons.size(); ++i) {
+    const QIcon icon = images ? images->Image(buttons[i]->ImageIndex) : QIcon();
+    buttons_[i]->setIcon(icon);
+    buttons_[i]->setToolTip(QString::fromStdString(buttons[i]->Hint));
+    buttons_[i]->setText(icon.isNull() ? buttons_[i]->toolTip() : QString());
+  }
+}
+
+void TCaptionBar::SetGroup(const QString& group) {
+  const auto known = std::find_if(LinkingGroups.begin(), LinkingGroups.end(),
+                                  [&group](const auto& g) { return group == g.Id; });
+  const bool isKnown = known != LinkingGroups.end();
+  group_->setIcon(GroupIcon(isKnown ? QColor(known->Colour) : QColor()));
+  group_->setText(isKnown ? QString() : group);
+  group_->setToolButtonStyle(isKnown || group.isEmpty() ? Qt::ToolButtonIconOnly
+                                                        : Qt::ToolButtonTextBesideIcon);
+  group_->setToolTip(WindowText("Term_Group"));
+  close_->setToolTip(WindowText("Term_Close"));
+}
+
+QToolButton* TCaptionBar::Button(int index) const {
+  const auto position = static_cast<std::size_t>(index);
+  return index >= 0 && position < buttons_.size() ? buttons_[position] : nullptr;
+}
+
+QToolButton* TCaptionBar::AddTool(QBoxLayout* layout) {
+  auto* tool = new QToolButton(this);
+  tool->setAutoRaise(true);
+  tool->setFocusPolicy(Qt::NoFocus);
+  tool->setIconSize({IconSize, IconSize});
+  layout->addWidget(tool);
+  return tool;
+}
+
+void TCaptionBar::BuildGroupMenu() {
+  auto* menu = new QMenu(group_);
+  const auto offer = [this, menu](const QString& id, const QColor& colour) {
+    auto* action = menu->addAction(GroupIcon(colour), id.isEmpty() ? QStringLiteral("–") : id);
+    connect(action, &QAction::triggered, this, [this, id] { emit GroupChosen(id); });
+  };
+  offer({}, {});
+  for (const auto& group : LinkingGroups)
+    offer(QString::fromLatin1(group.Id), QColor(group.Colour));
+  group_->setMenu(menu);
+}
+
+void TCaptionBar::FitButtons(std::size_t count) {
+  while (buttons_.size() > count) {
+    delete buttons_.back();
+    buttons_.pop_back();
+  }
+  while (buttons_.size() < count) {
+    const int index = static_cast<int>(buttons_.size());
+    buttons_.push_back(AddTool(buttonRow_));
+    connect(buttons_.back(), &QToolButton::clicked, this,
+            [this, index] { emit ButtonClicked(index); });
+    buttons_.back()->show();
+  }
+}
+
+} // namespace Terminal

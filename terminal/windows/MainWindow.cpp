@@ -1,0 +1,232 @@
+#include "terminal/windows/MainWindow.h"
+
+#include "host/BaseDCDataControl.h"
+#include "host/ConstDef.h"
+#include "platform/PopupEdit.h"
+#include "terminal/services/Services.h"
+#include "terminal/windows/WindowTexts.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace Terminal {
+
+namespace {
+
+constexpr int SaveDelay = 500; // milliseconds, so that a burst of changes is one write
+
+/// The view at its own size in the corner of a dock that may be larger.
+QWidget* InCorner(QWidget* view) {
+  auto* room = new QWidget;
+  auto* column = new QVBoxLayout(room);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(view, 0, Qt::AlignLeft | Qt::AlignTop);
+  column->addStretch();
+  return room;
+}
+
+} // namespace
+
+TMainWindow::TMainWindow(const TParts& parts)
+    : parts_(parts), views_(parts.Descriptor, [this] { return Settings(); }),
+      player_(new TPlayerBar(parts.Player, parts.Feed, this)) {
+  setWindowTitle(QStringLiteral("QuorPrice"));
+  setDockNestingEnabled(true);
+  addToolBar(player_);
+  BuildDocks();
+  BuildMenu();
+  BuildShortcuts();
+  connect(&views_, &TViewHost::Opened, this, &TMainWindow::ShowView);
+  connect(&views_, &TViewHost::Closing, this, [this](TViewPane* pane) {
+    docks_[pane->Number()]->deleteLater();
+    docks_.erase(pane->Number());
+    SaveSoon();
+  });
+  connect(&views_, &TViewHost::Notified, this, &TMainWindow::FollowNotification);
+  parts_.Services.Skin.OnChanged = [this] { views_.SetSkin(); };
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (auto* pane = views_.PaneOf(now))
+      active_ = pane;
+  });
+  saveTimer_.setSingleShot(true);
+  connect(&saveTimer_, &QTimer::timeout, this, &TMainWindow::Save);
+}
+
+TMainWindow::~TMainWindow() {
+  // What the views tell while they close must not reach a window that is no longer whole.
+  views_.disconnect(this);
+  disconnect(qApp, nullptr, this, nullptr);
+  parts_.Services.Skin.OnChanged = nullptr;
+}
+
+void TMainWindow::BuildDocks() {
+  ticket_ = new TOrderTicket(parts_.Services.Channels,
+                             [this](System::TObject* sender) { return CaptionOfSender(sender); });
+  ticketDock_ = new QDockWidget(WindowText("Term_OrderTicket"), this);
+  ticketDock_->setObjectName(QStringLiteral("orderTicket"));
+  ticketDock_->setWidget(ticket_);
+  addDockWidget(Qt::RightDockWidgetArea, ticketDock_);
+}
+
+void TMainWindow::BuildShortcuts() {
+  const auto bind = [this](const QKeySequence& keys, auto handler) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, handler);
+  };
+  bind(Qt::CTRL | Qt::Key_L, &TMainWindow::FocusSymbolBox);
+  bind(Qt::Key_Space, [this] { player_->PlayOrPause(); });
+  std::vector<Viewinterface::TCustomViewShortcut> shortcuts;
+  parts_.Descriptor.GetShortCutList(shortcuts);
+  for (std::size_t action = 0; action < shortcuts.size(); ++action)
+    if (shortcuts[action].Key != 0)
+      bind(QKeySequence(shortcuts[action].Key), [this, action] {
+        parts_.Descriptor.ExecuteShortcutAction(static_cast<int>(action));
+      });
+}
+
+TViewSettings TMainWindow::Settings() const {
+  const int scale = parts_.Services.Config.ReadInteger(Constdef::Section_TradePlatform, "ScaleSize");
+  const QFont font = QApplication::font();
+  const int size = font.pointSize() * std::max(scale, Constdef::ScalePPI_100) /
+                   Constdef::ScalePPI_100;
+  return {parts_.Services.Languages.CurrentLanguage(), font.family(), size};
+}
+
+void TMainWindow::RestoreViews(const std::string& layoutData) {
+  const auto saved = parts_.State.Views();
+  for (const auto& view : saved)
+    if (auto* pane = views_.Open(view.LayoutData))
+      pane->SetGroup(view.Group);
+  if (saved.empty())
+    views_.Open(layoutData);
+  const TSavedWindow window = parts_.State.Window();
+  restoreGeometry(window.Geometry);
+  restoreState(window.Docks);
+  parts_.Services.Config.SetLayoutReady(true);
+  parts_.Services.Channels.Send(Constdef::Channel_LayoutLoaded, nullptr, nullptr);
+  parts_.Services.Channels.Send(Constdef::Channel_MainFormShown, nullptr, nullptr);
+}
+
+void TMainWindow::NewView() {
+  const auto* active = ActivePane();
+  views_.Open(active ? active->LayoutData() : std::string());
+}
+
+void TMainWindow::ShowView(TViewPane* pane) {
+  auto* dock = new QDockWidget(this);
+  dock->setObjectName(QStringLiteral("view%1").arg(docks_.size() + 1));
+  dock->setTitleBarWidget(pane->TakeCaptionBar());
+  dock->setWidget(InCorner(pane));
+  addDockWidget(Qt::LeftDockWidgetArea, dock, Qt::Horizontal);
+  docks_[pane->Number()] = dock;
+  connect(dock, &QDockWidget::dockLocationChanged, this, &TMainWindow::SaveSoon);
+  connect(dock, &QDockWidget::topLevelChanged, this, &TMainWindow::SaveSoon);
+  active_ = pane;
+  SaveSoon();
+}
+
+void TMainWindow::FollowNotification(int number, int code) {
+  if (code == Constdef::Notify_LayoutChanged || code == Constdef::Notify_SymbolChanged)
+    SaveSoon();
+  auto* pane = views_.Pane(number);
+  if (code == Constdef::Notify_Shortcut && pane)
+    pane->View()->setFocus(Qt::ShortcutFocusReason);
+}
+
+TViewPane* TMainWindow::ActivePane() const {
+  if (active_)
+    return active_;
+  const auto panes = views_.Panes();
+  return panes.empty() ? nullptr : panes.front();
+}
+
+void TMainWindow::FocusSymbolBox() {
+  const auto* pane = ActivePane();
+  auto* box = pane ? pane->View()->findChild<Platform::TcxPopupEdit*>() : nullptr;
+  if (!box || !box->isVisible())
+    return;
+  box->window()->activateWindow();
+  box->setFocus(Qt::ShortcutFocusReason);
+  box->selectAll();
+}
+
+QString TMainWindow::CaptionOfSender(System::TObject* sender) const {
+  const auto* control = dynamic_cast<Basedcdatacontrol::TCustomDataControl*>(sender);
+  for (const auto* pane : views_.Panes())
+    if (control && control->Owner() == pane->Instance())
+      return QString::fromStdString(pane->Caption());
+  return {};
+}
+
+void TMainWindow::OpenRecording() {
+  const QString file = QFileDialog::getOpenFileName(this, WindowText("Term_OpenRecording"), {},
+                                                    QStringLiteral("*.jsonl"));
+  if (file.isEmpty())
+    return;
+  const QString error = parts_.Player.Open(file);
+  if (error.isEmpty())
+    parts_.Player.Play();
+  else
+    QMessageBox::warning(this, windowTitle(), error);
+}
+
+void TMainWindow::OpenPreferences() {
+  if (!preferences_)
+    preferences_ =
+        std::make_unique<TPreferenceDialog>(parts_.Services.Config, parts_.Descriptor, this);
+  preferences_->Open();
+}
+
+void TMainWindow::SetLanguage(int language) {
+  parts_.Services.Languages.SetLanguage(language);
+  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "Language",
+                                     std::to_string(language), true);
+  views_.SetLanguage(language);
+  if (preferences_)
+    preferences_->SetLanguage(language);
+  ticketDock_->setWindowTitle(WindowText("Term_OrderTicket"));
+  ticket_->SetTexts();
+  player_->SetTexts();
+  BuildMenu();
+}
+
+void TMainWindow::SetSkin(const QString& name) {
+  parts_.Services.Skin.Select(name.toStdString());
+  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "Skin", name.toStdString(),
+                                     true);
+}
+
+void TMainWindow::SetScale(int perCent) {
+  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "ScaleSize",
+                                     std::to_string(perCent), true);
+  const TViewSettings settings = Settings();
+  for (const auto* pane : views_.Panes())
+    parts_.Descriptor.SetFont(pane->Handle(), settings.FontName.toStdString(), settings.FontSize,
+                              0);
+  parts_.Services.Channels.Send(Constdef::Channel_ScaleChanged, nullptr, nullptr);
+}
+
+void TMainWindow::SaveSoon() {
+  if (!closing_)
+    saveTimer_.start(SaveDelay);
+}
+
+void TMainWindow::Save() {
+  std::vector<TSavedView> views;
+  for (const auto* pane : views_.Panes())
+    views.push_back({pane->LayoutData(), pane->Group()});
+  parts_.State.StoreViews(views);
+  parts_.State.StoreWindow({saveGeometry(), saveState()});
+}
+
+void TMainWindow::closeEvent(QCloseEvent* event) {
+  Save();
+  closing_ = true;
+  event->accept();
+}
+
+} // namespace Terminal

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "terminal/MarketFeed.h"
+#include "terminal/SavedState.h"
+#include "terminal/windows/OrderTicket.h"
+#include "terminal/windows/PlayerBar.h"
+#include "terminal/windows/PreferenceDialog.h"
+#include "terminal/windows/ViewHost.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+class QDockWidget;
+
+namespace Terminal {
+
+class TServices;
+
+/// The terminal's window: price views in docks, order ticket, player bar and menu. Everything is
+/// kept as it changes and put back at the next start.
+class TMainWindow : public QMainWindow {
+  Q_OBJECT
+
+public:
+  /// What the window works with. All of it outlives the window.
+  struct TParts {
+    TServices& Services;
+    Baseview::TIBaseView& Descriptor;
+    ReplayPlayer& Player;
+    TMarketFeed& Feed;
+    TSavedState& State;
+  };
+
+  explicit TMainWindow(const TParts& parts);
+  ~TMainWindow() override;
+
+  /// Puts back the views of the last run; without any, opens one with `layoutData`.
+  void RestoreViews(const std::string& layoutData);
+
+  TViewHost& Views() { return views_; }
+
+protected:
+  void closeEvent(QCloseEvent* event) override;
+
+private:
+  /// A setting's value and its text.
+  using TChoice = std::pair<QString, QString>;
+
+  void BuildMenu();
+  void BuildFileMenu();
+  void BuildViewMenu();
+  void BuildSettingsMenu();
+  void AddSettings(QMenu* menu, const QString& caption, const QString& present,
+                   const std::vector<TChoice>& choices,
+                   const std::function<void(const QString&)>& choose);
+  void BuildShortcuts();
+  void BuildDocks();
+
+  TViewSettings Settings() const;
+  void NewView();
+  void ShowView(TViewPane* pane);
+  void FollowNotification(int number, int code);
+  void FocusSymbolBox();
+  TViewPane* ActivePane() const;
+  QString CaptionOfSender(System::TObject* sender) const;
+
+  void OpenRecording();
+  void OpenPreferences();
+  void SetLanguage(int language);
+  void SetSkin(const QString& name);
+  void SetScale(int perCent);
+
+  void SaveSoon();
+  void Save();
+
+  TParts parts_;
+  TViewHost views_;
+  std::map<int, QDockWidget*> docks_; ///< by view
+  QPointer<TViewPane> active_;
+  TOrderTicket* ticket_ = nullptr;
+  QDockWidget* ticketDock_ = nullptr;
+  TPlayerBar* player_;
+  std::unique_ptr<TPreferenceDialog> preferences_;
+  QTimer saveTimer_;
+  bool closing_ = false;
+};
+
+} // namespace Terminal

@@ -1,0 +1,90 @@
+#include "terminal/windows/MainWindow.h"
+
+#include "host/ConstDef.h"
+#include "terminal/services/Services.h"
+#include "terminal/windows/WindowTexts.h"
+
+#include <QActionGroup>
+#include <QDockWidget>
+#include <QMenuBar>
+
+// The menu bar. It is built anew for a change of language.
+
+namespace Terminal {
+
+void TMainWindow::BuildMenu() {
+  menuBar()->clear();
+  BuildFileMenu();
+  BuildViewMenu();
+  BuildSettingsMenu();
+}
+
+void TMainWindow::BuildFileMenu() {
+  auto* menu = menuBar()->addMenu(WindowText("Term_File"));
+  menu->addAction(WindowText("Term_OpenRecording"), QKeySequence::Open, this,
+                  &TMainWindow::OpenRecording);
+  menu->addAction(WindowText("Term_Quit"), QKeySequence::Quit, this, &QWidget::close);
+}
+
+// Where the view stands in the menu is the descriptor's choice: parents first, the item last.
+void TMainWindow::BuildViewMenu() {
+  auto& descriptor = parts_.Descriptor;
+  if (!descriptor.GetIsVisible())
+    return;
+  const int item = descriptor.GetMenuLevel() - 1;
+  QMenu* menu = nullptr;
+  for (int entry = 0; entry < item; ++entry) {
+    const QString caption = WindowText(descriptor.GetMenuCaption(entry).c_str());
+    menu = menu ? menu->addMenu(caption) : menuBar()->addMenu(caption);
+  }
+  if (!menu)
+    menu = menuBar()->addMenu(WindowText("Term_View"));
+  menu->addAction(WindowText(descriptor.GetMenuCaption(item).c_str()), Qt::CTRL | Qt::Key_N, this,
+                  &TMainWindow::NewView);
+}
+
+void TMainWindow::AddSettings(QMenu* menu, const QString& caption, const QString& present,
+                              const std::vector<TChoice>& choices,
+                              const std::function<void(const QString&)>& choose) {
+  auto* submenu = menu->addMenu(caption);
+  auto* group = new QActionGroup(submenu);
+  for (const auto& [value, text] : choices) {
+    auto* action = submenu->addAction(text);
+    action->setCheckable(true);
+    action->setChecked(value == present);
+    group->addAction(action);
+    // Later, since the choice may build the menu anew.
+    connect(action, &QAction::triggered, this, [choose, value = value] { choose(value); },
+            Qt::QueuedConnection);
+  }
+}
+
+void TMainWindow::BuildSettingsMenu() {
+  auto& services = parts_.Services;
+  auto* menu = menuBar()->addMenu(WindowText("Term_Settings"));
+  AddSettings(menu, WindowText("Term_Language"),
+              QString::number(services.Languages.CurrentLanguage()),
+              {{"1", WindowText("Term_LanguageTraditionalChinese")},
+               {"2", WindowText("Term_LanguageSimplifiedChinese")},
+               {"3", WindowText("Term_LanguageEnglish")}},
+              [this](const QString& language) { SetLanguage(language.toInt()); });
+  std::vector<TChoice> skins;
+  for (const auto& skin : BuiltInSkins())
+    skins.emplace_back(QString::fromStdString(skin.Name),
+                       WindowText(("Term_" + skin.Name).c_str()));
+  AddSettings(menu, WindowText("Term_Skin"), QString::fromStdString(services.Skin.Current().Name),
+              skins, [this](const QString& name) { SetSkin(name); });
+  std::vector<TChoice> scales;
+  for (const char* scale : {"100", "115", "125", "135", "150"})
+    scales.emplace_back(scale, QStringLiteral("%1 %").arg(QLatin1String(scale)));
+  const int scale = services.Config.ReadInteger(Constdef::Section_TradePlatform, "ScaleSize");
+  AddSettings(menu, WindowText("Term_Scale"),
+              QString::number(std::max(scale, Constdef::ScalePPI_100)), scales,
+              [this](const QString& perCent) { SetScale(perCent.toInt()); });
+  menu->addAction(ticketDock_->toggleViewAction());
+  menu->addSeparator();
+  menu->addAction(WindowText("Term_Preferences"), Qt::CTRL | Qt::Key_Comma, this,
+                  &TMainWindow::OpenPreferences);
+}
+
+} // namespace Terminal

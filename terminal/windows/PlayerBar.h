@@ -1,0 +1,50 @@
+#pragma once
+
+#include "terminal/MarketFeed.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QSlider>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace Terminal {
+
+/// What drives the market that is played, and what it is: a simulation or a replay, its clock, and
+/// how old the data is that the views show.
+class TPlayerBar : public QToolBar {
+  Q_OBJECT
+
+public:
+  /// Both outlive the bar.
+  TPlayerBar(ReplayPlayer& player, const TMarketFeed& feed, QWidget* parent);
+
+  void PlayOrPause();
+  void SetTexts();
+
+private:
+  void BuildSpeeds();
+  void BuildPosition();
+  void FollowPlayer();
+  void ShowState();
+  void ShowSpeed();
+  void ShowMark();
+  void ShowPosition(TTimeOfDay position);
+  void ShowAge();
+  TTimeOfDay SliderTime() const;
+
+  ReplayPlayer& player_;
+  const TMarketFeed& feed_;
+  QLabel* mark_;
+  QToolButton* play_;
+  QComboBox* speed_;
+  QSlider* position_;
+  QProgressBar* progress_;
+  QLabel* clock_;
+  QLabel* age_;
+  QTimer ageTimer_;
+};
+
+} // namespace Terminal

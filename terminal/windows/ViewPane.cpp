@@ -1,0 +1,107 @@
+#include "terminal/windows/ViewPane.h"
+
+#include "platform/Grid.h"
+#include "terminal/windows/CaptionBar.h"
+
+#include <QVBoxLayout>
+
+namespace Terminal {
+
+TViewPane::TViewPane(int number, Baseview::TIBaseView& descriptor,
+                     Baseview::TInstanceHandle handle)
+    : number_(number), descriptor_(descriptor), handle_(handle), bar_(new TCaptionBar(this)),
+      view_(Instance()->Widget()) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  column->addWidget(bar_);
+  column->addWidget(view_);
+  view_->show();
+  connect(bar_, &TCaptionBar::CloseClicked, this, &TViewPane::CloseAsked);
+  connect(bar_, &TCaptionBar::ButtonClicked, this,
+          [this](int index) { descriptor_.HandleCaptionButtonClick(handle_, index); });
+  connect(bar_, &TCaptionBar::GroupChosen, this,
+          [this](const QString& group) { SetGroup(group.toStdString()); });
+}
+
+// The view first: it answers for its widget and closes its pop-ups itself.
+TViewPane::~TViewPane() { descriptor_.CloseInstance(handle_); }
+
+Baseview::TIBaseView* TViewPane::Instance() const {
+  return reinterpret_cast<Baseview::TIBaseView*>(handle_);
+}
+
+std::string TViewPane::Caption() const {
+  std::string caption;
+  descriptor_.GetViewCaption(handle_, caption);
+  return caption;
+}
+
+std::vector<Viewinterface::TCaptionButton*> TViewPane::CaptionButtons() const {
+  std::vector<Viewinterface::TCaptionButton*> buttons;
+  descriptor_.GetViewCaptionButtons(handle_, buttons);
+  return buttons;
+}
+
+QToolButton* TViewPane::CaptionTool(int index) const { return bar_->Button(index); }
+
+std::string TViewPane::Group() const {
+  std::string group;
+  descriptor_.GetGroupID(handle_, group);
+  return group;
+}
+
+void TViewPane::SetGroup(const std::string& group) {
+  descriptor_.SetGroupID(handle_, group);
+  RefreshCaption();
+}
+
+std::string TViewPane::LayoutData() const { return descriptor_.GetLayoutData(handle_); }
+
+QWidget* TViewPane::TakeCaptionBar() {
+  layout()->removeWidget(bar_);
+  return bar_;
+}
+
+void TViewPane::ApplyPreferredSize() {
+  int width = preferred_.width();
+  int height = preferred_.height();
+  descriptor_.GetWidth(handle_, width);
+  descriptor_.GetHeight(handle_, height);
+  preferred_ = {width, height};
+  view_->setFixedSize(preferred_);
+}
+
+void TViewPane::RefreshCaption() {
+  bar_->SetCaption(QString::fromStdString(Caption()));
+  Platform::TcxImageList* images = nullptr;
+  descriptor_.GetViewCaptionButtonImageList(handle_, images);
+  bar_->SetButtons(CaptionButtons(), images);
+  bar_->SetGroup(QString::fromStdString(Group()));
+}
+
+void TViewPane::RepaintView() {
+  for (auto* grid : findChildren<Platform::TcxGrid*>())
+    if (grid->View())
+      grid->View()->Repaint();
+  view_->update();
+}
+
+QWidget* TViewPane::OpenPopup() {
+  auto* window = new QWidget(this, Qt::Tool);
+  window->setAttribute(Qt::WA_DeleteOnClose);
+  const int index = popups_.empty() ? 1 : popups_.back().Index + 1;
+  popups_.push_back({index, window});
+  return window;
+}
+
+std::vector<TViewPane::TPopup> TViewPane::Popups() const {
+  std::vector<TPopup> open;
+  for (const TPopup& popup : popups_)
+    if (popup.Window && popup.Window->isVisible())
+      open.push_back(popup);
+  return open;
+}
+
+} // namespace Terminal

@@ -1,0 +1,271 @@
+#include "terminal/services/EditorManager.h"
+
+#include "platform/PopupEdit.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCompleter>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Platform::TcxPopupEdit;
+using Terminal::TEditorManager;
+using Terminal::TSymbolDirectory;
+
+class SymbolBox : public testing::Test {
+protected:
+  SymbolBox() {
+    Symbols.Add("700", "TENCENT");
+    Symbols.Add("5", "HSBC HOLDINGS");
+    Symbols.Add("09988");
+    auto* layout = new QVBoxLayout(&window_);
+    layout->addWidget(Edit);
+    layout->addWidget(new QLineEdit);
+    QObject::connect(Edit, &TcxPopupEdit::Exited, [this] { Heard.append(Edit->Hint()); });
+    QObject::connect(Edit, &TcxPopupEdit::KeyDown, [this](int key) {
+      if (key == 13)
+        Heard.append(Edit->Hint());
+    });
+    Manager.RegisterSymbolEditor(Edit, "A", true, true);
+    Manager.OnUserSymbol = [this](TcxPopupEdit*, std::string_view group, std::string_view symbol) {
+      Passed.append(QString("%1:%2 after %3")
+                        .arg(QString::fromStdString(std::string(group)),
+                             QString::fromStdString(std::string(symbol)))
+                        .arg(Heard.size()));
+    };
+    window_.show();
+    QApplication::setActiveWindow(&window_);
+    Edit->setFocus();
+  }
+  ~SymbolBox() override { Manager.RemoveSymbolEditor(Edit); }
+
+  void Type(const QString& text) {
+    Edit->selectAll();
+    QTest::keyClicks(Edit, text);
+  }
+  /// A key goes to the list of completions while that is open, which hands it on.
+  void Press(Qt::Key key) {
+    auto* list = QApplication::activePopupWidget();
+    QTest::keyClick(list ? list : Edit, key);
+  }
+  void Enter(const QString& text) {
+    Type(text);
+    Press(Qt::Key_Return);
+  }
+  void Leave() { Press(Qt::Key_Tab); }
+  void SetByProgram(const QString& text) {
+    Edit->setText(text);
+    Edit->PerformExit();
+  }
+
+  TSymbolDirectory Symbols;
+  TEditorManager Manager{Symbols};
+  TcxPopupEdit* Edit = new TcxPopupEdit;
+  QStringList Heard;  ///< the hint each time the owner was told
+  QStringList Passed; ///< what went on to the group
+
+private:
+  QWidget window_;
+};
+
+TEST(SymbolDirectory, FindsAListedSymbolInEveryFormATraderTypes) {
+  TSymbolDirectory symbols;
+  symbols.Add("700", "TENCENT");
+  symbols.Add("09988", "BABA-W");
+  symbols.Add("AAPL");
+  symbols.Add("00700X");
+  for (const auto* text : {"700", "00700", "0700.HK", "700.hk", " 700 ", "tencent", "Tencent ",
+                           "７００", "700  TENCENT", "700 tencent"})
+    EXPECT_EQ(symbols.Resolve(text), symbols.Resolve("700")) << text;
+  EXPECT_EQ(symbols.Resolve("700"), "700");
+  EXPECT_EQ(symbols.Resolve("9988"), "09988");
+  EXPECT_EQ(symbols.Resolve("aapl"), "AAPL");
+  EXPECT_EQ(symbols.Resolve("00700x"), "00700X");
+  for (const auto* text : {"", " ", "70", "7000", "TENC", "701", ".HK", "700 BABA-W", "700X", "0"})
+    EXPECT_EQ(symbols.Resolve(text), std::nullopt) << text;
+}
+
+TEST(SymbolDirectory, TheSymbolAsListedGoesBeforeTheOneThatReadsTheSame) {
+  TSymbolDirectory symbols;
+  symbols.Add("700");
+  symbols.Add("00700");
+  EXPECT_EQ(symbols.Resolve("00700"), "00700");
+  EXPECT_EQ(symbols.Resolve("700"), "700");
+  EXPECT_EQ(symbols.Resolve("0700"), "700");
+}
+
+TEST(SymbolDirectory, AChangedNameReplacesTheFormerOne) {
+  TSymbolDirectory symbols;
+  symbols.Add("700", "OLD NAME");
+  const auto revision = symbols.Revision();
+  symbols.Add("700", "NEW NAME");
+  EXPECT_EQ(symbols.Resolve("old name"), std::nullopt);
+  EXPECT_EQ(symbols.Resolve("new name"), "700");
+  EXPECT_GT(symbols.Revision(), revision);
+  symbols.Add("700");
+  EXPECT_EQ(symbols.Entries().size(), 1U);
+  EXPECT_EQ(TSymbolDirectory::Text(symbols.Entries()[0]), "700  NEW NAME");
+}
+
+TEST_F(SymbolBox, EnterResolvesWhatWasTyped) {
+  Enter("0700.HK");
+  EXPECT_EQ(Edit->Hint(), "700");
+  EXPECT_EQ(Edit->text(), "700");
+  EXPECT_EQ(Heard, QStringList{"700"});
+  Enter("9988");
+  EXPECT_EQ(Edit->Hint(), "09988");
+  EXPECT_EQ(Edit->text(), "09988");
+}
+
+TEST_F(SymbolBox, LeavingTheBoxResolvesWhatWasTyped) {
+  Type("tencent");
+  EXPECT_EQ(Edit->Hint(), "");
+  Leave();
+  EXPECT_EQ(Edit->Hint(), "700");
+  EXPECT_EQ(Edit->text(), "700");
+  EXPECT_EQ(Heard, QStringList{"700"});
+}
+
+TEST_F(SymbolBox, AnUnknownSymbolStaysSelectedAfterEnterAndGivesWayWhenTheBoxIsLeft) {
+  Enter("700");
+  Enter("12345");
+  EXPECT_EQ(Edit->Hint(), "700");
+  EXPECT_EQ(Edit->text(), "12345");
+  EXPECT_EQ(Edit->selectedText(), "12345");
+  Leave();
+  EXPECT_EQ(Edit->Hint(), "700");
+  EXPECT_EQ(Edit->text(), "700");
+}
+
+TEST_F(SymbolBox, AClearedBoxShowsItsSymbolAgainWhenItIsLeft) {
+  Enter("700");
+  Edit->selectAll();
+  Press(Qt::Key_Delete);
+  Leave();
+  EXPECT_EQ(Edit->text(), "700");
+}
+
+TEST_F(SymbolBox, ATextThatIsTheHintIsNotResolved) {
+  Edit->SetHint("NOT LISTED");
+  SetByProgram("NOT LISTED");
+  EXPECT_EQ(Edit->Hint(), "NOT LISTED");
+  EXPECT_EQ(Edit->text(), "NOT LISTED");
+  EXPECT_EQ(Heard, QStringList{"NOT LISTED"});
+}
+
+TEST_F(SymbolBox, AnUnknownSymbolThatCameByProgramGivesWayAtOnce) {
+  Enter("700");
+  SetByProgram("12345");
+  EXPECT_EQ(Edit->Hint(), "700");
+  EXPECT_EQ(Edit->text(), "700");
+}
+
+TEST_F(SymbolBox, ASymbolThatTheUserEntersGoesOnToTheGroupAfterItsOwnerHeard) {
+  Enter("00700");
+  Enter("0700.HK");
+  Type("5");
+  Leave();
+  EXPECT_EQ(Passed, (QStringList{"A:700 after 1", "A:5 after 3"})) << "the same symbol is no news";
+}
+
+TEST_F(SymbolBox, ASymbolThatCameByProgramDoesNotEcho) {
+  SetByProgram("00700");
+  EXPECT_EQ(Edit->Hint(), "700");
+  Type("12");
+  SetByProgram("5");
+  EXPECT_EQ(Edit->Hint(), "5");
+  EXPECT_EQ(Passed, QStringList());
+}
+
+TEST_F(SymbolBox, ABoxOutsideAnyGroupPassesNothingOn) {
+  Manager.RegisterSymbolEditor(Edit, "", true, true);
+  EXPECT_EQ(Manager.RegistrationCount(), 1U);
+  Enter("700");
+  Manager.RegisterSymbolEditor(Edit, "B", true, true);
+  Enter("5");
+  EXPECT_EQ(Passed, QStringList{"B:5 after 2"});
+}
+
+TEST_F(SymbolBox, OffersListedSymbolsAndNamesWhileTheUserTypes) {
+  auto* completer = Edit->completer();
+  ASSERT_NE(completer, nullptr);
+  Type("hsb");
+  ASSERT_EQ(completer->completionCount(), 1);
+  EXPECT_EQ(completer->currentCompletion(), "5  HSBC HOLDINGS");
+  Symbols.Add("11", "HSBX");
+  Type("hsb");
+  EXPECT_EQ(completer->completionCount(), 2) << "a symbol listed since is offered";
+}
+
+TEST_F(SymbolBox, AnOfferedSymbolIsEnteredByKey) {
+  Type("hsb");
+  auto* list = Edit->completer()->popup();
+  ASSERT_TRUE(list->isVisible());
+  QTest::keyClick(list, Qt::Key_Down);
+  QTest::keyClick(list, Qt::Key_Return);
+  EXPECT_EQ(Edit->Hint(), "5");
+  EXPECT_EQ(Edit->text(), "5");
+  EXPECT_EQ(Passed, QStringList{"A:5 after 1"});
+  EXPECT_FALSE(list->isVisible());
+}
+
+TEST_F(SymbolBox, AnOfferedSymbolIsEnteredByMouse) {
+  Type("hsb");
+  auto* list = Edit->completer()->popup();
+  ASSERT_TRUE(list->isVisible());
+  const auto entry = list->model()->index(0, 0);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(entry).center());
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Edit->Hint() == "5"; }, 2000));
+  EXPECT_EQ(Edit->text(), "5");
+  EXPECT_EQ(Passed, QStringList{"A:5 after 1"});
+}
+
+TEST_F(SymbolBox, IsAnOrdinaryEditOnceItIsRemoved) {
+  Manager.RemoveSymbolEditor(Edit);
+  EXPECT_EQ(Manager.RegistrationCount(), 0U);
+  EXPECT_EQ(Edit->completer(), nullptr);
+  Enter("700");
+  EXPECT_EQ(Edit->Hint(), "");
+  EXPECT_EQ(Edit->text(), "700");
+}
+
+TEST_F(SymbolBox, MayResolveOnEnterOnly) {
+  Manager.RegisterSymbolEditor(Edit, "A", false, false);
+  EXPECT_EQ(Edit->completer(), nullptr);
+  Type("00700");
+  Leave();
+  EXPECT_EQ(Edit->Hint(), "");
+  Edit->setFocus();
+  QTest::keyClick(Edit, Qt::Key_Return);
+  EXPECT_EQ(Edit->Hint(), "700");
+}
+
+TEST_F(SymbolBox, MayBeClosedByWhoTakesItsSymbol) {
+  auto* second = new TcxPopupEdit;
+  Manager.RegisterSymbolEditor(second, "A", true, true);
+  Manager.OnUserSymbol = [&](TcxPopupEdit* edit, std::string_view, std::string_view) {
+    Manager.RemoveSymbolEditor(edit);
+  };
+  QTest::keyClicks(second, "700");
+  QTest::keyClick(second, Qt::Key_Return);
+  EXPECT_EQ(second->Hint(), "700");
+  EXPECT_EQ(Manager.RegistrationCount(), 1U);
+  delete second;
+}
+
+TEST(SymbolBoxes, ABoxThatDiesIsForgotten) {
+  TSymbolDirectory symbols;
+  TEditorManager manager(symbols);
+  {
+    TcxPopupEdit edit;
+    manager.RegisterSymbolEditor(&edit, "A", true, true);
+    EXPECT_EQ(manager.RegistrationCount(), 1U);
+  }
+  EXPECT_EQ(manager.RegistrationCount(), 0U);
+}
+
+} // namespace

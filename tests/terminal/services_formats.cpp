@@ -1,0 +1,243 @@
+#include "terminal/services/Formatters.h"
+#include "terminal/services/NumberTexts.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+using Terminal::TFormatter;
+using Terminal::TMarketDataFormatter;
+using Terminal::TRecordChange;
+
+class Formats : public testing::Test {
+protected:
+  Formats() {
+    Market.DefineSpreadTables({{"01", 1, {{0, 0.25, 0.001}, {0.25, 100, 0.05}, {100, 500, 0.2}}},
+                               {"02", 0, {{0, 500, 0.001}}}});
+  }
+
+  const Terminal::TRecord& Record(std::vector<std::pair<int, std::optional<std::string>>> fields) {
+    TRecordChange change;
+    change.Symbol = "S" + std::to_string(++made_);
+    change.Fields = std::move(fields);
+    Adapter.Apply(change);
+    return *Adapter.Find(change.Symbol);
+  }
+
+  /// "refused" when the formatter refuses.
+  std::string Price(const Terminal::TRecord& record, int field) {
+    std::string text = "left over";
+    const bool given = MarketData.FormatPrice(record, field, text);
+    EXPECT_EQ(given, !text.empty());
+    return given ? text : "refused";
+  }
+  std::string PriceOf(const std::string& text) { return Price(Record({{5000, text}}), 5000); }
+  std::string PriceOf(const std::string& text, const std::string& table,
+                      const std::string& nominal) {
+    return Price(Record({{5000, text}, {73, table}, {3, nominal}}), 5000);
+  }
+  std::string VolumeOf(const std::string& given) {
+    std::string text = "left over";
+    const bool shown = MarketData.FormatVolume(Record({{17, given}}), 17, text);
+    EXPECT_EQ(shown, !text.empty());
+    return shown ? text : "refused";
+  }
+  std::string Change(const Terminal::TRecord& record) {
+    std::string text = "left over";
+    const bool given = MarketData.FormatChange(record, text);
+    EXPECT_EQ(given, !text.empty());
+    return given ? text : "refused";
+  }
+  std::string ChangePercent(const Terminal::TRecord& record) {
+    std::string text = "left over";
+    const bool given = MarketData.FormatChangePercent(record, text);
+    EXPECT_EQ(given, !text.empty());
+    return given ? text : "refused";
+  }
+
+  Terminal::TSymbolDirectory Symbols;
+  Terminal::TTradeSideDetector Trades;
+  Terminal::TMarketAdapter Market{Symbols};
+  Terminal::TSubscribeAdapter Adapter{Symbols, Trades};
+  TFormatter Formatter{Market, Adapter};
+  TMarketDataFormatter MarketData{Market};
+
+private:
+  int made_ = 0;
+};
+
+TEST_F(Formats, AWholeNumberIsGroupedAndTwoDecimalsAreOnDemand) {
+  EXPECT_EQ(Formatter.FormatNumber(0, 0), "0");
+  EXPECT_EQ(Formatter.FormatNumber(999, 0), "999");
+  EXPECT_EQ(Formatter.FormatNumber(1000, 0), "1,000");
+  EXPECT_EQ(Formatter.FormatNumber(1234567.6, 0), "1,234,568");
+  EXPECT_EQ(Formatter.FormatNumber(-12000, 0), "-12,000");
+  EXPECT_EQ(Formatter.FormatNumber(-123, 0), "-123");
+  EXPECT_EQ(Formatter.FormatNumber(0, 1), "0.00");
+  EXPECT_EQ(Formatter.FormatNumber(1234.5, 1), "1,234.50");
+  EXPECT_EQ(Formatter.FormatNumber(-0.001, 1), "0.00");
+  EXPECT_EQ(Formatter.FormatNumber(12.346, 1), "12.35");
+  EXPECT_EQ(Formatter.FormatNumber(std::nan(""), 1), "");
+}
+
+TEST_F(Formats, AQuantityIsGroupedAndKeepsAFraction) {
+  EXPECT_EQ(Formatter.FormatQuantity(0), "0");
+  EXPECT_EQ(Formatter.FormatQuantity(12000), "12,000");
+  EXPECT_EQ(Formatter.FormatQuantity(9556000000), "9,556,000,000");
+  EXPECT_EQ(Formatter.FormatQuantity(1234.5), "1,234.5");
+}
+
+TEST_F(Formats, AnAmountIsFullAndHasCentsWhenItHasAFraction) {
+  EXPECT_EQ(Formatter.FormatAmount("700", 0), "0");
+  EXPECT_EQ(Formatter.FormatAmount("700", 999999), "999,999");
+  EXPECT_EQ(Formatter.FormatAmount("700", 1234.5), "1,234.50");
+  EXPECT_EQ(Formatter.FormatAmount("700", 1999.999), "2,000");
+  EXPECT_EQ(Formatter.FormatAmount("700", 3012345678901), "3,012,345,678,901");
+}
+
+TEST_F(Formats, AnAbbreviatedAmountIsInThousandsMillionsOrBillions) {
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(0, 2), "0");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(950.255, 2), "950.25");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(1500, 2), "1.5K");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(1000000, 2), "1M");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(1234567, 2), "1.23M");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(4560000000, 2), "4.56B");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(3012345678901, 1), "3,012.3B");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(999999999, 2), "1B");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(999994999, 2), "999.99M");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(-1234567, 0), "-1M");
+}
+
+TEST_F(Formats, APriceHasTheDecimalsOfItsStepAtTheNominalPrice) {
+  EXPECT_EQ(PriceOf("318", "01", "318.2"), "318.0");
+  EXPECT_EQ(PriceOf("318.2", "01", "318.2"), "318.2");
+  EXPECT_EQ(PriceOf("60.1", "01", "60"), "60.10");
+  EXPECT_EQ(PriceOf("0.2", "01", "0.21"), "0.200");
+  EXPECT_EQ(PriceOf("0", "01", "60"), "0.00");
+  EXPECT_EQ(PriceOf("318.200000", "01", "318.2"), "318.2");
+}
+
+TEST_F(Formats, APriceIsNeverCut) {
+  EXPECT_EQ(PriceOf("318.25", "01", "318.2"), "318.25");
+  EXPECT_EQ(PriceOf("60.1234567", "01", "60"), "60.1234567");
+  EXPECT_EQ(PriceOf("60.123450", "01", "60"), "60.12345");
+}
+
+TEST_F(Formats, WithoutASpreadTableThatIsReadyAPriceStaysAsTheFeedGaveIt) {
+  EXPECT_EQ(PriceOf("318.20"), "318.20");
+  EXPECT_EQ(PriceOf("318"), "318");
+  EXPECT_EQ(PriceOf("318.2", "02", "318.2"), "318.2") << "table not ready";
+  EXPECT_EQ(PriceOf("318.2", "99", "318.2"), "318.2") << "table unknown";
+  EXPECT_EQ(PriceOf("9000.50", "01", "9000"), "9000.50") << "outside the bands";
+}
+
+TEST_F(Formats, TheStepIsThatOfThePreviousCloseOrTheBestPricesUntilThereIsANominal) {
+  EXPECT_EQ(Price(Record({{73, "01"}, {31, "60"}, {1, "0.2"}}), 31), "60.00");
+  EXPECT_EQ(Price(Record({{73, "01"}, {3, "0"}, {1, "0.2"}, {2, "60"}}), 1), "0.200");
+  EXPECT_EQ(Price(Record({{73, "01"}, {2, "60"}}), 2), "60.00");
+}
+
+TEST_F(Formats, APriceTextThatIsNotPlainIsReadAsANumberOrShownAsItStands) {
+  EXPECT_EQ(PriceOf(" 318.2 "), "318.2");
+  EXPECT_EQ(PriceOf("+5.50"), "5.50");
+  EXPECT_EQ(PriceOf("-0.35"), "-0.35");
+  EXPECT_EQ(PriceOf("-0.00"), "0.00");
+  EXPECT_EQ(PriceOf(".5"), "0.5");
+  EXPECT_EQ(PriceOf("1e2"), "100");
+  EXPECT_EQ(PriceOf("007.5", "01", "60"), "7.50");
+  EXPECT_EQ(PriceOf("N/A"), "N/A");
+  EXPECT_EQ(PriceOf("1,234.5"), "1,234.5");
+}
+
+TEST_F(Formats, APriceIsRefusedWithoutAReadyRecordFieldAndText) {
+  EXPECT_EQ(Price(Record({{1, ""}}), 1), "refused");
+  EXPECT_EQ(Price(Record({{2, "5"}}), 1), "refused");
+  TRecordChange rejected;
+  rejected.Symbol = "X";
+  rejected.State = 2;
+  rejected.Fields = {{1, "5"}, {17, "5"}, {48, "5"}, {130, "5"}, {3, "5"}, {31, "4"}};
+  Adapter.Apply(rejected);
+  const auto& record = *Adapter.Find("X");
+  std::string text;
+  EXPECT_EQ(Price(record, 1), "refused");
+  EXPECT_FALSE(MarketData.FormatVolume(record, 17, text));
+  EXPECT_EQ(Change(record), "refused");
+  EXPECT_EQ(ChangePercent(record), "refused");
+}
+
+TEST_F(Formats, APriceOfASymbolFollowsItsSpreadTableOrThePrecisionAskedFor) {
+  TRecordChange change;
+  change.Symbol = "700";
+  change.Fields = {{73, "01"}, {3, "60"}};
+  Adapter.Apply(change);
+  EXPECT_EQ(Formatter.FormatPrice("700", 0, 318), "318.00");
+  EXPECT_EQ(Formatter.FormatPrice("700", 0, 0.001), "0.001");
+  EXPECT_EQ(Formatter.FormatPrice("700", 0, 0.1 + 0.2), "0.30");
+  EXPECT_EQ(Formatter.FormatPrice("700", 8, 318), "318");
+  EXPECT_EQ(Formatter.FormatPrice("700", 6, 0.1234567), "0.123457");
+  EXPECT_EQ(Formatter.FormatPrice("700", 8, 12.5), "12.5");
+  EXPECT_EQ(Formatter.FormatPrice("5", 0, 60.125), "60.125") << "no spread table";
+  EXPECT_EQ(Formatter.FormatPrice("5", 0, 0), "0");
+}
+
+TEST_F(Formats, AVolumeIsGrouped) {
+  EXPECT_EQ(VolumeOf("0"), "0");
+  EXPECT_EQ(VolumeOf("12000"), "12,000");
+  EXPECT_EQ(VolumeOf(" 123 "), "123");
+  EXPECT_EQ(VolumeOf("1234567"), "1,234,567");
+  EXPECT_EQ(VolumeOf("12000.0"), "12,000");
+  EXPECT_EQ(VolumeOf("1234.56"), "1,234.56");
+  EXPECT_EQ(VolumeOf("-1200"), "-1,200");
+  EXPECT_EQ(VolumeOf("00500"), "500");
+  EXPECT_EQ(VolumeOf("n/a"), "n/a");
+  EXPECT_EQ(VolumeOf(""), "refused");
+}
+
+TEST_F(Formats, AChangeHasItsSignAndTheDecimalsOfThePrice) {
+  EXPECT_EQ(Change(Record({{48, "1.2"}, {73, "01"}, {3, "60"}})), "+1.20");
+  EXPECT_EQ(Change(Record({{48, "-0.35"}, {73, "01"}, {3, "60"}})), "-0.35");
+  EXPECT_EQ(Change(Record({{48, "0"}, {73, "01"}, {3, "60"}})), "0.00");
+  EXPECT_EQ(Change(Record({{48, "+1.20"}})), "+1.20");
+  EXPECT_EQ(Change(Record({{48, "-0.00"}})), "0.00");
+  EXPECT_EQ(Change(Record({{48, "unch"}})), "unch");
+}
+
+TEST_F(Formats, WithoutItsFieldTheChangeIsTheNominalLessThePreviousClose) {
+  EXPECT_EQ(Change(Record({{3, "318.2"}, {31, "317.0"}, {73, "01"}})), "+1.2");
+  EXPECT_EQ(Change(Record({{3, "60.15"}, {31, "60.5"}, {48, ""}})), "-0.35");
+  EXPECT_EQ(Change(Record({{3, "60.50"}, {31, "60.5"}})), "0.00");
+  EXPECT_EQ(Change(Record({{3, "60"}})), "refused");
+  EXPECT_EQ(Change(Record({{31, "60"}, {3, "0"}})), "refused") << "nothing traded yet";
+}
+
+TEST_F(Formats, AChangePercentHasItsSignAndTwoDecimals) {
+  EXPECT_EQ(ChangePercent(Record({{130, "0.379"}})), "+0.38%");
+  EXPECT_EQ(ChangePercent(Record({{130, "-1.5%"}})), "-1.50%");
+  EXPECT_EQ(ChangePercent(Record({{130, "0"}})), "0.00%");
+  EXPECT_EQ(ChangePercent(Record({{130, "-0.001"}})), "0.00%");
+  EXPECT_EQ(ChangePercent(Record({{130, "0.001"}})), "0.00%");
+  EXPECT_EQ(ChangePercent(Record({{130, "n/a"}})), "n/a");
+  EXPECT_EQ(ChangePercent(Record({{3, "318.2"}, {31, "317"}})), "+0.38%");
+  EXPECT_EQ(ChangePercent(Record({{3, "318.2"}})), "refused");
+}
+
+TEST(NumberTexts, ANumberIsTheWholeText) {
+  EXPECT_EQ(Terminal::ParseNumber(" +1.5\t"), 1.5);
+  EXPECT_EQ(Terminal::ParseNumber("1 5"), std::nullopt);
+  EXPECT_EQ(Terminal::ParseNumber("+"), std::nullopt);
+  EXPECT_EQ(Terminal::ParseNumber("  "), std::nullopt);
+  EXPECT_EQ(Terminal::ParseNumber("1e999"), std::nullopt);
+  EXPECT_EQ(Terminal::ParseInteger("-12"), -12);
+  EXPECT_EQ(Terminal::ParseInteger("12.0"), std::nullopt);
+}
+
+TEST(NumberTexts, TheLargestNumberHasAText) {
+  std::string text;
+  Terminal::WriteNumber(text, 1.7976931348623157e308, 0, 8, Terminal::TGrouping::None);
+  EXPECT_EQ(text.size(), 309U);
+  EXPECT_EQ(text.substr(0, 5), "17976");
+}
+
+} // namespace
