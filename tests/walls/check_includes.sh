@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# check_includes.sh ROOT: no include walks out of its layer by way of "..", and none names a header
+# of ours without its layer.
+set -euo pipefail
+cd "$1"
+folders=(host platform model view preferences plugin terminal tests bench)
+if grep -rnE '#include *["<][^">]*\.\.' "${folders[@]}" --include='*.h' --include='*.cpp'; then
+  echo "The includes above walk around the walls between the layers."
+  exit 1
+fi
+if grep -rnE '#include *"[^/"]*\.h"' "${folders[@]}" --include='*.h' --include='*.cpp'; then
+  echo "The includes above name a header without its layer."
+  exit 1
+fi
