@@ -87,7 +87,7 @@ std::ptrdiff_t QueueIndex(TQueueColumn column, int row, int rowCount) {
   return std::ptrdiff_t{row} - 1 + std::ptrdiff_t{column.Place} * (rowCount - 1);
 }
 
-void BrokerQueue::TSide::Update(std::string_view text) {
+void TBrokerQueue::TSide::Update(std::string_view text) {
   if (text == Text)
     return;
   Text = text;
@@ -98,24 +98,24 @@ void BrokerQueue::TSide::Update(std::string_view text) {
   });
 }
 
-void BrokerQueue::Update(std::string_view bidText, std::string_view askText) {
+void TBrokerQueue::Update(std::string_view bidText, std::string_view askText) {
   sides_[Side::Bid].Update(bidText);
   sides_[Side::Ask].Update(askText);
 }
 
-int BrokerQueue::Size(int side) const {
+int TBrokerQueue::Size(int side) const {
   if (side != Side::Bid && side != Side::Ask)
     return 0;
   return static_cast<int>(sides_[static_cast<std::size_t>(side)].Entries.size());
 }
 
-std::string_view BrokerQueue::Entry(std::ptrdiff_t index, int side) const {
+std::string_view TBrokerQueue::Entry(std::ptrdiff_t index, int side) const {
   if (index < 0 || index >= Size(side))
     return {};
   return sides_[static_cast<std::size_t>(side)].Entries[static_cast<std::size_t>(index)];
 }
 
-std::string BrokerQueue::Text(std::ptrdiff_t index, int side, TBrokerStyle style) const {
+std::string TBrokerQueue::Text(std::ptrdiff_t index, int side, TBrokerStyle style) const {
   std::string text = IDText(Entry(index, side));
   if (style == TBrokerStyle::Name && !text.empty())
     if (const auto* broker = TCustomMarketAdapter::GetInstance()->GetBroker(text))
@@ -123,7 +123,7 @@ std::string BrokerQueue::Text(std::ptrdiff_t index, int side, TBrokerStyle style
   return text;
 }
 
-bool BrokerQueue::IsLevelMarker(std::ptrdiff_t index, int side) const {
+bool TBrokerQueue::IsLevelMarker(std::ptrdiff_t index, int side) const {
   return BeginsWithSign(Entry(index, side));
 }
 

@@ -35,11 +35,11 @@ std::ptrdiff_t QueueIndex(TQueueColumn column, int row, int rowCount);
 
 /// The brokers that stand at the best prices of each side, front of the queue first, interleaved
 /// with markers of the price level that they stand at.
-class BrokerQueue {
+class TBrokerQueue {
 public:
-  BrokerQueue() = default;
-  BrokerQueue(const BrokerQueue&) = delete;
-  BrokerQueue& operator=(const BrokerQueue&) = delete;
+  TBrokerQueue() = default;
+  TBrokerQueue(const TBrokerQueue&) = delete;
+  TBrokerQueue& operator=(const TBrokerQueue&) = delete;
 
   /// Takes the comma-separated entries of both sides; a side whose text is as before is kept.
   void Update(std::string_view bidText, std::string_view askText);

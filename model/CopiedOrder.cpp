@@ -52,7 +52,7 @@ double SizeDownTo(const TCustomSubItem& record, TLevelPosition position) {
 std::optional<double> PriceFromBest(const TCustomSubItem& record, TLevelPosition position) {
   const auto* table = ReadySpreadTable(record);
   const auto best = ParseNumber(record.GetText(FieldsOf(position.Side)->Price.front()));
-  if (!table || !best || position.Level == 0)
+  if (!table || !best)
     return std::nullopt;
   const int steps = position.Side == Side::Bid ? -position.Level : position.Level;
   return table->PriceStepsAway(*best, steps);
@@ -108,22 +108,22 @@ double CopyPriceQuantity(const TCustomSubItem* record, TCopyPriceQtyMode mode, i
   }
 }
 
-CopiedOrder::CopiedOrder() : order_(TCustomOrderAdapter::GetInstance()->NewOrder()) {}
+TCopiedOrder::TCopiedOrder() : order_(TCustomOrderAdapter::GetInstance()->NewOrder()) {}
 
-void CopiedOrder::Start(std::string_view symbol) {
+void TCopiedOrder::Start(std::string_view symbol) {
   order_->Clear();
   order_->SetSymbol(symbol);
 }
 
-void CopiedOrder::FillFromField(const TCopySource& source, int field, int column) {
+void TCopiedOrder::FillFromField(const TCopySource& source, int field, int column) {
   if (const auto position = LevelOfPriceField(field))
     FillFromLevel(source, field, *position, column);
   else if (IsHeaderPrice(field))
     FillFromHeader(source, field);
 }
 
-void CopiedOrder::FillFromLevel(const TCopySource& source, int field, TLevelPosition position,
-                                int column) {
+void TCopiedOrder::FillFromLevel(const TCopySource& source, int field, TLevelPosition position,
+                                 int column) {
   if (const auto price = LevelPrice(source, field, position))
     order_->SetPrice(*price);
   const int quantityField =
@@ -133,14 +133,14 @@ void CopiedOrder::FillFromLevel(const TCopySource& source, int field, TLevelPosi
     order_->SetValue(OrderFlagsName, OrderFlagsOfBid);
 }
 
-void CopiedOrder::FillFromHeader(const TCopySource& source, int field) {
+void TCopiedOrder::FillFromHeader(const TCopySource& source, int field) {
   if (source.Record.HasValue(field))
     order_->SetPrice(source.Record.GetNumber(field));
   if (source.Mode == cpqmOneLot)
     order_->SetQuantity(CopyPriceQuantity(&source.Record, source.Mode, field));
 }
 
-void CopiedOrder::Send(System::TObject* sender, const std::string& group) {
+void TCopiedOrder::Send(System::TObject* sender, const std::string& group) {
   Datadef::TCopyOrderRecord message;
   message.Order = order_.get();
   message.Kind = Constdef::View_QuorPrice;

@@ -25,10 +25,10 @@ struct TCopySource {
 };
 
 /// The order that copy operations fill and send.
-class CopiedOrder {
+class TCopiedOrder {
 public:
   /// Takes an order object from the host.
-  CopiedOrder();
+  TCopiedOrder();
 
   /// Empties the order but for its symbol.
   void Start(std::string_view symbol);

@@ -138,28 +138,28 @@ std::string HeaderValueText(const TCustomSubItem* record, int field) {
   }
 }
 
-int HeaderRows::Attribute(int row) const {
+int THeaderRows::Attribute(int row) const {
   return row >= 0 && row < Count() ? attributes_[static_cast<std::size_t>(row)] : Field::None;
 }
 
-std::string HeaderRows::Caption(int row) const {
+std::string THeaderRows::Caption(int row) const {
   return row >= 0 && row < static_cast<int>(captions_.size())
              ? captions_[static_cast<std::size_t>(row)]
              : std::string();
 }
 
-int HeaderRows::RowOf(int field) const {
+int THeaderRows::RowOf(int field) const {
   const auto found = std::find(attributes_.begin(), attributes_.end(), field);
   return found == attributes_.end() ? -1 : static_cast<int>(found - attributes_.begin());
 }
 
-void HeaderRows::SetHeaderAttribute() {
+void THeaderRows::SetHeaderAttribute() {
   attributes_ = {Field::None,     Field::High,          Field::Low,     Field::PreviousClose,
                  Field::Change,   Field::ChangePercent, Field::Nominal, Field::Volume,
                  Field::Turnover, Field::LotSize,       Field::Currency};
 }
 
-void HeaderRows::Build(const TCustomSubItem& record) {
+void THeaderRows::Build(const TCustomSubItem& record) {
   SetHeaderAttribute();
   for (const int field : {Field::High52Weeks, Field::Low52Weeks})
     if (record.HasValue(field))
@@ -175,7 +175,7 @@ void HeaderRows::Build(const TCustomSubItem& record) {
   ownCount_ = Count();
 }
 
-void HeaderRows::AppendDetail(const TCustomQuorDetailDataControl& detail, int rowCount) {
+void THeaderRows::AppendDetail(const TCustomQuorDetailDataControl& detail, int rowCount) {
   for (const int field : detail.DisplayFields()) {
     if (Count() >= rowCount)
       return;
@@ -184,7 +184,7 @@ void HeaderRows::AppendDetail(const TCustomQuorDetailDataControl& detail, int ro
   }
 }
 
-void HeaderRows::UpdateCellHeaderList(const TCustomQuorDetailDataControl* detail) {
+void THeaderRows::UpdateCellHeaderList(const TCustomQuorDetailDataControl* detail) {
   captions_.clear();
   for (int row = 0; row < Count(); ++row) {
     const int field = Attribute(row);

@@ -17,10 +17,10 @@ std::string HeaderCaption(int field);
 std::string HeaderValueText(const TCustomSubItem* record, int field);
 
 /// The header rows: which record field each shows, and its caption.
-class HeaderRows {
+class THeaderRows {
 public:
   /// The rows that every symbol has, without captions.
-  HeaderRows() { SetHeaderAttribute(); }
+  THeaderRows() { SetHeaderAttribute(); }
 
   int Count() const { return static_cast<int>(attributes_.size()); }
   /// Number of rows before those that the detail control supplies; 0 until first built.

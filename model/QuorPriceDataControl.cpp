@@ -74,7 +74,7 @@ std::string TTradeInfo::*TradePartOf(int column) {
 TCustomQuorMarketDataControl::TCustomQuorMarketDataControl(System::TObject* owner)
     : TCustomDataControl(owner), rowCount_(LeastRowCount),
       concealedExchanges_(ReadConcealedExchanges()) {
-  UpdateLanguage();
+  UpdateCellHeaderList();
   RegisterListeners();
   TCustomQuorMarketDataControl::ConfigUpdate(this, nullptr);
 }
@@ -444,7 +444,7 @@ bool TCustomQuorMarketDataControl::GetIsMyBrokerID(int, int) const { return fals
 
 // Copies to order entry
 
-CopiedOrder& TCustomQuorMarketDataControl::StartOrder() {
+TCopiedOrder& TCustomQuorMarketDataControl::StartOrder() {
   order_.Start(symbol_);
   return order_;
 }

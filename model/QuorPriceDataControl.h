@@ -125,7 +125,7 @@ protected:
   /// Null without a symbol.
   const TCustomSubItem* Record() const { return record_; }
   /// An order of the symbol, otherwise empty.
-  CopiedOrder& StartOrder();
+  TCopiedOrder& StartOrder();
   TCopySource CopySource() const { return {*record_, copyPriceQtyMode_, marketDataType_}; }
   void SendOrder() { order_.Send(this, GroupID); }
 
@@ -153,14 +153,14 @@ private:
   std::string symbol_;
   TCustomSubItem* record_ = nullptr; // the subscribe adapter's
   int rowCount_;
-  HeaderRows header_;
+  THeaderRows header_;
   bool headerReady_ = false;
   TBrokerStyle brokerStyle_ = TBrokerStyle::ID;
   TMarketDataType marketDataType_ = mdtUnknown;
-  BrokerQueue queue_;
+  TBrokerQueue queue_;
   TSymbolMessages messages_;
   TMarketMechanisms mechanisms_;
-  CopiedOrder order_;
+  TCopiedOrder order_;
   TRelatedLists related_;
   int field22Value_ = -1;
   TCopyPriceQtyMode copyPriceQtyMode_ = cpqmDefault;

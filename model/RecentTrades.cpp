@@ -29,7 +29,9 @@ TTradeInfo TradeInfoAt(std::string_view symbol, int row) {
     return {};
   const auto* trades = TMarketTradeSideDetector::GetInstance()->GetSymbolMarketTrade(symbol);
   const auto* trade = trades ? trades->GetTrade(row - FirstTradeRow) : nullptr;
-  const std::string_view time = trade ? Trim(trade->Time) : std::string_view();
+  if (!trade)
+    return {};
+  const std::string_view time = Trim(trade->Time);
   if (time.empty())
     return {};
   return {true, MarkedTime(time, trade->Side), trade->Quantity,

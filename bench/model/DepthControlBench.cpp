@@ -104,13 +104,13 @@ void ReadAllCells(benchmark::State& state) {
 /// Header rows and queues are worked out of the record for every cell that asks for them.
 std::string CellFromScratch(const TMarket& market, int row, int column) {
   if (const auto place = QueueColumnOf(column)) {
-    BrokerQueue queue;
+    TBrokerQueue queue;
     queue.Update(market.record.GetText(120), market.record.GetText(121));
     return queue.Text(QueueIndex(*place, row, 18), place->Side, TBrokerStyle::ID);
   }
   if (column != Column::HeaderCaption && column != Column::HeaderValue)
     return market.control.GetDisplayValue(row, column);
-  HeaderRows header;
+  THeaderRows header;
   header.Build(market.record);
   header.UpdateCellHeaderList(nullptr);
   return column == Column::HeaderCaption ? header.Caption(row)

@@ -44,20 +44,22 @@ TEST_F(DepthControlTest, ABlankOrEmptyPieceOfTheQueueIsNoEntry) {
 }
 
 TEST(BrokerQueueEntries, AreCountedPerSide) {
-  BrokerQueue queue;
+  TBrokerQueue queue;
   queue.Update("1,2,3,,", "4");
   EXPECT_EQ(queue.Size(Side::Bid), 3);
   EXPECT_EQ(queue.Size(Side::Ask), 1);
   EXPECT_EQ(queue.Size(2), 0);
   EXPECT_EQ(queue.Entry(2, Side::Bid), "3");
   EXPECT_EQ(queue.Entry(0, Side::Ask), "4");
-  queue.Update("5", "");
+  queue.Update("5,6,7,,", "");
+  EXPECT_EQ(queue.Entry(2, Side::Bid), "7");
+  queue.Update("8", "");
   EXPECT_EQ(queue.Size(Side::Bid), 1);
   EXPECT_EQ(queue.Size(Side::Ask), 0);
 }
 
 TEST(BrokerQueueEntries, AreParsedAgainOnlyWhenTheirTextChanged) {
-  BrokerQueue queue;
+  TBrokerQueue queue;
   queue.Update("1234,5678", "");
   const char* const parsed = queue.Entry(1, Side::Bid).data();
   std::string sameText = "1234,5678";
@@ -76,7 +78,7 @@ class QueueEntryTest : public testing::TestWithParam<TEntryCase> {};
 
 TEST_P(QueueEntryTest, ShowsAsItsKindAsks) {
   Fakes::THostFakes host;
-  BrokerQueue queue;
+  TBrokerQueue queue;
   queue.Update(GetParam().entry, "");
   EXPECT_EQ(queue.Text(0, Side::Bid, TBrokerStyle::ID), GetParam().shown);
   EXPECT_EQ(queue.IsLevelMarker(0, Side::Bid), GetParam().isMarker);

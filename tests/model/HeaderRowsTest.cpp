@@ -269,7 +269,9 @@ TEST_F(DetailHeaderRowsTest, DetailRowsFollowTheSymbol) {
   ShowSymbol();
   host.Record("13001").Set({{22, "4"}, {10, "ABCDE@EC2101B"}, {26, "700"}, {29, "2027-01-15"}});
   host.Record("13001").Set({{27, "20"}, {28, "C"}, {18, "5000"}, {104, "0.1"}, {3, "2"}});
+  events = {};
   control.SetSymbol("13001");
+  EXPECT_EQ(events.change, 1);
   EXPECT_EQ(control.GetCellHeader(11), "Res_Underlyer");
   EXPECT_EQ(control.GetCellHeaderValue(11), "700");
   EXPECT_EQ(control.GetCellHeader(13), "Res_StrikePrice");
