@@ -117,7 +117,7 @@ std::string_view TBrokerQueue::Entry(std::ptrdiff_t index, int side) const {
 
 std::string TBrokerQueue::Text(std::ptrdiff_t index, int side, TBrokerStyle style) const {
   std::string text = IDText(Entry(index, side));
-  if (style == TBrokerStyle::Name && !text.empty())
+  if (style == TBrokerStyle::Name && !text.empty() && !BeginsWithSign(text))
     if (const auto* broker = TCustomMarketAdapter::GetInstance()->GetBroker(text))
       return NameText(*broker);
   return text;

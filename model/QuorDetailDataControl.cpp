@@ -137,7 +137,9 @@ void TCustomQuorDetailDataControl::SetSymbol(std::string symbol) {
   symbol_ = std::move(symbol);
   record_ = Subscribe(symbol_);
   if (IsReady(record_))
-    if (const auto underlying = Trim(record_->GetText(Field::Underlying)); !underlying.empty())
+    // A copy: subscribing may update the record.
+    if (const std::string underlying(Trim(record_->GetText(Field::Underlying)));
+        !underlying.empty())
       underlying_ = Subscribe(underlying);
   InitDataList();
   Changed();

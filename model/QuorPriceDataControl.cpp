@@ -80,8 +80,11 @@ TCustomQuorMarketDataControl::TCustomQuorMarketDataControl(System::TObject* owne
 }
 
 TCustomQuorMarketDataControl::~TCustomQuorMarketDataControl() {
+  // Before the fields go: no notification may find half a control.
+  TCustomConfigManager::GetInstance()->UnregisterListener(this);
   TCustomGlobalChannelManager::GetInstance()->Unsubscribe(Constdef::Channel_BeginningOfDay, this);
   ReleaseRecord();
+  detailControl_.reset();
   if (!symbol_.empty())
     TMarketTradeSideDetector::GetInstance()->RemoveSymbol(symbol_);
   TCustomMarketAdapter::GetInstance()->UnregisterBrokerListener(this);
@@ -264,10 +267,7 @@ void TCustomQuorMarketDataControl::AppendDetailRows() {
     return;
   if (!detailControl_)
     detailControl_ = std::make_unique<TCustomQuorDetailDataControl>(this, TIssueSizeStyle::Amount);
-  // Its rows are read here; only later changes, as of the underlying's price, need a repaint.
-  detailControl_->OnChange = nullptr;
   detailControl_->SetSymbol(std::string(record_->Symbol()));
-  detailControl_->OnChange = [this](System::TObject*) { Changed(); };
   header_.AppendDetail(*detailControl_, rowCount_);
 }
 

@@ -16,6 +16,8 @@ namespace {
 
 template <typename TNumber> std::optional<TNumber> ParseWhole(std::string_view text) {
   text = Trim(text);
+  if (text.starts_with('+') && !text.starts_with("+-"))
+    text.remove_prefix(1);
   const char* const end = text.data() + text.size();
   TNumber number{};
   const auto [parsed, error] = std::from_chars(text.data(), end, number);

@@ -15,15 +15,13 @@ QBoxLayout* NewBox(TLayoutDirection direction) {
   return box;
 }
 
-// A change inside a nested layout reaches the layouts around it with an event each, and not at all
-// below a widget that was never shown. This hands it up at once, innermost first.
+// A change inside a nested layout reaches the layouts around it by one event each. This hands it up
+// at once, innermost first.
 void Settle(QWidget* element) {
   const auto inner = element->findChildren<TdxLayoutElement*>(Qt::FindDirectChildrenOnly);
   for (TdxLayoutElement* each : inner)
     Settle(each);
-  element->layout()->invalidate();
   element->layout()->activate();
-  element->updateGeometry();
 }
 
 } // namespace

@@ -10,7 +10,7 @@ TcxRootLookAndFeel& TcxRootLookAndFeel::Instance() {
 void TcxRootLookAndFeel::SetSkinPainter(std::optional<TSkinPainter> painter) {
   if (painter_ == painter)
     return;
-  painter_ = std::move(painter);
+  painter_ = painter;
   emit Changed();
 }
 

@@ -42,8 +42,9 @@ const Platform::TcxGrid* ShownGrid(const TViewPane& pane) {
 }
 
 std::string Screen(const THeadlessRun& run, TColouring colouring) {
-  std::string text = run.View.Caption() + "   " + (run.Feed.IsSimulated() ? "SIMULATED" : "REPLAY") +
-                     "   " + TimeOfDayText(run.Player.Position()).substr(0, 8) + "\n";
+  std::string text = run.View.Caption() + "   " +
+                     (run.Feed.IsSimulated() ? "SIMULATED" : "REPLAY") + "   " +
+                     TimeOfDayText(run.Player.Position()).substr(0, 8) + "\n";
   if (const auto* grid = ShownGrid(run.View))
     text += TextTable(*grid->View(), colouring);
   return text;
@@ -74,7 +75,7 @@ std::string PlayToConsole(const THeadlessRun& run, const QString& file) {
     PrintInPlace(Screen(run, TColouring::Ansi));
   else
     std::cout << Screen(run, TColouring::None);
-  const std::string error = SavePicture(run.View, file);
+  std::string error = SavePicture(run.View, file);
   if (error.empty())
     std::cout << "Picture of the view: " << QDir().absoluteFilePath(file).toStdString()
               << std::endl;

@@ -4,6 +4,17 @@
 
 namespace Terminal {
 
+std::vector<std::string> SkippedLines(const TRecordingIndex& index) {
+  constexpr std::size_t shown = 10;
+  std::vector<std::string> lines;
+  for (const auto& line : index.Malformed)
+    if (lines.size() < shown)
+      lines.push_back("line " + std::to_string(line.Number) + ": " + line.Sentence);
+  if (index.MalformedCount > lines.size())
+    lines.push_back("in all " + std::to_string(index.MalformedCount) + " lines");
+  return lines;
+}
+
 TMarketFeed::TMarketFeed(TServices& services, ReplayPlayer& player)
     : services_(services), player_(player) {
   connect(&player, &ReplayPlayer::HeaderRead, this, &TMarketFeed::TakeHeader);
@@ -15,6 +26,21 @@ std::optional<double> TMarketFeed::Age() const {
   if (!lastData_.isValid())
     return {};
   return static_cast<double>(lastData_.elapsed()) / 1000;
+}
+
+std::vector<TRecordChange> TMarketFeed::Present() const {
+  std::vector<TRecordChange> records;
+  for (const auto& [symbol, fields] : given_) {
+    const auto* record = services_.Subscriptions.Find(symbol);
+    TRecordChange& change = records.emplace_back();
+    change.Symbol = symbol;
+    change.State = record->GetState();
+    change.Status = record->StatusText();
+    for (const int field : fields)
+      if (record->HasValue(field))
+        change.Fields.emplace_back(field, std::string(record->GetText(field)));
+  }
+  return records;
 }
 
 void TMarketFeed::TakeHeader(const TRecordingHeader& header) {

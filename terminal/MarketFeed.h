@@ -13,6 +13,10 @@ namespace Terminal {
 
 class TServices;
 
+/// The lines of a recording that were skipped, each as "line NUMBER: what is wrong with it"; of
+/// very many, the first and how many there are.
+std::vector<std::string> SkippedLines(const TRecordingIndex& index);
+
 /// Hands what a player plays to the services, and knows how old it is.
 class TMarketFeed : public QObject {
   Q_OBJECT
@@ -25,6 +29,8 @@ public:
   bool IsSimulated() const { return simulated_; }
   /// Seconds since the last data came; nothing before the first.
   std::optional<double> Age() const;
+  /// Every record as it stands, without its trades.
+  std::vector<TRecordChange> Present() const;
 
 signals:
   /// Once per recording: its reference data is known, and `symbol` is the first that it names;

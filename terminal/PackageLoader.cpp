@@ -20,15 +20,20 @@ struct TLoadError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-void* OpenLibrary(const std::string& file) {
+/// The absolute path of the package's file, since a bare name would be searched for among the
+/// system's libraries.
+std::string PathOf(const std::string& file) {
   std::error_code ignored;
   if (!std::filesystem::exists(file, ignored))
     throw TLoadError("There is no package " + file + ".");
   if (!std::filesystem::is_regular_file(file, ignored))
     throw TLoadError(file + " is not a package: it is not a file.");
-  // An absolute path, since a bare name would be searched for among the system's libraries.
-  const std::string path = std::filesystem::absolute(file, ignored).string();
-  void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+  return std::filesystem::absolute(file, ignored).string();
+}
+
+/// `binding` is dlopen's.
+void* OpenLibrary(const std::string& file, int binding) {
+  void* library = dlopen(PathOf(file).c_str(), binding | RTLD_LOCAL);
   if (!library)
     throw TLoadError(file + " is not a package: it cannot be loaded (" + dlerror() + ").");
   return library;
@@ -64,8 +69,10 @@ std::unique_ptr<Baseview::TIBaseView> CreateDescriptor(const std::string& file) 
 }
 
 std::unique_ptr<TPackage> Load(const std::string& file) {
-  void* library = OpenLibrary(file);
-  CheckVersion(library, file);
+  // A package for another contract may need functions that this one does not have. So its version
+  // is read before anything else of it is bound.
+  CheckVersion(OpenLibrary(file, RTLD_LAZY), file);
+  void* library = OpenLibrary(file, RTLD_NOW);
   const auto initialize =
       FindFunction<TInitializeFunction>(library, file, Constdef::PackageInitializeSymbol);
   const auto finalize =

@@ -18,9 +18,9 @@ const QString connectionName = QStringLiteral("saved-state");
 
 QSqlDatabase Database() { return QSqlDatabase::database(connectionName, false); }
 
-/// A statement with its values bound and run; false when the database refuses it.
+/// A statement with its values bound and run; false when the database refuses it or is not open.
 bool Run(QSqlQuery& query, const QString& statement, const QVariantList& values = {}) {
-  if (!query.prepare(statement))
+  if (!Database().isOpen() || !query.prepare(statement))
     return false;
   for (const auto& value : values)
     query.addBindValue(value);
@@ -59,8 +59,7 @@ void TSavedState::CreateTables() {
   QSqlQuery query(Database());
   const QString statements[] = {
       // Each change is on the disk as a whole or not at all, without a wait for the disk.
-      QStringLiteral("pragma journal_mode = wal"),
-      QStringLiteral("pragma synchronous = normal"),
+      QStringLiteral("pragma journal_mode = wal"), QStringLiteral("pragma synchronous = normal"),
       QStringLiteral("create table if not exists config (section text, name text, value text, "
                      "primary key (section, name))"),
       QStringLiteral("create table if not exists views (position integer primary key, "

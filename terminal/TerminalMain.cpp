@@ -69,8 +69,10 @@ public:
   std::string Open(const TCommandLine& line) {
     Player.SetSpeed(line.Speed);
     Player.SetAtEnd(line.Replay ? TAtEnd::Stop : TAtEnd::StartOver);
-    if (line.Replay)
-      return Player.Open(QString::fromStdString(*line.Replay)).toStdString();
+    if (line.Replay) {
+      const QString error = Player.Open(QString::fromStdString(*line.Replay));
+      return error.isEmpty() ? std::string() : *line.Replay + ": " + error.toStdString();
+    }
     const QString file = folder_.filePath(QStringLiteral("simulated.jsonl"));
     if (!QFile::copy(QStringLiteral(":/recordings/simulated.jsonl"), file))
       return "The simulated market cannot be written to " + file.toStdString() + ".";
@@ -103,12 +105,13 @@ int RunScript(TServices& services, Baseview::TIBaseView& descriptor, std::istrea
 int RunHeadless(TServices& services, Baseview::TIBaseView& descriptor, const TCommandLine& line) {
   TMarket market(services);
   QString symbol;
-  QObject::connect(&market.Feed, &TMarketFeed::Started, [&symbol](const QString& first) {
-    symbol = first;
-  });
+  QObject::connect(&market.Feed, &TMarketFeed::Started,
+                   [&symbol](const QString& first) { symbol = first; });
   if (const std::string error = market.Open(line); !error.empty())
     return Fail(error);
   market.Player.Step(0);
+  for (const auto& skipped : SkippedLines(*market.Player.Index()))
+    std::cerr << skipped << std::endl;
   services.Config.SetLayoutReady(true);
   const QFont font = QApplication::font();
   TViewHost views(descriptor, [&] {
@@ -139,11 +142,10 @@ int RunWindow(TServices& services, Baseview::TIBaseView& descriptor, const TComm
   RestoreSettings(services, state);
   TMarket market(services);
   TMainWindow window({services, descriptor, market.Player, market.Feed, state});
-  QObject::connect(&market.Feed, &TMarketFeed::Started, &window,
-                   [&](const QString& symbol) {
-                     window.RestoreViews(FirstLayout(services, line, symbol));
-                   },
-                   Qt::SingleShotConnection);
+  QObject::connect(
+      &market.Feed, &TMarketFeed::Started, &window,
+      [&](const QString& symbol) { window.RestoreViews(FirstLayout(services, line, symbol)); },
+      Qt::SingleShotConnection);
   if (const std::string error = market.Open(line); !error.empty())
     return Fail(error);
   market.Player.Play();

@@ -61,7 +61,7 @@ public:
 
   int GetRecordCount() const override { return Rows; }
   void GetDisplayText(int record, int column, std::string& text) const override {
-    text = Texts[static_cast<std::size_t>(record * ColumnCount + column)];
+    text = Texts[static_cast<std::size_t>(record) * ColumnCount + static_cast<std::size_t>(column)];
   }
 
   std::vector<std::string> Texts;
@@ -159,19 +159,19 @@ void DrawPlainly(const TNumberSource& source, QImage& image) {
 void PlainFullRepaint(benchmark::State& state) {
   const TNumberSource source;
   QImage image(GridSize, QImage::Format_RGB32);
-  for (auto _ : state)
+  while (state.KeepRunning())
     DrawPlainly(source, image);
 }
 
 void GridFullRepaint(benchmark::State& state) {
   TShownGrid shown;
-  for (auto _ : state)
+  while (state.KeepRunning())
     shown.Grid.repaint();
 }
 
 void TableFullRepaint(benchmark::State& state) {
   TShownTable shown;
-  for (auto _ : state)
+  while (state.KeepRunning())
     shown.Table.viewport()->repaint();
 }
 
@@ -182,7 +182,7 @@ void GridRefresh(benchmark::State& state, TNumbers numbers) {
     shown.View->Refresh();
     QApplication::processEvents();
   }
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     shown.Source.Step(OneInTen, numbers);
     shown.View->Refresh();
     QApplication::processEvents();
@@ -191,7 +191,7 @@ void GridRefresh(benchmark::State& state, TNumbers numbers) {
 
 void TableRefresh(benchmark::State& state, TNumbers numbers) {
   TShownTable shown;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     shown.Source.Step(OneInTen, numbers);
     shown.SetChanged();
     QApplication::processEvents();
@@ -200,7 +200,7 @@ void TableRefresh(benchmark::State& state, TNumbers numbers) {
 
 void GridUnchangedRefresh(benchmark::State& state) {
   TShownGrid shown;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     shown.View->Refresh();
     QApplication::processEvents();
   }

@@ -61,8 +61,7 @@ QJsonObject DumpEdit(const Platform::TcxPopupEdit& edit) {
 }
 
 QJsonObject DumpButton(const QAbstractButton& button) {
-  QJsonObject answer =
-      DumpControl(button, button.text(), QPalette::Button, QPalette::ButtonText);
+  QJsonObject answer = DumpControl(button, button.text(), QPalette::Button, QPalette::ButtonText);
   if (button.isCheckable())
     answer["checked"] = button.isChecked();
   return answer;

@@ -26,8 +26,8 @@ QJsonObject WriteConfig(TScriptSession& session, const QJsonObject& members) {
 }
 
 QJsonObject ReadConfig(TScriptSession& session, const QJsonObject& members) {
-  const std::string value = session.Services().Config.ReadString(SectionOf(session, members),
-                                                                 TextOf(members, "key"));
+  const std::string value =
+      session.Services().Config.ReadString(SectionOf(session, members), TextOf(members, "key"));
   return {{"value", QString::fromStdString(value)}};
 }
 

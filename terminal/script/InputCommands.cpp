@@ -69,8 +69,8 @@ TCellPlace FindCell(const TViewPane& pane, const QJsonObject& members) {
 }
 
 QJsonObject TypeSymbol(TScriptSession& session, const QJsonObject& members) {
-  auto& box = FindUsable<Platform::TcxPopupEdit>(session.Pane(members),
-                                                 QStringLiteral("edtSymbol"), "a symbol box");
+  auto& box = FindUsable<Platform::TcxPopupEdit>(session.Pane(members), QStringLiteral("edtSymbol"),
+                                                 "a symbol box");
   Input::Type(&box, members["text"].toString());
   Input::PressKey(&box, Qt::Key_Return);
   return {};
@@ -137,7 +137,8 @@ QJsonObject ChooseEntry(TScriptSession& session, const QJsonObject& members) {
   auto& box = FindUsable<QComboBox>(session.Pane(members), name, "a combo box");
   const int index = members["index"].toInt();
   if (index < 0 || index >= box.count())
-    throw TScriptError(QStringLiteral("The combo box \"%1\" has no entry %2.").arg(name).arg(index));
+    throw TScriptError(
+        QStringLiteral("The combo box \"%1\" has no entry %2.").arg(name).arg(index));
   Input::Choose(&box, index);
   return {};
 }
@@ -167,9 +168,7 @@ std::vector<TScriptCommand> InputCommands(TScriptSession& session) {
       {"hover", cell, bound(HoverCell)},
       {"press", {view, {"component", TKind::Text}}, bound(PressComponent)},
       {"caption-button", {view, {"button", TKind::Text}}, bound(PressCaptionButton)},
-      {"choose",
-       {view, {"component", TKind::Text}, {"index", TKind::Integer}},
-       bound(ChooseEntry)},
+      {"choose", {view, {"component", TKind::Text}, {"index", TKind::Integer}}, bound(ChooseEntry)},
       {"popup-close", {view, {"index", TKind::Integer}}, bound(ClosePopup)},
   };
 }

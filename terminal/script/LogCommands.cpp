@@ -36,17 +36,18 @@ QJsonObject CountRegistrations(const TScriptSession& session) {
 
 std::vector<TScriptCommand> LogCommands(TScriptSession& session) {
   return {
-      {"orders", {},
+      {"orders",
+       {},
        [&session](const QJsonObject&) {
          return QJsonObject{{"list", session.TakeOrders()}};
        }},
-      {"notifications", {},
+      {"notifications",
+       {},
        [&session](const QJsonObject&) {
          return QJsonObject{{"list", session.TakeNotifications()}};
        }},
       {"requests", {}, [&session](const QJsonObject&) { return TakeRequests(session); }},
-      {"registrations", {},
-       [&session](const QJsonObject&) { return CountRegistrations(session); }},
+      {"registrations", {}, [&session](const QJsonObject&) { return CountRegistrations(session); }},
   };
 }
 

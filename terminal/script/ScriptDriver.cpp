@@ -28,8 +28,8 @@ QJsonObject ParseLine(const QByteArray& line) {
 } // namespace
 
 TScriptDriver::TScriptDriver(TScriptSession& session) {
-  for (const auto group : {MarketCommands, HostCommands, ViewCommands, InputCommands, LogCommands,
-                           PreferenceCommands})
+  for (const auto group :
+       {MarketCommands, HostCommands, ViewCommands, InputCommands, LogCommands, PreferenceCommands})
     for (const auto& command : group(session))
       commands_.emplace(QString::fromLatin1(command.Name), command);
 }

@@ -64,7 +64,7 @@ TPreferenceDialog& TScriptSession::OpenPreferences() {
     throw TScriptError(QStringLiteral("The package has no preference page."));
   if (!preferences_)
     preferences_ = std::make_unique<TPreferenceDialog>(services_.Config, Descriptor());
-  preferences_->Open();
+  preferences_->ShowPage();
   return *preferences_;
 }
 

@@ -15,11 +15,10 @@ using TKind = TMemberKind;
 QJsonArray MenuOf(Baseview::TIBaseView& descriptor) {
   QJsonArray menu;
   for (int entry = 0; entry <= 2; ++entry)
-    menu.append(
-        QJsonObject{{"index", descriptor.GetMenuIndex(entry)},
-                    {"id", descriptor.GetMenuID(entry)},
-                    {"caption", QString::fromStdString(descriptor.GetMenuCaption(entry))},
-                    {"group", descriptor.GetMenuGroupIndex(entry)}});
+    menu.append(QJsonObject{{"index", descriptor.GetMenuIndex(entry)},
+                            {"id", descriptor.GetMenuID(entry)},
+                            {"caption", QString::fromStdString(descriptor.GetMenuCaption(entry))},
+                            {"group", descriptor.GetMenuGroupIndex(entry)}});
   return menu;
 }
 
@@ -28,7 +27,8 @@ QJsonArray ShortcutsOf(Baseview::TIBaseView& descriptor) {
   descriptor.GetShortCutList(shortcuts);
   QJsonArray list;
   for (const auto& shortcut : shortcuts)
-    list.append(QJsonObject{{"name", QString::fromStdString(shortcut.Name)}, {"key", shortcut.Key}});
+    list.append(
+        QJsonObject{{"name", QString::fromStdString(shortcut.Name)}, {"key", shortcut.Key}});
   return list;
 }
 

@@ -71,12 +71,9 @@ QJsonArray DumpCells(const Platform::TcxGridTableView& view) {
 
 QJsonObject DumpGrid(const Platform::TcxGrid& grid) {
   const auto& view = *grid.View();
-  return {{"visible", !grid.isHidden()},
-          {"width", grid.width()},
-          {"height", grid.height()},
-          {"rowHeight", view.DataRowHeight()},
-          {"rows", view.RecordCount()},
-          {"columns", DumpColumns(view)},
+  return {{"visible", !grid.isHidden()}, {"width", grid.width()},
+          {"height", grid.height()},     {"rowHeight", view.DataRowHeight()},
+          {"rows", view.RecordCount()},  {"columns", DumpColumns(view)},
           {"cells", DumpCells(view)}};
 }
 
@@ -114,12 +111,12 @@ QJsonArray DumpPopups(const TViewPane& pane) {
   QJsonArray popups;
   for (const auto& popup : pane.Popups()) {
     const auto* grid = popup.Window->findChild<Platform::TcxGrid*>();
-    popups.append(QJsonObject{{"index", popup.Index},
-                              {"caption", popup.Window->windowTitle()},
-                              {"width", popup.Window->width()},
-                              {"height", popup.Window->height()},
-                              {"rows", grid && grid->View() ? DumpRows(*grid->View())
-                                                            : QJsonArray()}});
+    popups.append(
+        QJsonObject{{"index", popup.Index},
+                    {"caption", popup.Window->windowTitle()},
+                    {"width", popup.Window->width()},
+                    {"height", popup.Window->height()},
+                    {"rows", grid && grid->View() ? DumpRows(*grid->View()) : QJsonArray()}});
   }
   return popups;
 }

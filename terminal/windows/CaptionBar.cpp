@@ -33,7 +33,7 @@ QIcon CloseIcon() {
   cross.fill(Qt::transparent);
   QPainter painter(&cross);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor(0xa8, 0xb0, 0xb8), 3, Qt::SolidLine, Qt::RoundCap));
+  painter.setPen(QPen(QColor(0x80, 0x88, 0x90), 3, Qt::SolidLine, Qt::RoundCap));
   painter.drawLine(10, 10, 22, 22);
   painter.drawLine(22, 10, 10, 22);
   return QIcon(cross);

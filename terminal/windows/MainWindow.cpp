@@ -34,13 +34,16 @@ QWidget* InCorner(QWidget* view) {
 
 TMainWindow::TMainWindow(const TParts& parts)
     : parts_(parts), views_(parts.Descriptor, [this] { return Settings(); }),
-      player_(new TPlayerBar(parts.Player, parts.Feed, this)) {
-  setWindowTitle(QStringLiteral("QuorPrice"));
+      player_(new TPlayerBar(parts.Player, parts.Feed, this)), recorder_(parts.Player, parts.Feed) {
   setDockNestingEnabled(true);
   addToolBar(player_);
   BuildDocks();
   BuildMenu();
   BuildShortcuts();
+  connect(&recorder_, &TMarketRecorder::Ended, this, [this](const QString& error) {
+    ShowRecording();
+    Warn(error);
+  });
   connect(&views_, &TViewHost::Opened, this, &TMainWindow::ShowView);
   connect(&views_, &TViewHost::Closing, this, [this](TViewPane* pane) {
     docks_[pane->Number()]->deleteLater();
@@ -83,16 +86,16 @@ void TMainWindow::BuildShortcuts() {
   parts_.Descriptor.GetShortCutList(shortcuts);
   for (std::size_t action = 0; action < shortcuts.size(); ++action)
     if (shortcuts[action].Key != 0)
-      bind(QKeySequence(shortcuts[action].Key), [this, action] {
-        parts_.Descriptor.ExecuteShortcutAction(static_cast<int>(action));
-      });
+      bind(QKeySequence(shortcuts[action].Key),
+           [this, action] { parts_.Descriptor.ExecuteShortcutAction(static_cast<int>(action)); });
 }
 
 TViewSettings TMainWindow::Settings() const {
-  const int scale = parts_.Services.Config.ReadInteger(Constdef::Section_TradePlatform, "ScaleSize");
+  const int scale =
+      parts_.Services.Config.ReadInteger(Constdef::Section_TradePlatform, "ScaleSize");
   const QFont font = QApplication::font();
-  const int size = font.pointSize() * std::max(scale, Constdef::ScalePPI_100) /
-                   Constdef::ScalePPI_100;
+  const int size =
+      font.pointSize() * std::max(scale, Constdef::ScalePPI_100) / Constdef::ScalePPI_100;
   return {parts_.Services.Languages.CurrentLanguage(), font.family(), size};
 }
 
@@ -170,15 +173,39 @@ void TMainWindow::OpenRecording() {
   const QString error = parts_.Player.Open(file);
   if (error.isEmpty())
     parts_.Player.Play();
-  else
-    QMessageBox::warning(this, windowTitle(), error);
+  Warn(error);
+}
+
+void TMainWindow::RecordOrStop() {
+  if (recorder_.IsRecording()) {
+    Warn(QString::fromStdString(recorder_.Stop()));
+  } else {
+    const QString file = QFileDialog::getSaveFileName(
+        this, WindowText("Term_Record"), QStringLiteral("market.jsonl"), QStringLiteral("*.jsonl"));
+    if (!file.isEmpty())
+      Warn(QString::fromStdString(recorder_.Start(file.toStdString())));
+  }
+  ShowRecording();
+}
+
+void TMainWindow::ShowRecording() {
+  const QString name = QStringLiteral("QuorPrice");
+  setWindowTitle(recorder_.IsRecording()
+                     ? QStringLiteral("● %1 – %2").arg(WindowText("Term_Record"), name)
+                     : name);
+  record_->setChecked(recorder_.IsRecording());
+}
+
+void TMainWindow::Warn(const QString& sentence) {
+  if (!sentence.isEmpty())
+    QMessageBox::warning(this, QStringLiteral("QuorPrice"), sentence);
 }
 
 void TMainWindow::OpenPreferences() {
   if (!preferences_)
     preferences_ =
         std::make_unique<TPreferenceDialog>(parts_.Services.Config, parts_.Descriptor, this);
-  preferences_->Open();
+  preferences_->ShowPage();
 }
 
 void TMainWindow::SetLanguage(int language) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "terminal/MarketFeed.h"
+#include "terminal/MarketRecorder.h"
 #include "terminal/SavedState.h"
 #include "terminal/windows/OrderTicket.h"
 #include "terminal/windows/PlayerBar.h"
@@ -68,6 +68,9 @@ private:
   QString CaptionOfSender(System::TObject* sender) const;
 
   void OpenRecording();
+  void RecordOrStop();
+  void ShowRecording();
+  void Warn(const QString& sentence);
   void OpenPreferences();
   void SetLanguage(int language);
   void SetSkin(const QString& name);
@@ -83,6 +86,8 @@ private:
   TOrderTicket* ticket_ = nullptr;
   QDockWidget* ticketDock_ = nullptr;
   TPlayerBar* player_;
+  TMarketRecorder recorder_;
+  QAction* record_ = nullptr; ///< in the menu
   std::unique_ptr<TPreferenceDialog> preferences_;
   QTimer saveTimer_;
   bool closing_ = false;

@@ -23,6 +23,9 @@ void TMainWindow::BuildFileMenu() {
   auto* menu = menuBar()->addMenu(WindowText("Term_File"));
   menu->addAction(WindowText("Term_OpenRecording"), QKeySequence::Open, this,
                   &TMainWindow::OpenRecording);
+  record_ = menu->addAction(WindowText("Term_Record"), this, &TMainWindow::RecordOrStop);
+  record_->setCheckable(true);
+  ShowRecording();
   menu->addAction(WindowText("Term_Quit"), QKeySequence::Quit, this, &QWidget::close);
 }
 
@@ -54,8 +57,9 @@ void TMainWindow::AddSettings(QMenu* menu, const QString& caption, const QString
     action->setChecked(value == present);
     group->addAction(action);
     // Later, since the choice may build the menu anew.
-    connect(action, &QAction::triggered, this, [choose, value = value] { choose(value); },
-            Qt::QueuedConnection);
+    connect(
+        action, &QAction::triggered, this, [choose, value = value] { choose(value); },
+        Qt::QueuedConnection);
   }
 }
 

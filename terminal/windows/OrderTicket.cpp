@@ -66,9 +66,8 @@ QLabel* NewFigure() {
 TOrderTicket::TOrderTicket(TChannelManager& channels, TSourceName sourceName, QWidget* parent)
     : QWidget(parent), channels_(channels), sourceName_(std::move(sourceName)), side_(new QLabel),
       symbolCaption_(new QLabel), priceCaption_(new QLabel), quantityCaption_(new QLabel),
-      sourceCaption_(new QLabel), symbol_(NewFigure()), price_(NewFigure()),
-      quantity_(NewFigure()), source_(new QLabel), clear_(new QPushButton),
-      recent_(new QTableWidget(0, Columns)) {
+      sourceCaption_(new QLabel), symbol_(NewFigure()), price_(NewFigure()), quantity_(NewFigure()),
+      source_(new QLabel), clear_(new QPushButton), recent_(new QTableWidget(0, Columns)) {
   BuildForm();
   Clear();
   SetTexts();
@@ -121,8 +120,8 @@ void TOrderTicket::Receive(System::TObject* from, System::TObject* carried) {
   const auto* order = record ? dynamic_cast<TOrder*>(record->Order) : nullptr;
   if (!order)
     return;
-  const TShown shown{IsFromBid(*order), QString::fromStdString(order->Symbol()),
-                     PriceText(*order), QuantityText(*order), sourceName_(from)};
+  const TShown shown{IsFromBid(*order), QString::fromStdString(order->Symbol()), PriceText(*order),
+                     QuantityText(*order), sourceName_(from)};
   Show(shown);
   Remember(shown);
 }
@@ -142,8 +141,7 @@ void TOrderTicket::Remember(const TShown& order) {
   recent_->insertRow(0);
   const QString texts[Columns] = {QTime::currentTime().toString(QStringLiteral("HH:mm:ss")),
                                   order.IsFromBid ? WindowText("Res_Bid") : NotGiven(),
-                                  order.Symbol, order.Price,
-                                  order.Quantity};
+                                  order.Symbol, order.Price, order.Quantity};
   for (int column = 0; column < Columns; ++column) {
     auto* item = new QTableWidgetItem(texts[column]);
     if (column >= PriceColumn)

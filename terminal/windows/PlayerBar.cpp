@@ -2,6 +2,7 @@
 
 #include "terminal/windows/WindowTexts.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QProxyStyle>
 
@@ -62,7 +63,7 @@ void SetColours(QLabel* label, const char* background, const char* text) {
 TPlayerBar::TPlayerBar(ReplayPlayer& player, const TMarketFeed& feed, QWidget* parent)
     : QToolBar(parent), player_(player), feed_(feed), mark_(new QLabel), play_(new QToolButton),
       speed_(new QComboBox), position_(new QSlider(Qt::Horizontal)), progress_(new QProgressBar),
-      clock_(new QLabel), age_(new QLabel) {
+      clock_(new QLabel), age_(new QLabel), skipped_(new QLabel) {
   setObjectName(QStringLiteral("playerBar"));
   setMovable(false);
   play_->setFocusPolicy(Qt::NoFocus);
@@ -73,7 +74,8 @@ TPlayerBar::TPlayerBar(ReplayPlayer& player, const TMarketFeed& feed, QWidget* p
   addSeparator();
   for (QWidget* widget : {static_cast<QWidget*>(play_), static_cast<QWidget*>(speed_),
                           static_cast<QWidget*>(position_), static_cast<QWidget*>(progress_),
-                          static_cast<QWidget*>(clock_), static_cast<QWidget*>(age_)})
+                          static_cast<QWidget*>(clock_), static_cast<QWidget*>(age_),
+                          static_cast<QWidget*>(skipped_)})
     addWidget(widget);
   FollowPlayer();
   SetTexts();
@@ -104,11 +106,15 @@ void TPlayerBar::BuildPosition() {
   clock_->setFont(digits);
   clock_->setMargin(6);
   age_->setMargin(2);
+  skipped_->setMargin(2);
 }
 
 void TPlayerBar::FollowPlayer() {
   connect(&player_, &ReplayPlayer::StateChanged, this, &TPlayerBar::ShowState);
-  connect(&player_, &ReplayPlayer::HeaderRead, this, &TPlayerBar::ShowMark);
+  connect(&player_, &ReplayPlayer::HeaderRead, this, [this] {
+    ShowMark();
+    ShowSkippedLines();
+  });
   connect(&player_, &ReplayPlayer::PositionChanged, this, &TPlayerBar::ShowPosition);
   connect(&player_, &ReplayPlayer::Progress, this, [this](TActivity, int perCent) {
     progress_->setValue(perCent);
@@ -130,8 +136,16 @@ void TPlayerBar::PlayOrPause() {
 void TPlayerBar::SetTexts() {
   speed_->setToolTip(WindowText("Term_Speed"));
   ShowMark();
+  ShowSkippedLines();
   ShowState();
   ShowAge();
+}
+
+// The play button is drawn in the colours of the skin.
+void TPlayerBar::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange)
+    ShowState();
+  QToolBar::changeEvent(event);
 }
 
 void TPlayerBar::ShowState() {
@@ -158,6 +172,19 @@ void TPlayerBar::ShowMark() {
     SetColours(mark_, "#d9a441", "#1b1f24");
   else
     SetColours(mark_, "#4fa3d9", "#1b1f24");
+}
+
+void TPlayerBar::ShowSkippedLines() {
+  const auto* index = player_.Index();
+  const auto count = index ? index->MalformedCount : 0;
+  QStringList lines;
+  if (count > 0)
+    for (const auto& line : SkippedLines(*index))
+      lines.append(QString::fromStdString(line));
+  skipped_->setText(count > 0
+                        ? QStringLiteral("%1: %2").arg(WindowText("Term_SkippedLines")).arg(count)
+                        : QString());
+  skipped_->setToolTip(lines.join(QLatin1Char('\n')));
 }
 
 void TPlayerBar::ShowPosition(TTimeOfDay position) {

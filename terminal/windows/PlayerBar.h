@@ -24,6 +24,9 @@ public:
   void PlayOrPause();
   void SetTexts();
 
+protected:
+  void changeEvent(QEvent* event) override;
+
 private:
   void BuildSpeeds();
   void BuildPosition();
@@ -31,6 +34,7 @@ private:
   void ShowState();
   void ShowSpeed();
   void ShowMark();
+  void ShowSkippedLines();
   void ShowPosition(TTimeOfDay position);
   void ShowAge();
   TTimeOfDay SliderTime() const;
@@ -44,6 +48,7 @@ private:
   QProgressBar* progress_;
   QLabel* clock_;
   QLabel* age_;
+  QLabel* skipped_;
   QTimer ageTimer_;
 };
 

@@ -36,7 +36,7 @@ TPreferenceDialog::TPreferenceDialog(TConfigStore& config, Baseview::TIBaseView&
 
 TPreferenceDialog::~TPreferenceDialog() { page_->Widget()->setParent(nullptr); }
 
-void TPreferenceDialog::Open() {
+void TPreferenceDialog::ShowPage() {
   SetLanguage(Baselanguagemanager::TCustomLanguageManager::GetInstance()->CurrentLanguage());
   page_->Widget()->setMinimumSize(page_->GetWidth(), page_->GetHeight());
   show();

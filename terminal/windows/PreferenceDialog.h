@@ -20,7 +20,7 @@ public:
   ~TPreferenceDialog() override;
 
   /// Shows the page, without waiting for the user.
-  void Open();
+  void ShowPage();
 
   /// Never null.
   Baseview::TBasePreferenceFrame* Page() const { return page_; }

@@ -32,8 +32,8 @@ TViewPane* TViewHost::Open(const std::string& layoutData) {
   auto* pane = new TViewPane(number, descriptor_, handle);
   panes_[number] = pane;
   numbers_[pane->Instance()] = number;
-  connect(pane, &TViewPane::CloseAsked, this, [this, number] { Close(number); },
-          Qt::QueuedConnection);
+  connect(
+      pane, &TViewPane::CloseAsked, this, [this, number] { Close(number); }, Qt::QueuedConnection);
   if (!layoutData.empty()) {
     try {
       descriptor_.SetLayoutData(handle, layoutData);

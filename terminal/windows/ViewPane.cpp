@@ -7,8 +7,7 @@
 
 namespace Terminal {
 
-TViewPane::TViewPane(int number, Baseview::TIBaseView& descriptor,
-                     Baseview::TInstanceHandle handle)
+TViewPane::TViewPane(int number, Baseview::TIBaseView& descriptor, Baseview::TInstanceHandle handle)
     : number_(number), descriptor_(descriptor), handle_(handle), bar_(new TCaptionBar(this)),
       view_(Instance()->Widget()) {
   auto* column = new QVBoxLayout(this);

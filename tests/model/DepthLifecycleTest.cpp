@@ -209,7 +209,6 @@ TEST_F(DepthControlTest, AListenerMayLetTheSymbolGoWhileItIsTold) {
   ShowSymbol();
   Record().Set(22, "4");
   control.OnChange = [this](System::TObject*) {
-    control.OnChange = nullptr;
     control.SetSymbol("");
   };
   Record().Update();

@@ -179,6 +179,26 @@ TEST(CellPainter, OneTextInTwoLooksIsKeptTwice) {
   EXPECT_EQ(cells.KeptTexts(), 2u);
 }
 
+TEST(CellPainter, OnePainterPaintsEveryLook) {
+  QImage image = Canvas();
+  QPainter painter(&image);
+  TCellPainter cells;
+  TCellDescription cell = Cell("8888", OneLine);
+  int top = 0;
+  QImage alone = Canvas();
+  QPainter freshly(&alone);
+  for (const auto& [size, bold] : {std::pair(10, false), {10, true}, {12, false}}) {
+    cell.Size = size;
+    cell.Bold = bold;
+    cells.Paint(painter, cell, {0, top, 90, 20}, QFont());
+    TCellPainter().Paint(freshly, cell, {0, top, 90, 20}, QFont());
+    top += 20;
+  }
+  painter.end();
+  freshly.end();
+  EXPECT_EQ(image, alone);
+}
+
 TEST(CellPainter, KeepsABoundedNumberOfTexts) {
   QImage image = Canvas();
   QPainter painter(&image);

@@ -57,12 +57,14 @@ TEST_F(TGridPaintTest, AllChangedCellsArePaintedAtOnceAndNoOther) {
   Source.Rows[0][1] = "x";
   Source.Rows[1][2] = "x";
   Source.Rows[3][0] = "x";
+  Source.Rows[3][2] = "x";
   View->Refresh();
   QApplication::processEvents();
   ASSERT_EQ(Watch.Regions.size(), 1u);
   QRegion expected(QRect(0, 0, 100, 20));
   expected += Bounds(1, 2);
   expected += Bounds(3, 0);
+  expected += Bounds(3, 2);
   EXPECT_EQ(Watch.Regions[0], expected);
 }
 

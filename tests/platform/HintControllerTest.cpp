@@ -87,6 +87,9 @@ TEST_F(THintTest, WrapsAtTheMaximumWidth) {
   Hints.ShowHint(10, 10, "", "short", 120);
   EXPECT_LT(Window().width(), 120);
   EXPECT_EQ(Window().height(), free.height());
+  Hints.ShowHint(10, 10, "", text, 120);
+  Hints.ShowHint(10, 10, "", text, 0);
+  EXPECT_EQ(Window().size(), free);
 }
 
 TEST_F(THintTest, TakesNeitherFocusNorMouse) {

@@ -119,6 +119,14 @@ TEST_F(TLayoutTest, LiesAtTheTopWhateverRoomThereIs) {
   EXPECT_EQ(Place(Below->Control()), QRect(0, 28, 70, 40));
 }
 
+TEST_F(TLayoutTest, StretchInsideDoesNotMakeTheContentHigher) {
+  Root->AddGroup("lgColumn", TLayoutDirection::Vertical)->AddStretch();
+  Root->AddStretch();
+  Show();
+  EXPECT_EQ(Root->height(), Control->ContentHeight());
+  EXPECT_EQ(Place(Below->Control()), QRect(0, 28, 70, 40));
+}
+
 TEST_F(TLayoutTest, AFixedControlIsNotStretched) {
   auto* grid = new TcxGrid("PriceGrid");
   grid->setFixedSize(123, 45);
@@ -135,6 +143,7 @@ TEST_F(TLayoutTest, FreeWidthGoesToWhoTakesIt) {
   edit->setMinimumWidth(100);
   Line->AddItem("liEdit", edit, true);
   auto* last = Line->AddItem("liLast", Box(40, 20));
+  Line->AddStretch();
   Show();
   const int taken = 50 + 30 + 40 + 3 * Across;
   EXPECT_EQ(edit->width(), 300 - taken);

@@ -70,6 +70,12 @@ TEST_F(TPopupEditTest, OtherKeysGoToTheBoxBetweenDownAndPress) {
   QTest::keyClick(Edit, Qt::Key_Left);
   EXPECT_EQ(Told, QStringList({QString("down %1 7").arg(Qt::Key_Left)}));
   EXPECT_EQ(Edit->cursorPosition(), 0);
+  QTest::keyClick(Edit, Qt::Key_Right);
+  Told.clear();
+  QKeyEvent backspace(QEvent::KeyPress, Qt::Key_Backspace, Qt::NoModifier, "\b");
+  QApplication::sendEvent(Edit, &backspace);
+  EXPECT_EQ(Told, QStringList({QString("down %1 7").arg(Qt::Key_Backspace)})); // no character
+  EXPECT_EQ(Edit->text(), "");
 }
 
 TEST_F(TPopupEditTest, LeavingByFocusResolvesAndTellsOnce) {

@@ -130,11 +130,11 @@ TEST_F(TLanguageTest, TheDepthGridIsRepaintedWithItsLabels) {
   host.Record("700").Set(1, "318.2").Update();
   TickRefresh();
   EXPECT_EQ(CellText(0, 55), "Res_QuorPrice_Buy");
-  EXPECT_EQ(CellText(1, 21), "Res_Nominal");
-  Translate({"Res_QuorPrice_Buy", "Res_Nominal"});
+  EXPECT_EQ(CellText(1, 21), "Res_HighPrice");
+  Translate({"Res_QuorPrice_Buy", "Res_HighPrice"});
   EXPECT_GE(RepaintsDuring([this] { frame->SetLanguage(1); }), 1);
   EXPECT_EQ(CellText(0, 55), "new Res_QuorPrice_Buy");
-  EXPECT_EQ(CellText(1, 21), "new Res_Nominal");
+  EXPECT_EQ(CellText(1, 21), "new Res_HighPrice");
 }
 
 TEST_F(TLanguageTest, TheMessagePanelsFollow) {

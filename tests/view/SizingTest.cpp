@@ -6,8 +6,6 @@
 #include <QCoreApplication>
 #include <QResizeEvent>
 
-#include <numeric>
-
 using namespace Platform;
 
 namespace {

@@ -3,7 +3,6 @@
 #include "view/ViewFixture.h"
 
 #include <QImage>
-#include <QPainter>
 #include <QPushButton>
 
 #include <optional>

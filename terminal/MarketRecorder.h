@@ -1,0 +1,39 @@
+#pragma once
+
+#include "terminal/MarketFeed.h"
+#include "terminal/replay/RecordingWriter.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace Terminal {
+
+/// Records the market that is played: first everything as it stands, then every change. A jump of
+/// the player ends the recording, since no market jumps.
+class TMarketRecorder : public QObject {
+  Q_OBJECT
+
+public:
+  /// Both outlive the recorder.
+  TMarketRecorder(const ReplayPlayer& player, const TMarketFeed& feed);
+
+  bool IsRecording() const { return writer_ != nullptr; }
+  /// Empty when `file` is being written now; otherwise one sentence.
+  std::string Start(const std::string& file);
+  /// Empty when everything is in the file, or nothing was being recorded; otherwise one sentence.
+  std::string Stop();
+
+signals:
+  /// The recording ended by itself; `error` is empty or one sentence.
+  void Ended(const QString& error);
+
+private:
+  void Write(const std::vector<TRecordChange>& changes);
+
+  const ReplayPlayer& player_;
+  const TMarketFeed& feed_;
+  std::unique_ptr<RecordingWriter> writer_;
+};
+
+} // namespace Terminal
