@@ -15,7 +15,8 @@ public:
   virtual std::string FormatNumber(double value, int flag) = 0;
   /// A quantity in shares.
   virtual std::string FormatQuantity(double value) = 0;
-  /// An amount of money in full, in the symbol's currency.
+  /// An amount, of money in the symbol's currency or of shares: in full below ten million, larger
+  /// ones may be shortened.
   virtual std::string FormatAmount(std::string_view symbol, double value) = 0;
   /// An amount in thousands, millions or billions, with at most `precision` decimals.
   virtual std::string FormatAbbreviatedAmount(double value, int precision) = 0;

@@ -61,7 +61,9 @@ QJsonObject DumpEdit(const Platform::TcxPopupEdit& edit) {
 }
 
 QJsonObject DumpButton(const QAbstractButton& button) {
-  QJsonObject answer = DumpControl(button, button.text(), QPalette::Button, QPalette::ButtonText);
+  // "&&" is how the toolkit writes an ampersand that marks no shortcut.
+  const QString text = QString(button.text()).replace(QLatin1String("&&"), QLatin1String("&"));
+  QJsonObject answer = DumpControl(button, text, QPalette::Button, QPalette::ButtonText);
   if (button.isCheckable())
     answer["checked"] = button.isChecked();
   return answer;

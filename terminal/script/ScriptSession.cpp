@@ -35,6 +35,9 @@ TScriptSession::TScriptSession(TServices& services, Baseview::TIBaseView& descri
       }) {
   services_.Config.SetLayoutReady(true);
   services_.Skin.OnChanged = [this] { views_.SetSkin(); };
+  services_.Editors.IsByProgram = [this] {
+    return services_.Channels.IsDelivering() || views_.IsSettingLayout();
+  };
   services_.Channels.Subscribe(
       Constdef::Channel_CopyOrder,
       [this](System::TObject*, System::TObject* data) { LogOrder(data); }, &owner_);
@@ -50,6 +53,7 @@ TScriptSession::TScriptSession(TServices& services, Baseview::TIBaseView& descri
 TScriptSession::~TScriptSession() {
   services_.Channels.Unsubscribe(Constdef::Channel_CopyOrder, &owner_);
   services_.Skin.OnChanged = nullptr;
+  services_.Editors.IsByProgram = nullptr;
 }
 
 TViewPane& TScriptSession::Pane(const QJsonObject& members) const {

@@ -77,7 +77,7 @@ QJsonObject SetLayout(TScriptSession& session, const QJsonObject& members) {
   auto& pane = session.Pane(members);
   if (members.contains("data")) {
     try {
-      session.Descriptor().SetLayoutData(pane.Handle(), TextOf(members, "data"));
+      session.Views().SetLayoutData(pane, TextOf(members, "data"));
     } catch (const std::invalid_argument& error) {
       throw TScriptError(QStringLiteral("The view does not take the layout data (%1).")
                              .arg(QString::fromUtf8(error.what())));

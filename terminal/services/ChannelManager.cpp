@@ -44,13 +44,20 @@ void TChannelManager::LeaveGroup(std::string_view group, const System::TObject* 
 
 void TChannelManager::Send(int number, System::TObject* sender, System::TObject* data) {
   if (const auto found = channels_.find(number); found != channels_.end())
-    found->second.Notify(sender, data);
+    Deliver(found->second, sender, data);
 }
 
 void TChannelManager::SendToGroup(std::string_view group, System::TObject* sender,
                                   System::TObject* data) {
   if (const auto found = groups_.find(group); found != groups_.end())
-    found->second.Notify(sender, data);
+    Deliver(found->second, sender, data);
+}
+
+void TChannelManager::Deliver(TDataListeners& listeners, System::TObject* sender,
+                              System::TObject* data) {
+  ++delivering_;
+  listeners.Notify(sender, data);
+  --delivering_;
 }
 
 std::size_t TChannelManager::ChannelCount() const { return Total(channels_); }

@@ -51,14 +51,20 @@ public:
   /// Delivers `data` to the members of the group. It stays the caller's.
   void SendToGroup(std::string_view group, System::TObject* sender, System::TObject* data);
 
+  /// While a message of a channel or group is on its way to its receivers.
+  bool IsDelivering() const { return delivering_ > 0; }
+
   /// One per owner and channel, channel 0 included.
   std::size_t ChannelCount() const;
   /// One per owner and group.
   std::size_t GroupCount() const;
 
 private:
+  void Deliver(TDataListeners& listeners, System::TObject* sender, System::TObject* data);
+
   std::map<int, TDataListeners> channels_;
   std::map<std::string, TDataListeners, std::less<>> groups_;
+  int delivering_ = 0;
 };
 
 } // namespace Terminal

@@ -84,13 +84,14 @@ void TSymbolEditor::Resolve() {
   if (!entering && !resolveOnExit_)
     return;
   const auto text = edit_->text();
-  const bool byUser = !userText_.isNull() && text == userText_;
+  const bool typed = !userText_.isNull() && text == userText_;
+  const bool byUser = typed || (manager_.IsByProgram && !manager_.IsByProgram());
   userText_ = QString();
   if (text == edit_->Hint())
     return;
   if (const auto symbol = manager_.symbols_.Resolve(text.toStdString()))
     TakeSymbol(QString::fromStdString(*symbol), byUser);
-  else if (entering && byUser)
+  else if (entering && typed)
     edit_->selectAll();
   else
     edit_->setText(edit_->Hint());

@@ -30,6 +30,10 @@ public:
   std::function<void(Platform::TcxPopupEdit* edit, std::string_view group, std::string_view symbol)>
       OnUserSymbol;
 
+  /// Whether what enters a box now without being typed is the program's and not the user's, who
+  /// may choose a symbol elsewhere in the view. Unassigned: only what is typed is the user's.
+  std::function<bool()> IsByProgram;
+
   std::size_t RegistrationCount() const { return editors_.size(); }
 
 private:

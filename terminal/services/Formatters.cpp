@@ -20,6 +20,9 @@ constexpr int ChangeField = 48;
 constexpr int SpreadTableField = 73;
 constexpr int ChangePercentField = 130;
 
+/// Amounts from here on are shortened.
+constexpr double ShortenedFrom = 10'000'000;
+
 /// The price that decides in which band the symbol trades; 0 when there is none.
 double ReferencePrice(const TCustomSubItem& record) {
   for (const int field : {NominalField, PreviousCloseField, BidField, AskField})
@@ -77,6 +80,9 @@ std::string TFormatter::FormatQuantity(double value) {
 }
 
 std::string TFormatter::FormatAmount(std::string_view, double value) {
+  // What would not fit a column of figures is shortened.
+  if (std::abs(value) >= ShortenedFrom)
+    return AbbreviatedNumber(value, 2);
   const bool isWhole = std::round(value * 100) == std::round(value) * 100;
   return FormatNumber(value, isWhole ? 0 : 1);
 }

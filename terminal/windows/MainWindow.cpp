@@ -52,6 +52,9 @@ TMainWindow::TMainWindow(const TParts& parts)
   });
   connect(&views_, &TViewHost::Notified, this, &TMainWindow::FollowNotification);
   parts_.Services.Skin.OnChanged = [this] { views_.SetSkin(); };
+  parts_.Services.Editors.IsByProgram = [this] {
+    return parts_.Services.Channels.IsDelivering() || views_.IsSettingLayout();
+  };
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
     if (auto* pane = views_.PaneOf(now))
       active_ = pane;
@@ -65,6 +68,7 @@ TMainWindow::~TMainWindow() {
   views_.disconnect(this);
   disconnect(qApp, nullptr, this, nullptr);
   parts_.Services.Skin.OnChanged = nullptr;
+  parts_.Services.Editors.IsByProgram = nullptr;
 }
 
 void TMainWindow::BuildDocks() {

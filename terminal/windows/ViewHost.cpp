@@ -4,6 +4,7 @@
 #include "terminal/services/OrderAdapter.h"
 
 #include <QApplication>
+#include <QScopedValueRollback>
 
 #include <stdexcept>
 
@@ -36,7 +37,7 @@ TViewPane* TViewHost::Open(const std::string& layoutData) {
       pane, &TViewPane::CloseAsked, this, [this, number] { Close(number); }, Qt::QueuedConnection);
   if (!layoutData.empty()) {
     try {
-      descriptor_.SetLayoutData(handle, layoutData);
+      SetLayoutData(*pane, layoutData);
     } catch (const std::invalid_argument&) {
       // What the view took before the refused value stays, and the user can set the rest.
     }
@@ -64,6 +65,11 @@ void TViewHost::Close(int number) {
   numbers_.erase(instance);
   toMeasure_.erase(number);
   toCaption_.erase(number);
+}
+
+void TViewHost::SetLayoutData(const TViewPane& pane, const std::string& layoutData) {
+  const QScopedValueRollback setting(settingLayout_, true);
+  descriptor_.SetLayoutData(pane.Handle(), layoutData);
 }
 
 TViewPane* TViewHost::Pane(int number) const {

@@ -38,6 +38,10 @@ public:
   /// opens none. Layout data that the view refuses leaves it as far as it came.
   TViewPane* Open(const std::string& layoutData = {});
   void Close(int number);
+  /// Throws std::invalid_argument as the view does.
+  void SetLayoutData(const TViewPane& pane, const std::string& layoutData);
+  /// While a view is being given layout data.
+  bool IsSettingLayout() const { return settingLayout_; }
   /// Null when no view of that number is open.
   TViewPane* Pane(int number) const;
   /// In the order opened.
@@ -77,6 +81,7 @@ private:
   std::set<int> toCaption_;
   bool followPosted_ = false;
   bool measuring_ = false;
+  bool settingLayout_ = false;
 };
 
 } // namespace Terminal

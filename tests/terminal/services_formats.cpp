@@ -89,12 +89,14 @@ TEST_F(Formats, AQuantityIsGroupedAndKeepsAFraction) {
   EXPECT_EQ(Formatter.FormatQuantity(1234.5), "1,234.5");
 }
 
-TEST_F(Formats, AnAmountIsFullAndHasCentsWhenItHasAFraction) {
+TEST_F(Formats, AnAmountHasCentsWhenItHasAFractionAndIsShortenedFromTenMillion) {
   EXPECT_EQ(Formatter.FormatAmount("700", 0), "0");
   EXPECT_EQ(Formatter.FormatAmount("700", 999999), "999,999");
   EXPECT_EQ(Formatter.FormatAmount("700", 1234.5), "1,234.50");
   EXPECT_EQ(Formatter.FormatAmount("700", 1999.999), "2,000");
-  EXPECT_EQ(Formatter.FormatAmount("700", 3012345678901), "3,012,345,678,901");
+  EXPECT_EQ(Formatter.FormatAmount("700", 9999999), "9,999,999");
+  EXPECT_EQ(Formatter.FormatAmount("700", 10000000), "10M");
+  EXPECT_EQ(Formatter.FormatAmount("700", 3012345678901), "3,012.35B");
 }
 
 TEST_F(Formats, AnAbbreviatedAmountIsInThousandsMillionsOrBillions) {
