@@ -328,6 +328,99 @@ TEST_F(BrokerNameTest, CellsOutsideTheQueueHaveNoBroker) {
   EXPECT_EQ(control.GetBrokerName(1, 56), NumberedID(12));
 }
 
+/// A queue entry in each of the forms that a cell may have.
+struct TFormCase {
+  const char* entry;
+  const char* id;
+  const char* name;
+  bool isMarker = false;
+};
+
+constexpr TFormCase Forms[] = {{"1234", "1234", "Name"},
+                               {"B56", "0056", "Short"},
+                               {"777", "0777", "0777"},
+                               {"9s", "9s", "9s"},
+                               {"+1", "+1", "+1", true},
+                               {"-2", "-2", "-2", true},
+                               {"0", "", ""}};
+
+TEST_F(BrokerNameTest, EachFormHasItsTextNameAndID) {
+  // Not even a directory that knows them gives these a name.
+  for (const char* text : {"+1", "-2", "0", "0000"})
+    host.market.SetBroker(text, "Wrong");
+  for (const TFormCase& form : Forms) {
+    Record().Set(120, form.entry).Update();
+    for (const bool shown : {false, true}) {
+      control.SetShowBrokerName(shown);
+      EXPECT_EQ(control.GetDisplayValue(1, 55), shown ? form.name : form.id) << form.entry;
+      EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), shown ? form.name : form.id) << form.entry;
+      EXPECT_EQ(control.GetBrokerName(1, 55), shown ? form.id : form.name) << form.entry;
+      std::string id = "old";
+      EXPECT_EQ(control.GetBrokerID(1, 55, id), *form.id != 0) << form.entry;
+      EXPECT_EQ(id, form.id) << form.entry;
+      EXPECT_EQ(control.GetIsBrokerQueueHeader(55, 1), form.isMarker) << form.entry;
+    }
+  }
+}
+
+/// A cell of the bid queue in eighteen rows, and the entry that it shows.
+struct TPlaceCase {
+  int column, row;
+  std::size_t index;
+};
+
+class QueuePlaceTest : public BrokerNameTest, public testing::WithParamInterface<TPlaceCase> {
+protected:
+  static constexpr int RowCount = 18;
+  static constexpr int AskOffset = 10; ///< from a bid column to its counterpart
+
+  QueuePlaceTest() { control.SetDisplayMode(qm10Full); }
+
+  /// A full queue of a broker that is unknown but for one entry.
+  static std::string QueueWith(std::size_t index, const char* entry) {
+    std::string text;
+    for (std::size_t at = 0; at < 68; ++at)
+      text.append(at == index ? entry : "8").append(",");
+    return text;
+  }
+
+  int HeaderCells(int firstColumn) const {
+    int count = 0;
+    for (int column = firstColumn; column < firstColumn + 4; ++column)
+      for (int row = 0; row < RowCount; ++row)
+        count += control.GetIsBrokerQueueHeader(column, row);
+    return count;
+  }
+};
+
+TEST_P(QueuePlaceTest, EveryQueryFindsTheCellsEntry) {
+  const auto& [bidColumn, row, index] = GetParam();
+  ASSERT_EQ(control.GetCount(), RowCount);
+  for (const int side : {Side::Bid, Side::Ask}) {
+    const int column = side == Side::Bid ? bidColumn : bidColumn + AskOffset;
+    for (const TFormCase& form : Forms) {
+      Record().Set(side == Side::Bid ? 120 : 121, QueueWith(index, form.entry));
+      Record().Set(side == Side::Bid ? 121 : 120, QueueWith(68, "")).Update();
+      EXPECT_EQ(control.GetDisplayValue(row, column), form.id) << column << form.entry;
+      EXPECT_EQ(control.GetBrokerName(row, column), form.name) << column << form.entry;
+      std::string id = "old";
+      EXPECT_EQ(control.GetBrokerID(row, column, id), *form.id != 0) << column << form.entry;
+      EXPECT_EQ(id, form.id) << column << form.entry;
+      EXPECT_EQ(control.GetIsBrokerQueueHeader(column, row), form.isMarker) << column << form.entry;
+      // No other cell but the side's caption heads anything.
+      EXPECT_EQ(HeaderCells(side == Side::Bid ? 55 : 65), 1 + form.isMarker) << form.entry;
+      EXPECT_EQ(HeaderCells(side == Side::Bid ? 65 : 55), 1) << form.entry;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Places, QueuePlaceTest,
+                         testing::Values(TPlaceCase{55, 1, 0}, TPlaceCase{55, 9, 8},
+                                         TPlaceCase{55, 17, 16}, TPlaceCase{56, 1, 17},
+                                         TPlaceCase{56, 17, 33}, TPlaceCase{57, 1, 34},
+                                         TPlaceCase{57, 17, 50}, TPlaceCase{58, 1, 51},
+                                         TPlaceCase{58, 17, 67}));
+
 TEST_F(BrokerNameTest, NoBrokerIsTheUsersOwn) { EXPECT_FALSE(control.GetIsMyBrokerID(1, 55)); }
 
 TEST_F(BrokerNameTest, OnlyAnotherChoiceOfNamesIsTold) {

@@ -207,6 +207,65 @@ TEST_F(CopyDerivedPriceTest, AMissingBestPriceIsNotDerived) {
   EXPECT_FALSE(Click(6, Column::BidPrice).price.has_value());
 }
 
+TEST_F(CopyDerivedPriceTest, ABestPriceMayHaveASign) {
+  Record().Set(1, "+50");
+  EXPECT_EQ(Click(9, Column::BidPrice).price, 49.5);
+  Record().Set(1, "+-50");
+  EXPECT_FALSE(Click(9, Column::BidPrice).price.has_value());
+}
+
+TEST_F(CopyDerivedPriceTest, ADerivedPriceComesWithTheStylesQuantity) {
+  SetStyle("S");
+  const TSentOrder bid = Click(11, Column::BidPrice);
+  EXPECT_EQ(bid.price, 98);
+  EXPECT_EQ(bid.quantity, 1000 + 2000 + 3000 + 4000);
+  EXPECT_TRUE(IsFlagged(bid));
+  const TSentOrder ask = Click(14, Column::AskSize);
+  EXPECT_EQ(ask.price, 108);
+  EXPECT_EQ(ask.quantity, 1100 + 2100 + 3100 + 4100 + 5100 + 6100 + 7100);
+  EXPECT_TRUE(ask.values.empty());
+  SetStyle("L");
+  EXPECT_EQ(Click(14, Column::AskSize).price, 108);
+  EXPECT_EQ(Click(14, Column::AskSize).quantity, 500);
+}
+
+TEST_F(CopyDerivedPriceTest, AnEmptyPublishedPriceIsZeroAndNotDerived) {
+  Record().Set(83, "");
+  EXPECT_EQ(Click(11, Column::BidPrice).price, 0);
+}
+
+// Records that hold no data
+
+TEST_F(CopyPriceTest, AnEmptyPriceIsCopiedAsZero) {
+  Record().Set({{2, ""}, {37, ""}});
+  EXPECT_EQ(Click(6, Column::AskPrice).price, 0);
+  EXPECT_EQ(Click(1, Column::HeaderValue).price, 0);
+}
+
+TEST_F(CopyPriceTest, WhatAnUnreadyRecordStillHasIsCopied) {
+  Record().SetState(Constdef::RecordState_Invalid).Update();
+  const TSentOrder best = Click(6, Column::BidSize);
+  EXPECT_EQ(best.price, 99);
+  EXPECT_EQ(best.quantity, 1000);
+  EXPECT_TRUE(IsFlagged(best));
+  EXPECT_EQ(Click(10, Column::AskPrice).price, 103);
+  EXPECT_EQ(Click(6, Column::HeaderValue).price, 100);
+}
+
+TEST_F(CopyPriceTest, ARecordThatNeverArrivedCopiesTheSymbol) {
+  host.Record("5").SetState(Constdef::RecordState_None);
+  control.SetSymbol("5");
+  const TSentOrder best = Click(6, Column::BidSize);
+  EXPECT_EQ(best.symbol, "5");
+  EXPECT_FALSE(best.price.has_value());
+  EXPECT_EQ(best.quantity, 0);
+  EXPECT_TRUE(IsFlagged(best));
+  const TSentOrder nominal = Click(6, Column::HeaderValue);
+  EXPECT_EQ(nominal.symbol, "5");
+  EXPECT_FALSE(nominal.price.has_value());
+  EXPECT_FALSE(nominal.quantity.has_value());
+}
+
 // Quantities
 
 TEST_F(CopyPriceTest, TheDefaultStyleCopiesNoQuantityFromDeeperLevels) {

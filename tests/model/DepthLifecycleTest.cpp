@@ -145,6 +145,16 @@ TEST_F(DepthControlTest, ARecordThatIsNotReadyIsReadWhenItArrives) {
   EXPECT_EQ(events.field22, 1);
 }
 
+TEST_F(DepthControlTest, AnUpdateTellsHowEvenAnUnreadyRecordPublishesItsLevels) {
+  Record().SetState(Constdef::RecordState_None).Set(51, "2000");
+  ShowSymbol();
+  EXPECT_EQ(control.MarketDataType(), mdtUnknown);
+  Record().Update();
+  EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
+  Record().Set(81, "98").SetState(Constdef::RecordState_Ready).Update();
+  EXPECT_EQ(control.MarketDataType(), mdtOrderCount); // once known, kept
+}
+
 TEST_F(DepthControlTest, TheProductTypeIsAnnouncedOnlyWhileItWasUnknown) {
   ShowSymbol();
   Record().Set(22, "stock").Update();
@@ -155,6 +165,16 @@ TEST_F(DepthControlTest, TheProductTypeIsAnnouncedOnlyWhileItWasUnknown) {
   Record().Set(22, "1").Update();
   EXPECT_EQ(control.ProductType(), 4);
   EXPECT_EQ(events.field22, 2);
+}
+
+TEST_F(DepthControlTest, TheProductTypeMayHaveASign) {
+  Record().Set(22, "+4");
+  ShowSymbol();
+  EXPECT_EQ(control.ProductType(), 4);
+  host.Record("5").SetState(Constdef::RecordState_None);
+  control.SetSymbol("5");
+  host.Record("5").Set(22, "+1").SetState(Constdef::RecordState_Ready).Update();
+  EXPECT_EQ(control.ProductType(), 1);
 }
 
 TEST_F(DepthControlTest, TheProductTypeOfAnUnreadyRecordIsNotRead) {
@@ -208,9 +228,7 @@ TEST_F(DepthControlTest, GetStateIsTheRecordsState) {
 TEST_F(DepthControlTest, AListenerMayLetTheSymbolGoWhileItIsTold) {
   ShowSymbol();
   Record().Set(22, "4");
-  control.OnChange = [this](System::TObject*) {
-    control.SetSymbol("");
-  };
+  control.OnChange = [this](System::TObject*) { control.SetSymbol(""); };
   Record().Update();
   EXPECT_EQ(control.Symbol(), "");
   EXPECT_EQ(control.ProductType(), -1);
@@ -301,6 +319,13 @@ TEST_F(DepthControlTest, OnlyAnotherDenominatorModeAsksForARepaint) {
   host.config.SetCurrent("CopyPriceStyle", "N");
   host.config.Announce();
   EXPECT_EQ(events.change, 1);
+}
+
+TEST(DepthControlStart, ReadsTheDenominatorMode) {
+  Fakes::THostFakes host;
+  host.config.SetCurrent("DenominatorModeValue", "3");
+  const TCustomQuorMarketDataControl control(nullptr);
+  EXPECT_EQ(control.DenominatorMode(), 3);
 }
 
 // Display mode

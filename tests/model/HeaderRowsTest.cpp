@@ -112,6 +112,19 @@ TEST_F(HeaderRowsTest, TheHeaderIsBuiltOncePerLoadedRecord) {
   EXPECT_EQ(control.GetCellHeader(0), "Res_OpenPrc");
 }
 
+TEST(HeaderRows, AFieldThatNoRowShowsHasNoRow) {
+  Fakes::TFakeRecord record("700");
+  THeaderRows rows;
+  for (const int field : {116, 117, 118, 131, 132, 133, 0, 2, 99999})
+    EXPECT_EQ(rows.RowOf(field), -1) << field;
+  EXPECT_EQ(rows.RowOf(37), 1);
+  EXPECT_EQ(rows.RowOf(23), 10);
+  rows.Build(record.Set({{133, "1"}, {132, "1"}}));
+  EXPECT_EQ(rows.RowOf(133), 0);
+  EXPECT_EQ(rows.RowOf(132), 11);
+  EXPECT_EQ(rows.RowOf(131), -1);
+}
+
 TEST_F(HeaderRowsTest, RowsBesideEachOtherDoNotDependOnEachOther) {
   Record().Set({{38, "500"}, {1, "99"}, {16, "1000"}});
   control.SetDisplayMode(qm5Full);
@@ -289,6 +302,21 @@ TEST_F(DetailHeaderRowsTest, DetailRowsArriveWithTheRecord) {
   Record().SetState(Constdef::RecordState_Ready).Update();
   EXPECT_EQ(control.GetCellHeader(11), "Res_IssuedShares");
   EXPECT_EQ(host.Registrations().records, 2);
+}
+
+TEST_F(DetailHeaderRowsTest, DetailValuesGoWithTheRecord) {
+  FillStock(Record());
+  ShowSymbol();
+  ASSERT_EQ(control.GetCellHeaderValue(11), "700 $2,000");
+  ASSERT_EQ(control.GetCellHeaderValue(6), "10.000");
+  for (const int state : {Constdef::RecordState_None, Constdef::RecordState_Invalid}) {
+    Record().SetState(state).Update();
+    for (const int row : {6, 11, 12, 13, 14})
+      EXPECT_EQ(control.GetDisplayValue(row, Column::HeaderValue), "") << row;
+    EXPECT_EQ(control.GetCellHeader(11), "Res_IssuedShares");
+  }
+  Record().SetState(Constdef::RecordState_Ready).Update();
+  EXPECT_EQ(control.GetCellHeaderValue(13), "15.5");
 }
 
 TEST_F(DetailHeaderRowsTest, DetailCaptionsFollowTheLanguage) {

@@ -62,6 +62,32 @@ TEST_F(BestPriceGridTest, ShowsOnlyItsLabelsWithoutSymbol) {
   EXPECT_EQ(ColumnTexts(Column::BidPrice), Texts(3));
 }
 
+TEST_F(BestPriceGridTest, ASizeThatTheRecordDoesNotGiveIsEmpty) {
+  ShowSymbol();
+  Record().Remove(16);
+  EXPECT_EQ(control.GetDisplayValue(2, Column::BidSize), "");
+  EXPECT_EQ(control.GetDisplayValue(2, Column::AskSize), "1,100");
+  Record().Set(16, "1000").Remove(19);
+  EXPECT_EQ(control.GetDisplayValue(2, Column::BidSize), "1,000");
+  EXPECT_EQ(control.GetDisplayValue(2, Column::AskSize), "");
+}
+
+TEST_F(BestPriceGridTest, AnUnreadyRecordHasNoSizes) {
+  ShowSymbol();
+  for (const int state : {Constdef::RecordState_None, Constdef::RecordState_Invalid}) {
+    Record().SetState(state);
+    EXPECT_EQ(ColumnTexts(Column::BidSize), (Texts{"Res_Bid", "Res_BidSize", ""}));
+    EXPECT_EQ(ColumnTexts(Column::AskSize), (Texts{"Res_Ask", "Res_AskSize", ""}));
+  }
+}
+
+TEST_F(BestPriceGridTest, ASizeOfZeroShowsAsItStands) {
+  Record().Set({{16, "0"}, {19, "0"}});
+  ShowSymbol();
+  EXPECT_EQ(control.GetDisplayValue(2, Column::BidSize), "0");
+  EXPECT_EQ(control.GetDisplayValue(2, Column::AskSize), "0");
+}
+
 TEST_F(BestPriceGridTest, CellsThatDoNotExistAreEmpty) {
   ShowSymbol();
   for (const int row : {Least, -1, 3, 6, Most})

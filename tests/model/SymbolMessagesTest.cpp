@@ -37,6 +37,16 @@ TEST_F(SymbolMessagesTest, AnUnreadyRecordShowsItsStatusText) {
   EXPECT_EQ(control.FreeText1(), "halted");
 }
 
+TEST_F(SymbolMessagesTest, ARecordThatIsLostWithoutStatusTextLeavesNoMessage) {
+  Record().Set({{200, "halted"}, {201, "soon"}});
+  ShowSymbol();
+  ASSERT_EQ(control.FreeText2(), "soon");
+  Record().SetState(Constdef::RecordState_None).Update();
+  EXPECT_EQ(control.FreeText1(), "");
+  EXPECT_EQ(control.FreeText2(), "");
+  EXPECT_EQ(events.freeText, 2);
+}
+
 TEST_F(SymbolMessagesTest, OnlyNewTextsAreTold) {
   Record().Set(200, "halted");
   ShowSymbol();
@@ -122,6 +132,14 @@ TEST_F(ConcealmentTest, ConcealmentLastsUntilTheNextSymbol) {
   EXPECT_EQ(control->FreeText1(), "message");
   control->SetSymbol("5");
   EXPECT_FALSE(control->Concealed());
+}
+
+TEST_F(ConcealmentTest, AnUnreadyRecordsExchangeIsConcealedToo) {
+  host.Record("700").SetState(Constdef::RecordState_Invalid).SetStatusText("loading");
+  Show("HKG", "HKG");
+  EXPECT_EQ(control->FreeText1(), "Res_InvalidSymbol");
+  EXPECT_EQ(control->FreeText2(), "");
+  EXPECT_TRUE(control->Concealed());
 }
 
 TEST_F(ConcealmentTest, TheListIsReadOnceAtCreation) {
@@ -288,6 +306,21 @@ TEST_F(SymbolMessagesTest, EachNewStateOfAMechanismIsTold) {
     expectTold(field, "2");
 }
 
+TEST_F(SymbolMessagesTest, MechanismsOfAnUnreadyRecordAreReadToo) {
+  Record().SetState(Constdef::RecordState_Invalid);
+  ShowSymbol();
+  Record().Set({{3506, "1"}, {3507, "100"}, {3500, "1"}, {3503, "0.13"}}).Update();
+  EXPECT_TRUE(control.Mechanisms().PosInForce);
+  EXPECT_EQ(control.Mechanisms().PosRefPrice, "700@100");
+  EXPECT_TRUE(control.Mechanisms().VcmInForce);
+  EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "700@0.13");
+  EXPECT_FALSE(control.Mechanisms().CasInForce);
+  Record().Set({{3510, "1"}, {3511, "4"}}).Update();
+  EXPECT_TRUE(control.Mechanisms().CasInForce);
+  EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "700@4");
+  EXPECT_EQ(events.freeText, 2);
+}
+
 // Rebuilding what depends on language and spreads
 
 class RebuildTest : public DepthControlTest {
@@ -324,6 +357,15 @@ TEST_F(RebuildTest, AnotherSpreadTableRebuildsTheMechanismsInForce) {
   EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "");
   EXPECT_EQ(events.change, 1);
   EXPECT_EQ(events.freeText, 1);
+}
+
+TEST_F(RebuildTest, ASpreadTableOfOtherSymbolsRebuildsNothing) {
+  const TMarketMechanisms before = control.Mechanisms();
+  ASSERT_TRUE(before.CasInForce);
+  host.market.AnnounceSpreads({"02", "03"});
+  EXPECT_EQ(control.Mechanisms(), before);
+  EXPECT_EQ(events.freeText, 0);
+  EXPECT_EQ(events.change, 0);
 }
 
 TEST_F(RebuildTest, MechanismsThatAreNotInForceKeepTheirTexts) {

@@ -1,0 +1,217 @@
+#include "host/ConstDef.h"
+#include "model/ModelFixture.h"
+
+#include <functional>
+
+// In which order a depth control tells its owner of what happened, and what it knows by then.
+
+namespace Quorpricedatacontrol {
+
+using Names = std::vector<std::string>;
+
+namespace {
+
+/// A symbol's figures that concern every event of the control.
+void FillEverything(Fakes::TFakeRecord& record) {
+  FillDepth(record);
+  record.Set(
+      {{22, "4"}, {73, "01"}, {120, "1234"}, {121, "5678"}, {135, "13001"}, {200, "halted"}});
+  record.Set({{3506, "1"}, {3507, "100"}});
+  record.Set({{116, "1"}, {117, "1"}, {118, "1"}, {131, "1"}, {132, "1"}, {133, "1"}});
+}
+
+} // namespace
+
+class EventOrderTest : public DepthControlTest {
+protected:
+  EventOrderTest() {
+    Log(control.OnChange, "change", atChange);
+    Log(control.OnFreeTextChange, "free text", atFreeText);
+    Log(control.OnRelatedChange, "related", none_);
+    Log(control.OnField22Known, "product type", atField22);
+    Log(control.OnCountChange, "count", none_);
+  }
+
+  Names names; ///< events, in the order in which they were fired
+  std::function<void()> atChange, atFreeText, atField22;
+
+private:
+  void Log(System::TNotifyEvent& event, const char* name, const std::function<void()>& also) {
+    event = [this, name, &also](System::TObject* sender) {
+      EXPECT_EQ(sender, &control) << name;
+      names.emplace_back(name);
+      if (also)
+        also();
+    };
+  }
+
+  std::function<void()> none_;
+};
+
+TEST_F(EventOrderTest, AnUpdateTellsOfTheCellsThenOfTheTypeThenOfTheTexts) {
+  Record().SetState(Constdef::RecordState_None);
+  ShowSymbol();
+  names.clear();
+  FillEverything(Record().SetState(Constdef::RecordState_Ready));
+  Record().Update();
+  EXPECT_EQ(names, (Names{"count", "change", "product type", "free text", "related"}));
+}
+
+TEST_F(EventOrderTest, AnUpdateHasBuiltTheCellsWhenItTellsOfThem) {
+  Record().SetState(Constdef::RecordState_None);
+  ShowSymbol();
+  FillEverything(Record().SetState(Constdef::RecordState_Ready));
+  int told = 0;
+  atChange = [&] {
+    ++told;
+    EXPECT_EQ(control.MarketDataType(), mdtPriced);
+    EXPECT_EQ(control.GetCellHeader(0), "Res_OpenPrc");
+    EXPECT_EQ(control.GetCount(), 16);
+    EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "1234");
+    EXPECT_EQ(control.GetDisplayValue(1, Column::AskQueue1), "5678");
+    EXPECT_EQ(control.ProductType(), -1);
+    EXPECT_EQ(control.FreeText1(), "");
+  };
+  Record().Update();
+  EXPECT_EQ(told, 1);
+}
+
+TEST_F(EventOrderTest, TheTypeIsKnownBeforeTheTextsAreRead) {
+  Record().SetState(Constdef::RecordState_None);
+  ShowSymbol();
+  FillEverything(Record().SetState(Constdef::RecordState_Ready));
+  int told = 0;
+  atField22 = [&] {
+    ++told;
+    EXPECT_EQ(control.ProductType(), 4);
+    EXPECT_EQ(control.FreeText1(), "");
+    EXPECT_EQ(control.WarrantList(), "");
+  };
+  atFreeText = [&] {
+    ++told;
+    EXPECT_EQ(control.FreeText1(), "halted");
+    EXPECT_EQ(control.WarrantList(), "");
+  };
+  Record().Update();
+  EXPECT_EQ(told, 2);
+}
+
+TEST_F(EventOrderTest, ASymbolTellsOfItsCellsLast) {
+  FillEverything(Record());
+  ShowSymbol();
+  EXPECT_EQ(names, (Names{"count", "free text", "related", "change"}));
+}
+
+TEST_F(EventOrderTest, ASymbolsTypeAndHeaderAreKnownBeforeItsTexts) {
+  FillEverything(Record());
+  int told = 0;
+  atFreeText = [&] {
+    ++told;
+    EXPECT_EQ(control.ProductType(), 4);
+    EXPECT_EQ(control.GetCellHeader(0), "Res_OpenPrc");
+  };
+  atChange = [&] {
+    ++told;
+    EXPECT_EQ(control.MarketDataType(), mdtPriced);
+    EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "1234");
+    EXPECT_EQ(control.FreeText1(), "halted");
+    EXPECT_EQ(control.WarrantList(), "13001");
+  };
+  ShowSymbol();
+  EXPECT_EQ(told, 2);
+}
+
+TEST_F(EventOrderTest, ASymbolWithoutAnythingToTellChangesOnlyItsCells) {
+  ShowSymbol();
+  EXPECT_EQ(names, Names{"change"});
+}
+
+TEST_F(EventOrderTest, AnotherSpreadTableTellsOfTheCellsBeforeItRebuildsTheTexts) {
+  FillEverything(Record());
+  ShowSymbol();
+  names.clear();
+  Record().Set(3507, "105"); // read only once the texts are rebuilt
+  std::string priceAtChange;
+  atChange = [&] { priceAtChange = control.Mechanisms().PosRefPrice; };
+  host.market.AnnounceSpreads({"01"});
+  EXPECT_EQ(names, (Names{"change", "free text"}));
+  EXPECT_EQ(priceAtChange, "700@100");
+  EXPECT_EQ(control.Mechanisms().PosRefPrice, "700@105");
+}
+
+TEST_F(EventOrderTest, ALayoutHasItsHeaderWhenItTellsOfItsCells) {
+  ShowSymbol();
+  FillEverything(Record());
+  names.clear();
+  int told = 0;
+  atChange = [&] {
+    ++told;
+    EXPECT_EQ(control.DisplayMode(), qm10Simple);
+    EXPECT_EQ(control.GetCellHeader(0), "Res_OpenPrc");
+  };
+  control.SetDisplayMode(qm10Simple);
+  EXPECT_EQ(names, (Names{"count", "change"}));
+  EXPECT_EQ(told, 1);
+}
+
+TEST_F(EventOrderTest, TheBeginningOfTheDayHasRebuiltTheHeaderWhenItTellsOfTheCells) {
+  ShowSymbol();
+  FillEverything(Record());
+  names.clear();
+  host.channels.Send(Constdef::Channel_BeginningOfDay, nullptr, nullptr);
+  EXPECT_EQ(names, (Names{"count", "change"}));
+}
+
+TEST_F(EventOrderTest, AnUpdateOfAnInstrumentInTheHeaderIsToldOnce) {
+  control.SetDisplayMode(qm10Full);
+  Record().Set({{22, "4"}, {26, "5"}, {27, "20"}, {28, "C"}, {104, "0.1"}, {3, "2"}});
+  host.Record("5").Set(3, "25");
+  ShowSymbol();
+  ASSERT_EQ(control.GetCellHeader(11), "Res_Underlyer");
+  names.clear();
+  Record().Update();
+  EXPECT_EQ(names, Names{"change"});
+  host.Record("5").Update();
+  EXPECT_EQ(names, Names{"change"});
+}
+
+// The end of a control
+
+namespace {
+
+/// A host that changes its configuration and begins a day while a record is let go.
+class TBusyAdapter : public Fakes::TFakeSubscribeAdapter {
+public:
+  explicit TBusyAdapter(Fakes::THostFakes& host) : host_(host) { Install(this); }
+
+  void Unsubscribe(Basesubscribedata::TCustomSubItem* record) override {
+    TFakeSubscribeAdapter::Unsubscribe(record);
+    host_.config.SetCurrent("DenominatorModeValue", std::to_string(++mode_));
+    host_.config.Announce();
+    host_.channels.Send(Constdef::Channel_BeginningOfDay, nullptr, nullptr);
+  }
+
+private:
+  Fakes::THostFakes& host_;
+  int mode_ = 0;
+};
+
+} // namespace
+
+TEST(DepthControlEnd, NothingReachesAControlThatIsLettingItsRecordGo) {
+  Fakes::THostFakes host;
+  TBusyAdapter adapter(host);
+  TEventCounts events;
+  {
+    TCustomQuorMarketDataControl control(nullptr);
+    control.SetSymbol("700");
+    ListenToAll(control, events);
+    control.SetSymbol("5"); // the control lives: it is told
+    EXPECT_EQ(events.change, 3);
+    events = {};
+  }
+  EXPECT_EQ(adapter.released, (std::vector<std::string>{"700", "5"}));
+  EXPECT_EQ(events.change, 0);
+}
+
+} // namespace Quorpricedatacontrol

@@ -1,0 +1,137 @@
+#include "host/ConstDef.h"
+#include "model/ModelFixture.h"
+
+// How many rows each layout has, and when its owner is told of another number.
+
+namespace Quorpricedatacontrol {
+
+class RowCountTest : public DepthControlTest {
+protected:
+  /// Sixteen header rows of the control's own.
+  void FillAllHeaderRows() {
+    Record().Set({{116, "110"}, {117, "90"}, {118, "1"}, {131, "120"}, {132, "80"}, {133, "100"}});
+  }
+  /// Four header rows that describe a stock.
+  void FillStock() {
+    Record().Set({{22, "1"}, {3, "10"}, {18, "2000"}, {49, "15.5"}, {102, "3.2"}});
+  }
+  void LoseRecord() { Record().SetState(Constdef::RecordState_None); }
+
+  void ShowIn(TQuorMode mode) {
+    control.SetDisplayMode(mode);
+    ShowSymbol();
+    events = {};
+  }
+};
+
+// A record that is not ready
+
+TEST_F(RowCountTest, ALayoutOfAnUnreadyRecordHasARowForEachHeaderRow) {
+  FillAllHeaderRows();
+  ShowIn(qm5Full);
+  LoseRecord();
+  control.SetDisplayMode(qm10Simple);
+  EXPECT_EQ(control.GetCount(), 16);
+  control.SetDisplayMode(qm10Full);
+  EXPECT_EQ(control.GetCount(), 18);
+  control.SetDisplayMode(qm5Full);
+  EXPECT_EQ(control.GetCount(), 16);
+  EXPECT_EQ(events.count, 0);
+  EXPECT_EQ(events.change, 3);
+}
+
+TEST_F(RowCountTest, ALayoutOfAnUnreadyRecordHasThirteenRowsAtLeast) {
+  ShowIn(qm10Full);
+  LoseRecord();
+  control.SetDisplayMode(qm5Full);
+  EXPECT_EQ(control.GetCount(), 13);
+  control.SetDisplayMode(qm10Simple);
+  EXPECT_EQ(control.GetCount(), 13);
+  EXPECT_EQ(events.count, 0);
+}
+
+TEST_F(RowCountTest, DetailRowsOfAnUnreadyRecordAreCountedToo) {
+  FillStock();
+  ShowIn(qm10Full);
+  LoseRecord();
+  control.SetDisplayMode(qm5Full);
+  EXPECT_EQ(control.GetCount(), 15);
+  EXPECT_EQ(events.count, 0);
+}
+
+// Leaving the layout with detail rows
+
+TEST_F(RowCountTest, LeavingTheDetailRowsIsToldWhereThereWereAny) {
+  FillAllHeaderRows();
+  FillStock();
+  ShowIn(qm10Full);
+  int countWhenTold = 0;
+  control.OnCountChange = [&](System::TObject*) {
+    ++events.count;
+    countWhenTold = control.GetCount();
+  };
+  control.SetDisplayMode(qm5Full);
+  EXPECT_EQ(control.GetCount(), 16);
+  EXPECT_EQ(events.count, 1); // sixteen and two detail rows before
+  EXPECT_EQ(countWhenTold, 16);
+}
+
+TEST_F(RowCountTest, LeavingTheDetailRowsIsToldWhereTheRestFitsThirteenRows) {
+  FillStock();
+  ShowIn(qm10Full);
+  control.SetDisplayMode(qm10Simple);
+  EXPECT_EQ(control.GetCount(), 13);
+  EXPECT_EQ(events.count, 1); // eleven and four detail rows before
+}
+
+TEST_F(RowCountTest, TheSameHeaderRowsAreNotToldWhenTheLayoutChanges) {
+  FillAllHeaderRows();
+  ShowIn(qm10Full);
+  for (const auto& [mode, count] :
+       {std::pair{qm5Full, 16}, {qm10Simple, 16}, {qm10Full, 18}, {qm10Simple, 16}}) {
+    control.SetDisplayMode(mode);
+    EXPECT_EQ(control.GetCount(), count);
+  }
+  EXPECT_EQ(events.count, 0);
+  EXPECT_EQ(events.change, 4);
+}
+
+TEST_F(RowCountTest, NewHeaderRowsAreToldWhenTheLayoutChanges) {
+  ShowIn(qm5Full);
+  FillAllHeaderRows();
+  control.SetDisplayMode(qm10Simple);
+  EXPECT_EQ(control.GetCount(), 16);
+  EXPECT_EQ(events.count, 1);
+}
+
+TEST_F(RowCountTest, TheEighteenRowsNeverChange) {
+  ShowIn(qm10Full);
+  FillAllHeaderRows();
+  control.BODDataUpdate(nullptr, nullptr);
+  EXPECT_EQ(control.GetCellHeader(15), "Res_Low_52wks");
+  EXPECT_EQ(control.GetCount(), 18);
+  EXPECT_EQ(events.count, 0);
+}
+
+// More rows than levels
+
+TEST_F(RowCountTest, TheSimpleLayoutHasNoLevelsBelowTheTenth) {
+  FillDepth(Record());
+  FillAllHeaderRows();
+  ShowIn(qm10Simple);
+  ASSERT_EQ(control.GetCount(), 16);
+  EXPECT_EQ(control.GetDisplayValue(12, Column::BidPrice), "90.000");
+  EXPECT_EQ(control.GetDisplayValue(12, Column::AskSize), "10,100");
+  for (int row = 13; row < 16; ++row) {
+    for (const int column : {1, 2, 16, 19})
+      EXPECT_EQ(control.GetDisplayValue(row, column), "") << row << ' ' << column;
+    for (const int side : {Side::Bid, Side::Ask}) {
+      EXPECT_EQ(control.GetPriceValue(row, side), "") << row;
+      EXPECT_EQ(control.GetSizeValue(row, side), "") << row;
+    }
+  }
+  EXPECT_EQ(control.GetDisplayValue(13, Column::HeaderCaption), "Res_Currency");
+  EXPECT_EQ(control.GetDisplayValue(15, Column::HeaderValue), "80.000");
+}
+
+} // namespace Quorpricedatacontrol
