@@ -19,7 +19,7 @@ using Terminal::TSymbolDirectory;
 class SymbolBox : public testing::Test {
 protected:
   SymbolBox() {
-    Symbols.Add("700", "TENCENT");
+    Symbols.Add("700", "HARBOUR TECH");
     Symbols.Add("5", "HSBC HOLDINGS");
     Symbols.Add("09988");
     auto* layout = new QVBoxLayout(&window_);
@@ -74,12 +74,12 @@ private:
 
 TEST(SymbolDirectory, FindsAListedSymbolInEveryFormATraderTypes) {
   TSymbolDirectory symbols;
-  symbols.Add("700", "TENCENT");
+  symbols.Add("700", "HARBOUR TECH");
   symbols.Add("09988", "BABA-W");
   symbols.Add("AAPL");
   symbols.Add("00700X");
-  for (const auto* text : {"700", "00700", "0700.HK", "700.hk", " 700 ", "tencent", "Tencent ",
-                           "７００", "700  TENCENT", "700 tencent"})
+  for (const auto* text : {"700", "00700", "0700.HK", "700.hk", " 700 ", "harbour tech",
+                           "Harbour Tech ", "７００", "700  HARBOUR TECH", "700 harbour tech"})
     EXPECT_EQ(symbols.Resolve(text), symbols.Resolve("700")) << text;
   EXPECT_EQ(symbols.Resolve("700"), "700");
   EXPECT_EQ(symbols.Resolve("9988"), "09988");
@@ -122,7 +122,7 @@ TEST_F(SymbolBox, EnterResolvesWhatWasTyped) {
 }
 
 TEST_F(SymbolBox, LeavingTheBoxResolvesWhatWasTyped) {
-  Type("tencent");
+  Type("harbour tech");
   EXPECT_EQ(Edit->Hint(), "");
   Leave();
   EXPECT_EQ(Edit->Hint(), "700");

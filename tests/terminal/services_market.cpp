@@ -218,7 +218,7 @@ TEST(Market, ReplacesTheBrokerDirectoryAndAnnouncesIt) {
 TEST(Market, AnInstrumentHasACurrencyAndIsListed) {
   TSymbolDirectory symbols;
   TMarketAdapter market(symbols);
-  market.DefineInstrument("80700", "CNY", "TENCENT-R");
+  market.DefineInstrument("80700", "CNY", "HARBOUR TECH-R");
   ASSERT_NE(market.GetInstrument("80700"), nullptr);
   EXPECT_EQ(market.GetInstrument("80700")->Currency(), "CNY");
   EXPECT_EQ(market.GetInstrument("700"), nullptr);
