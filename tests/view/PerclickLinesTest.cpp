@@ -1,0 +1,115 @@
+// The last price, change and update time of the per-click form, and asking for a quote.
+
+#include "view/ViewFixture.h"
+
+using Platform::TcxLabel;
+
+namespace {
+
+class TPerclickLinesTest : public TViewTest {
+protected:
+  void Follow(std::optional<int> feedType = Constdef::FeedType_PerClick) {
+    host.SetFeedType(feedType);
+    Open();
+    Type("700");
+  }
+
+  std::string Text(const char* label) { return Find<TcxLabel>(label).text().toStdString(); }
+
+  void Refresh() {
+    auto* refresh = frame->GetViewCaptionButtons().front();
+    ASSERT_EQ(refresh->Hint, "Res_QuoteRefresh");
+    refresh->OnClick(nullptr);
+  }
+};
+
+TEST_F(TPerclickLinesTest, ShowPriceChangeAndTimeOfTheSnapshot) {
+  Follow();
+  host.Record("700").Set({{3, "318.2"}, {48, "+1.2"}, {130, "0.38"}, {33, "09:30:01"}}).Update();
+  EXPECT_EQ(Text("lblLast"), "318.200");
+  EXPECT_EQ(Text("lblChange"), "chg(+1.2)   chg%(0.38)");
+  EXPECT_EQ(Text("lblUpdateTime"), "Res_UpdateTime: 09:30:01");
+}
+
+TEST_F(TPerclickLinesTest, BeforeTheFirstSnapshotTheTimeIsEmpty) {
+  host.SetFeedType(Constdef::FeedType_PerClick);
+  Open();
+  EXPECT_EQ(Text("lblUpdateTime"), "Res_UpdateTime: ");
+  EXPECT_EQ(Text("lblLast"), "");
+  EXPECT_EQ(Text("lblChange"), "   ") << "three blanks between two empty texts";
+  Type("700");
+  EXPECT_EQ(Text("lblUpdateTime"), "Res_UpdateTime: ");
+}
+
+TEST_F(TPerclickLinesTest, ASymbolThatIsLoadedShowsAtOnceAndTheNextReplacesIt) {
+  host.Record("700").Set({{3, "318.2"}, {33, "09:30:01"}});
+  Follow();
+  EXPECT_EQ(Text("lblLast"), "318.200");
+  Type("5");
+  EXPECT_EQ(Text("lblLast"), "");
+  EXPECT_EQ(Text("lblUpdateTime"), "Res_UpdateTime: ");
+}
+
+TEST_F(TPerclickLinesTest, EveryUpdateIsShown) {
+  Follow();
+  for (const char* price : {"1", "2", "2", "3"}) {
+    host.Record("700").Set(3, price).Update();
+    EXPECT_EQ(Text("lblLast"), std::string(price) + ".000");
+  }
+}
+
+TEST_F(TPerclickLinesTest, TheTimeFollowsTheLanguage) {
+  Follow();
+  host.Record("700").Set(33, "09:30:01").Update();
+  host.language.SetText("Res_UpdateTime", "Stand");
+  frame->SetLanguage(1);
+  EXPECT_EQ(Text("lblUpdateTime"), "Stand: 09:30:01");
+}
+
+TEST_F(TPerclickLinesTest, WithoutPerclickControlTheLinesStayEmpty) {
+  for (const std::optional<int> feedType : {std::optional<int>(), {1}, {3}}) {
+    Follow(feedType);
+    host.Record("700").Set({{3, "318.2"}, {48, "1"}, {130, "1"}, {33, "09:30"}}).Update();
+    frame->SetLanguage(1);
+    for (const char* label : {"lblLast", "lblChange", "lblUpdateTime"})
+      EXPECT_EQ(Text(label), "") << label;
+  }
+}
+
+TEST_F(TPerclickLinesTest, RefreshAsksForASnapshotOfTheAppliedSymbol) {
+  Follow();
+  Refresh();
+  EXPECT_EQ(host.subscriptions.refreshed, std::vector<std::string>{"700"});
+  Type("5");
+  Refresh();
+  Refresh();
+  EXPECT_EQ(host.subscriptions.refreshed, (std::vector<std::string>{"700", "5", "5"}));
+}
+
+TEST_F(TPerclickLinesTest, WithoutSymbolRefreshAsksForNothing) {
+  host.SetFeedType(Constdef::FeedType_PerClick);
+  Open();
+  Refresh();
+  Type("99999");
+  Refresh();
+  EXPECT_TRUE(host.subscriptions.refreshed.empty());
+}
+
+TEST_F(TPerclickLinesTest, ASymbolThatIsNoLongerAppliedIsNotRefreshed) {
+  Follow();
+  Find<Platform::TcxPopupEdit>("edtSymbol").SetHint({});
+  Refresh();
+  EXPECT_TRUE(host.subscriptions.refreshed.empty());
+}
+
+TEST_F(TPerclickLinesTest, ThePerclickGridsShowAnUpdateWithoutWaitingForTheTimer) {
+  Follow();
+  host.Record("700").Set({{1, "318.2"}, {133, "300"}}).Update();
+  const auto text = [this](const char* grid, int row, int tag) {
+    return Find<Platform::TcxGrid>(grid).View()->Cell(row, ColumnOf(grid, tag))->Text;
+  };
+  EXPECT_EQ(text("PerclickPriceGrid", 0, 1), "318.200");
+  EXPECT_EQ(text("PerclickInfoGrid", 1, 10000), "300.000");
+}
+
+} // namespace
