@@ -10,8 +10,8 @@ std::vector<std::string> SkippedLines(const TRecordingIndex& index) {
   for (const auto& line : index.Malformed)
     if (lines.size() < shown)
       lines.push_back("line " + std::to_string(line.Number) + ": " + line.Sentence);
-  if (index.MalformedCount > lines.size())
-    lines.push_back("in all " + std::to_string(index.MalformedCount) + " lines");
+  if (index.MalformedCount > 0)
+    lines.push_back("lines skipped: " + std::to_string(index.MalformedCount));
   return lines;
 }
 

@@ -4,8 +4,11 @@
 #include "host/SystemClasses.h"
 
 #include <dlfcn.h>
+#include <elf.h>
 
+#include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 namespace Terminal {
@@ -29,6 +32,18 @@ std::string PathOf(const std::string& file) {
   if (!std::filesystem::is_regular_file(file, ignored))
     throw TLoadError(file + " is not a package: it is not a file.");
   return std::filesystem::absolute(file, ignored).string();
+}
+
+/// A library that was cut short would crash while it is loaded.
+void CheckComplete(const std::string& file) {
+  Elf64_Ehdr header{};
+  std::ifstream library(file, std::ios::binary);
+  library.read(reinterpret_cast<char*>(&header), sizeof header);
+  if (!library || std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0)
+    return; // not a library at all, as dlopen says better
+  const auto end = header.e_shoff + std::uint64_t{header.e_shnum} * header.e_shentsize;
+  if (end > std::filesystem::file_size(file))
+    throw TLoadError(file + " is not a package: the file is incomplete.");
 }
 
 /// `binding` is dlopen's.
@@ -71,6 +86,7 @@ std::unique_ptr<Baseview::TIBaseView> CreateDescriptor(const std::string& file) 
 std::unique_ptr<TPackage> Load(const std::string& file) {
   // A package for another contract may need functions that this one does not have. So its version
   // is read before anything else of it is bound.
+  CheckComplete(PathOf(file));
   CheckVersion(OpenLibrary(file, RTLD_LAZY), file);
   void* library = OpenLibrary(file, RTLD_NOW);
   const auto initialize =

@@ -11,6 +11,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -144,7 +147,11 @@ int RunWindow(TServices& services, Baseview::TIBaseView& descriptor, const TComm
   TMainWindow window({services, descriptor, market.Player, market.Feed, state});
   QObject::connect(
       &market.Feed, &TMarketFeed::Started, &window,
-      [&](const QString& symbol) { window.RestoreViews(FirstLayout(services, line, symbol)); },
+      [&](const QString& symbol) {
+        const bool isAskedFor = line.Symbol || line.Levels || line.Replay;
+        window.RestoreViews(FirstLayout(services, line, symbol),
+                            isAskedFor ? TFirstView::AsTold : TFirstView::AsSaved);
+      },
       Qt::SingleShotConnection);
   if (const std::string error = market.Open(line); !error.empty())
     return Fail(error);
@@ -173,6 +180,11 @@ bool OpenScript(const std::string& name, std::ifstream& file) {
   return file.is_open();
 }
 
+bool CanReadStandardInput() {
+  struct stat input {};
+  return fstat(STDIN_FILENO, &input) == 0 && !S_ISDIR(input.st_mode);
+}
+
 /// Scripts and snapshots never show a window, whatever display there is.
 void ChoosePlatform(const TCommandLine& line, bool hasDisplay) {
   const bool isSilent = line.Script || line.Snapshot;
@@ -197,7 +209,8 @@ int RunTerminal(int argc, char** argv) {
     return 0;
   }
   std::ifstream file;
-  if (line.Script && *line.Script != "-" && !OpenScript(*line.Script, file))
+  if (line.Script &&
+      !(*line.Script == "-" ? CanReadStandardInput() : OpenScript(*line.Script, file)))
     return Fail("The script " + *line.Script + " cannot be read.", StatusNoScript);
   const bool hasDisplay = HasDisplay();
   ChoosePlatform(line, hasDisplay);

@@ -82,6 +82,7 @@ void TQuorPriceFrame::CreateRefreshTimer() {
   const int interval = config->ReadInteger(config->CurrentSection(), "QuorPriceUpdateInterval");
   refreshTimer_ = std::make_unique<TTimer>();
   refreshTimer_->setObjectName(QStringLiteral("RefreshTimer"));
+  refreshTimer_->setTimerType(Qt::PreciseTimer); // a coarse one may come early
   refreshTimer_->setInterval(std::max(interval, MinimumUpdateInterval));
   connect(refreshTimer_.get(), &TTimer::timeout, this, &TQuorPriceFrame::RefreshTimer);
   refreshTimer_->start();

@@ -115,15 +115,15 @@ void TQuorPriceFrame::ConfigUpdate(TObject*, TObject*) {
           config->ReadString(Constdef::Section_TradePlatform, "DefaultGroupDataMode"))
           .value_or(-1);
 
-  const auto section = config->CurrentSection();
   bool changed = false;
   const auto store = [&changed](auto& field, auto value) {
     changed = changed || field != value;
     field = std::move(value);
   };
-  store(highlightEnabled_, config->ReadBoolean(section, "SpecBrokerChecked"));
-  store(specialBrokers_, config->ReadString(section, "DetailSpecialBroker"));
-  store(specialBrokerColours_, config->ReadString(section, "DetailSpecialBrokerColor"));
+  store(highlightEnabled_, config->ReadBoolean(config->CurrentSection(), "SpecBrokerChecked"));
+  store(specialBrokers_, config->ReadString(config->CurrentSection(), "DetailSpecialBroker"));
+  store(specialBrokerColours_,
+        config->ReadString(config->CurrentSection(), "DetailSpecialBrokerColor"));
   InitBrokerColor();
   if (changed)
     PriceGridView->Repaint();

@@ -7,6 +7,9 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include <algorithm>
+#include <iterator>
+
 namespace Terminal {
 
 namespace {
@@ -125,7 +128,16 @@ std::unique_ptr<System::TObject> OrderOf(const QJsonObject& order) {
   return std::make_unique<TClientOrderMessage>(order);
 }
 
+bool IsChannel(int number) {
+  constexpr int channels[] = {Constdef::Channel_CopySymbol,   Constdef::Channel_MainFormShown,
+                              Constdef::Channel_LayoutLoaded, Constdef::Channel_ScaleChanged,
+                              Constdef::Channel_CopyOrder,    Constdef::Channel_BeginningOfDay};
+  return std::find(std::begin(channels), std::end(channels), number) != std::end(channels);
+}
+
 QJsonObject SendChannel(TScriptSession& session, const QJsonObject& members) {
+  if (const int number = members["number"].toInt(); !IsChannel(number))
+    throw TScriptError(QStringLiteral("There is no channel %1.").arg(number));
   if (members.contains("list") + members.contains("group") + members.contains("order") > 1)
     throw TScriptError(QStringLiteral("A channel message carries one thing at most."));
   std::unique_ptr<System::TObject> data;

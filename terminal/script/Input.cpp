@@ -44,8 +44,8 @@ void Type(QWidget* widget, const QString& text) {
   if (text.isEmpty())
     QTest::keyClick(widget, Qt::Key_Delete);
   for (const QChar character : text) {
-    const bool isAscii = character > QChar(0) && character < QChar(0x7f);
-    const auto key = isAscii ? QTest::asciiToKey(character.toLatin1()) : Qt::Key_unknown;
+    const bool isPrintable = character >= QChar(' ') && character < QChar(0x7f);
+    const auto key = isPrintable ? QTest::asciiToKey(character.toLatin1()) : Qt::Key_unknown;
     QTest::sendKeyEvent(QTest::Click, widget, key, QString(character), Qt::NoModifier);
   }
 }

@@ -1,6 +1,6 @@
 #include "terminal/script/ScriptSession.h"
 
-#include <QLocale>
+#include <cmath>
 
 namespace Terminal {
 
@@ -12,7 +12,7 @@ constexpr TPresence Optional = TPresence::Optional;
 int FieldNumber(const QString& text) {
   bool isNumber = false;
   const int number = text.toInt(&isNumber);
-  if (!isNumber)
+  if (!isNumber || !text.front().isDigit() || !text.back().isDigit())
     throw TScriptError(QStringLiteral("\"%1\" is not a field number.").arg(text));
   return number;
 }
@@ -21,8 +21,8 @@ double PriceOf(const QString& text) {
   if (text.isEmpty())
     return 0;
   bool isNumber = false;
-  const double price = QLocale::c().toDouble(text, &isNumber);
-  if (!isNumber)
+  const double price = text.toDouble(&isNumber);
+  if (!isNumber || !std::isfinite(price))
     throw TScriptError(QStringLiteral("\"%1\" is not a price.").arg(text));
   return price;
 }
@@ -39,6 +39,8 @@ QJsonObject DefineSpreadTable(TScriptSession& session, const QJsonObject& member
     const QJsonArray band = element.toArray();
     if (band.size() != 3)
       throw TScriptError(QStringLiteral("A band must be a list of from, to and step."));
+    if (band[0].toDouble() >= band[1].toDouble() || band[2].toDouble() <= 0)
+      throw TScriptError(QStringLiteral("A band must go upwards in steps above zero."));
     table.Bands.push_back({band[0].toDouble(), band[1].toDouble(), band[2].toDouble()});
   }
   session.Services().Market.DefineSpreadTables({table});

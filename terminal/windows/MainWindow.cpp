@@ -20,6 +20,14 @@ namespace {
 
 constexpr int SaveDelay = 500; // milliseconds, so that a burst of changes is one write
 
+/// The symbol of a view's layout data, where it is the first item; empty when there is none.
+std::string SymbolOf(const std::string& layoutData) {
+  constexpr std::string_view name = "Symbol=";
+  if (!layoutData.starts_with(name))
+    return {};
+  return layoutData.substr(name.size(), layoutData.find(',') - name.size());
+}
+
 /// The view at its own size in the corner of a dock that may be larger.
 QWidget* InCorner(QWidget* view) {
   auto* room = new QWidget;
@@ -103,13 +111,19 @@ TViewSettings TMainWindow::Settings() const {
   return {parts_.Services.Languages.CurrentLanguage(), font.family(), size};
 }
 
-void TMainWindow::RestoreViews(const std::string& layoutData) {
-  const auto saved = parts_.State.Views();
-  for (const auto& view : saved)
+void TMainWindow::RestoreViews(const std::string& layoutData, TFirstView firstView) {
+  auto saved = parts_.State.Views();
+  if (saved.empty())
+    saved.emplace_back();
+  if (firstView == TFirstView::AsTold || saved.front().LayoutData.empty())
+    saved.front().LayoutData = layoutData;
+  for (const auto& view : saved) {
+    // This market may not have named the symbol yet; the view keeps it all the same.
+    if (const auto symbol = SymbolOf(view.LayoutData); !symbol.empty())
+      parts_.Services.Symbols.Add(symbol);
     if (auto* pane = views_.Open(view.LayoutData))
       pane->SetGroup(view.Group);
-  if (saved.empty())
-    views_.Open(layoutData);
+  }
   const TSavedWindow window = parts_.State.Window();
   restoreGeometry(window.Geometry);
   restoreState(window.Docks);

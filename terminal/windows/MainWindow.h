@@ -19,6 +19,9 @@ namespace Terminal {
 
 class TServices;
 
+/// What the first view shows when the views of the last run come back.
+enum class TFirstView { AsSaved, AsTold };
+
 /// The terminal's window: price views in docks, order ticket, player bar and menu. Everything is
 /// kept as it changes and put back at the next start.
 class TMainWindow : public QMainWindow {
@@ -37,8 +40,9 @@ public:
   explicit TMainWindow(const TParts& parts);
   ~TMainWindow() override;
 
-  /// Puts back the views of the last run; without any, opens one with `layoutData`.
-  void RestoreViews(const std::string& layoutData);
+  /// Puts back the views of the last run. The first takes `layoutData` when it was told so, and
+  /// when nothing was saved.
+  void RestoreViews(const std::string& layoutData, TFirstView firstView = TFirstView::AsSaved);
 
   TViewHost& Views() { return views_; }
 

@@ -22,7 +22,9 @@ QWidget* TFakeViewHost::GetDialogForm(Baseview::TIBaseView*, System::TObject*) {
 }
 
 void TFakeEditorManager::RegisterSymbolEditor(Platform::TcxPopupEdit* edit, std::string_view group,
-                                              bool, bool) {
+                                              bool completion, bool resolveOnExit) {
+  askedForCompletion = completion;
+  askedForResolutionOnExit = resolveOnExit;
   if (!edit->Resolver)
     ++liveEditors;
   groups.emplace_back(group);

@@ -47,6 +47,8 @@ public:
   std::set<std::string> listed;
   std::vector<std::string> groups; ///< group of each registration, in order
   int liveEditors = 0;
+  bool askedForCompletion = false; ///< by the last registration, like the next
+  bool askedForResolutionOnExit = false;
 
   void RegisterSymbolEditor(Platform::TcxPopupEdit* edit, std::string_view group, bool completion,
                             bool resolveOnExit) override;

@@ -142,6 +142,29 @@ TEST_F(TDescriptorTest, AHandleThatIsNotOpenIsIgnored) {
   EXPECT_EQ(descriptor->GetLayoutData(4711), "");
 }
 
+TEST_F(TDescriptorTest, UnloadingUnregistersNothing) {
+  Function<void()>(Constdef::PackageInitializeSymbol)();
+  Function<void()>(Constdef::PackageFinalizeSymbol)();
+  EXPECT_NE(System::Classes::CreateRegistered("TIQuorPrice", nullptr), nullptr);
+  Function<void()>(Constdef::PackageFinalizeSymbol)();
+  EXPECT_NE(System::Classes::CreateRegistered("TIQuorPrice", nullptr), nullptr);
+  Function<void()>(Constdef::PackageInitializeSymbol)();
+}
+
+TEST_F(TDescriptorTest, LoadingTwiceRegistersOnce) {
+  bool foundOther = false;
+  System::Classes::RegisterClass("TIQuorPrice", [&foundOther](System::Classes::TComponent*) {
+    foundOther = true;
+    return std::unique_ptr<System::Classes::TComponent>();
+  });
+  Function<void()>(Constdef::PackageInitializeSymbol)();
+  (void)System::Classes::CreateRegistered("TIQuorPrice", nullptr);
+  EXPECT_TRUE(foundOther) << "the second load registered the class again";
+  Function<void()>(Constdef::PackageFinalizeSymbol)();
+  Function<void()>(Constdef::PackageFinalizeSymbol)();
+  Function<void()>(Constdef::PackageInitializeSymbol)();
+}
+
 TEST_F(TDescriptorTest, TheDescriptorClosesWhatIsStillOpen) {
   const auto before = host.Registrations();
   descriptor->OpenNewInstance();

@@ -41,6 +41,19 @@ class StatusTest(unittest.TestCase):
             self.assertEqual((result.returncode, result.stdout), (2, ""))
             self.assertEqual(result.stderr, f"The script {name} cannot be read.\n")
 
+    def test_standard_input_that_cannot_be_read(self):
+        for redirection in ("<&-", "< /tmp"):
+            result = subprocess.run(f'"{TERMINAL}" --script - {redirection}', shell=True,
+                                    capture_output=True, encoding="utf-8", timeout=60, check=False)
+            self.assertEqual((result.returncode, result.stdout), (2, ""), redirection)
+            self.assertEqual(result.stderr, "The script - cannot be read.\n")
+
+    def test_typed_control_characters_do_no_harm(self):
+        result = run("--script", "-", script='{"do":"record","symbol":"7"}\n{"do":"open"}\n'
+                     '{"do":"type","view":1,"text":"7\\n\\u0001"}\n')
+        self.assertEqual(result.returncode, 0)
+        self.assertEqual(len(result.stdout.splitlines()), 3)
+
     def test_unknown_option(self):
         result = run("--fly")
         self.assertEqual((result.returncode, result.stdout), (1, ""))

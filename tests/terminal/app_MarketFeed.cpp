@@ -88,8 +88,9 @@ TEST_F(MarketFeed, TellsTheLinesThatWereSkipped) {
   Play(QByteArray(market) + "nonsense\n");
   Player.Step(0);
   const auto lines = SkippedLines(*Player.Index());
-  ASSERT_EQ(lines.size(), 1u);
+  ASSERT_EQ(lines.size(), 2u);
   EXPECT_EQ(lines[0].find("line 5: "), 0u);
+  EXPECT_EQ(lines[1], "lines skipped: 1");
 }
 
 TEST_F(MarketFeed, TellsTheFirstOfManySkippedLinesAndTheirNumber) {
@@ -97,7 +98,7 @@ TEST_F(MarketFeed, TellsTheFirstOfManySkippedLinesAndTheirNumber) {
   Player.Step(0);
   const auto lines = SkippedLines(*Player.Index());
   ASSERT_EQ(lines.size(), 11u);
-  EXPECT_EQ(lines.back(), "in all 25 lines");
+  EXPECT_EQ(lines.back(), "lines skipped: 25");
 }
 
 TEST_F(MarketFeed, RecordsTheMarketAsItStandsAndEveryChange) {

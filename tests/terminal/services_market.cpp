@@ -222,10 +222,10 @@ TEST(Market, AnInstrumentHasACurrencyAndIsListed) {
   ASSERT_NE(market.GetInstrument("80700"), nullptr);
   EXPECT_EQ(market.GetInstrument("80700")->Currency(), "CNY");
   EXPECT_EQ(market.GetInstrument("700"), nullptr);
-  EXPECT_EQ(symbols.Resolve("tencent-r"), "80700");
+  EXPECT_EQ(symbols.Resolve("harbour tech-r"), "80700");
   market.DefineInstrument("80700", "HKD", "");
   EXPECT_EQ(market.GetInstrument("80700")->Currency(), "HKD");
-  EXPECT_EQ(symbols.Resolve("tencent-r"), "80700");
+  EXPECT_EQ(symbols.Resolve("harbour tech-r"), "80700");
   market.DefineInstrument("", "HKD", "NOTHING");
   EXPECT_EQ(symbols.Entries().size(), 1U);
 }

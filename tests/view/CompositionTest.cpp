@@ -118,6 +118,35 @@ TEST_F(TCompositionTest, TheRootStandsFromTopToBottomInOrder) {
   }
 }
 
+class TRowTest : public TViewTest, public testing::WithParamInterface<std::vector<const char*>> {};
+
+TEST_P(TRowTest, StandsFromLeftToRightInOrder) {
+  Open();
+  for (auto* element : frame->findChildren<TdxLayoutElement*>())
+    element->show();
+  frame->resize(2000, frame->GetHeight());
+  frame->show();
+  int right = -1;
+  for (const char* name : GetParam()) {
+    const auto& widget = Find<QWidget>(name);
+    const int left = widget.mapTo(frame.get(), QPoint()).x();
+    EXPECT_GT(left, right) << name;
+    right = left + widget.width() - 1;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Form, TRowTest,
+    testing::Values(
+        std::vector{"lblPOS", "lblVCM", "lblCAS", "edtSymbol", "cmbLiqProvider", "cmbWarrant",
+                    "cmbRelated"},
+        std::vector{"lgPrice", "PerclickInfoGrid"}, std::vector{"lblLeftText", "lblRightText"},
+        std::vector{"lblPOSColor", "lblPOSCaption", "lblPOSRefPrice", "lblPOSUpperPrice",
+                    "lblPOSLowerPrice", "lblPOSUpperLimit", "lblPOSLowerLimit"},
+        std::vector{"lblVCMCASColor", "lblVCMCAS", "lblRefPrice", "lblUpperPrice", "lblLowerPrice"},
+        std::vector{"btnQty1", "btnQty2", "btnQty3", "btnQty4", "btnQty5"},
+        std::vector{"btnQty6", "btnQty7", "btnQty8", "btnQty9", "btnQty10"}));
+
 TEST_F(TCompositionTest, SizesAndHintsOfTheForm) {
   Open();
   EXPECT_EQ(Find<TcxPopupEdit>("edtSymbol").minimumWidth(), 200);
@@ -138,6 +167,8 @@ TEST_F(TCompositionTest, TheMenuListsDetailThenBrokerName) {
   ASSERT_EQ(actions.size(), 2);
   EXPECT_EQ(actions[0]->objectName(), "mDetail");
   EXPECT_EQ(actions[1]->objectName(), "mBrokerName");
+  EXPECT_EQ(actions[0]->toolTip(), "Detail");
+  EXPECT_EQ(actions[1]->toolTip(), "Show Broker Name");
   EXPECT_TRUE(actions[1]->isCheckable());
   EXPECT_FALSE(actions[0]->isVisible());
   EXPECT_TRUE(actions[1]->isVisible());
@@ -164,7 +195,7 @@ TEST_F(TCompositionTest, WithoutVendorModelAllColumnsStandInOrder) {
   EXPECT_FALSE(ColumnOf("PriceGrid", 21)->RightAligned);
   for (const int tag : {3, 16, 1, 19, 2})
     EXPECT_TRUE(ColumnOf("PriceGrid", tag)->RightAligned) << tag;
-  for (const int tag : {55, 58, 65, 68})
+  for (const int tag : {55, 56, 57, 58, 65, 66, 67, 68})
     EXPECT_FALSE(ColumnOf("PriceGrid", tag)->RightAligned) << tag;
 }
 
@@ -194,6 +225,8 @@ TEST_F(TCompositionTest, APerClickFeedShowsItsOwnGrids) {
   EXPECT_TRUE(IsShown("liUpdateTime"));
   EXPECT_EQ(ColumnTags("PerclickPriceGrid"), (std::vector<int>{16, 1, 19, 2}));
   EXPECT_EQ(ColumnTags("PerclickInfoGrid"), (std::vector<int>{10000, 10001, 10002, 10003, 10004}));
+  for (const int tag : {16, 1, 19, 2})
+    EXPECT_TRUE(ColumnOf("PerclickPriceGrid", tag)->RightAligned) << tag;
   EXPECT_EQ(Find<TcxGrid>("PerclickPriceGrid").View()->RecordCount(), 3);
   EXPECT_EQ(Find<TcxGrid>("PerclickInfoGrid").View()->RecordCount(), 4);
 }
