@@ -140,8 +140,7 @@ void TQuorPriceFrame::InitializePerclick() {
     return;
   AddGridColumns(*PerclickPriceGridView, perclickPriceColumns_);
   AddGridColumns(*PerclickInfoGridView, perclickInfoColumns_);
-  lgPrice->setFixedWidth(SumOfWidths(perclickPriceColumns_) + GridMargin);
-  PerclickInfoGrid->setFixedWidth(SumOfWidths(perclickInfoColumns_) + GridMargin);
+  SetPerclickWidths(SumOfWidths(perclickPriceColumns_), SumOfWidths(perclickInfoColumns_));
 }
 
 void TQuorPriceFrame::AddGridColumns(TcxGridTableView& view,

@@ -138,6 +138,8 @@ private:
   int QueueColumnWidth() const;
   void SetQueueColumnWidth();
   void ResetSize();
+  /// From the sums of the column widths of the two per-click grids.
+  void SetPerclickWidths(int priceColumns, int infoColumns);
   void PriceGridResize();
   void SetGridHeights();
   void SetDisplayModeHeight();

@@ -113,11 +113,16 @@ void TQuorPriceFrame::ResetSize() {
   for (const auto& column : PerclickInfoGridView->Columns())
     PerclickInfoGridView->SetColumnWidth(column.get(),
                                          DetectColWidth(PerclickInfoMinimumWidth, NumberSample));
-  lgPrice->setFixedWidth(SumOfWidths(*PerclickPriceGridView) + GridMargin);
-  PerclickInfoGrid->setFixedWidth(SumOfWidths(*PerclickInfoGridView) + GridMargin);
+  SetPerclickWidths(SumOfWidths(*PerclickPriceGridView), SumOfWidths(*PerclickInfoGridView));
 
   if (frameWidth_ != oldWidth)
     Baseview::SendViewNotify(this, Constdef::Notify_SizeChanged);
+}
+
+void TQuorPriceFrame::SetPerclickWidths(int priceColumns, int infoColumns) {
+  lgPrice->setFixedWidth(priceColumns + GridMargin);
+  PerclickPriceGrid->setFixedWidth(priceColumns + GridMargin);
+  PerclickInfoGrid->setFixedWidth(infoColumns + GridMargin);
 }
 
 int TQuorPriceFrame::GetWidth() {

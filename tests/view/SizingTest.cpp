@@ -171,6 +171,7 @@ TEST_F(TSizingTest, PerClickColumnsAndGroups) {
   for (const int tag : {10000, 10001, 10002, 10003, 10004})
     EXPECT_EQ(ColumnOf("PerclickInfoGrid", tag)->Width, MeasuredWidth(80, "99999999", 9)) << tag;
   EXPECT_EQ(Find<QWidget>("lgPrice").width(), VisibleWidths("PerclickPriceGrid") + 20);
+  EXPECT_EQ(Find<QWidget>("PerclickPriceGrid").width(), VisibleWidths("PerclickPriceGrid") + 20);
   EXPECT_EQ(Find<QWidget>("PerclickInfoGrid").width(), VisibleWidths("PerclickInfoGrid") + 20);
 }
 
