@@ -103,8 +103,11 @@ void TMainWindow::BuildShortcuts() {
 }
 
 TViewSettings TMainWindow::Settings() const {
-  const int scale =
-      parts_.Services.Config.ReadInteger(Constdef::Section_TradePlatform, "ScaleSize");
+  return SettingsAt(
+      parts_.Services.Config.ReadInteger(Constdef::Section_TradePlatform, "ScaleSize"));
+}
+
+TViewSettings TMainWindow::SettingsAt(int scale) const {
   const QFont font = QApplication::font();
   const int size =
       font.pointSize() * std::max(scale, Constdef::ScalePPI_100) / Constdef::ScalePPI_100;
@@ -246,12 +249,13 @@ void TMainWindow::SetSkin(const QString& name) {
 }
 
 void TMainWindow::SetScale(int perCent) {
-  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "ScaleSize",
-                                     std::to_string(perCent), true);
-  const TViewSettings settings = Settings();
+  // Fonts first: what a view derives from its font it derives when it hears of the scale.
+  const TViewSettings settings = SettingsAt(perCent);
   for (const auto* pane : views_.Panes())
     parts_.Descriptor.SetFont(pane->Handle(), settings.FontName.toStdString(), settings.FontSize,
                               0);
+  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "ScaleSize",
+                                     std::to_string(perCent), true);
   parts_.Services.Channels.Send(Constdef::Channel_ScaleChanged, nullptr, nullptr);
 }
 

@@ -64,6 +64,8 @@ private:
   void BuildDocks();
 
   TViewSettings Settings() const;
+  /// At a display scale, in per cent.
+  TViewSettings SettingsAt(int scale) const;
   void NewView();
   void ShowView(TViewPane* pane);
   void FollowNotification(int number, int code);
