@@ -38,15 +38,25 @@ int TBrokerListModel::ColumnOf(int tag) const {
 }
 
 void TBrokerListModel::SetRows(std::vector<TBrokerRow> rows) {
-  beginResetModel();
+  SetRowCount(static_cast<int>(rows.size()));
   rows_ = std::move(rows);
-  endResetModel();
+  // An open editor takes a changed value only when told of its cell alone.
+  for (int row = 0; row < rowCount(); ++row)
+    for (int column = 0; column < columnCount(); ++column)
+      emit dataChanged(index(row, column), index(row, column));
 }
 
-void TBrokerListModel::AddRow() {
-  beginInsertRows({}, rowCount(), rowCount());
-  rows_.emplace_back();
-  endInsertRows();
+void TBrokerListModel::SetRowCount(int count) {
+  const int before = rowCount();
+  if (count > before) {
+    beginInsertRows({}, before, count - 1);
+    rows_.resize(static_cast<std::size_t>(count));
+    endInsertRows();
+  } else if (count < before) {
+    beginRemoveRows({}, count, before - 1);
+    rows_.resize(static_cast<std::size_t>(count));
+    endRemoveRows();
+  }
 }
 
 void TBrokerListModel::RemoveRow(int row) {

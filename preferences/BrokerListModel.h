@@ -25,10 +25,11 @@ public:
   /// The column with the tag; -1 for none.
   int ColumnOf(int tag) const;
   const std::vector<TBrokerRow>& Rows() const { return rows_; }
+  /// Cells that are there before and after stay: focused, and their open editor with the new value.
   void SetRows(std::vector<TBrokerRow> rows);
-  void AddRow();
+  /// Empty rows are added, or rows removed, at the end.
+  void SetRowCount(int count);
   void RemoveRow(int row);
-  void Clear() { SetRows({}); }
   void SetCaption(int tag, const QString& caption);
 
   int rowCount(const QModelIndex& parent = {}) const override;

@@ -4,10 +4,13 @@
 #include "platform/Colour.h"
 #include "platform/ImageList.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace Quorpricepreference {
 
@@ -15,6 +18,7 @@ namespace {
 
 constexpr int SwatchMargin = 3;
 constexpr int ButtonImageSize = 16;
+constexpr int ArrowWidth = 16;
 
 /// Colours that stay apart from each other on a dark and on a light ground.
 constexpr Platform::TColor NamedColours[] = {0x000000FF, 0x000080FF, 0x0000D7FF, 0x0000C000,
@@ -39,35 +43,65 @@ void Select(QComboBox& box, Platform::TColor colour) {
   box.setCurrentIndex(box.findData(colour));
 }
 
+void DrawDropDownArrow(QPainter& painter, const QStyleOptionViewItem& option) {
+  QStyleOption arrow = option;
+  arrow.rect.setLeft(option.rect.right() + 1 - ArrowWidth);
+  QApplication::style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter);
+}
+
+/// The cell's editor may close while the dialog is open, and a reload may take the cell itself
+/// away.
+void AskForColour(QWidget* window, const QPersistentModelIndex& cell) {
+  const auto value = cell.data(Qt::EditRole);
+  const auto shown = value.isValid() ? Platform::ToQColor(value.toUInt()) : QColor(Qt::white);
+  auto* dialog = new QColorDialog(shown, window);
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  QObject::connect(dialog, &QColorDialog::colorSelected, dialog, [cell](const QColor& chosen) {
+    if (cell.isValid())
+      const_cast<QAbstractItemModel*>(cell.model())
+          ->setData(cell, Platform::FromQColor(chosen), Qt::EditRole);
+  });
+  dialog->open();
+}
+
 } // namespace
+
+bool TCellEditor::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                            const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const bool cutOff = sizeHint(option, index).width() > option.rect.width();
+  if (event->type() != QEvent::ToolTip || !cutOff)
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+  QToolTip::showText(event->globalPos(), index.data().toString(), view);
+  return true;
+}
 
 void TColourEditor::paint(QPainter* painter, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const {
-  QStyledItemDelegate::paint(painter, option, index);
+  TCellEditor::paint(painter, option, index);
+  DrawDropDownArrow(*painter, option);
   const auto value = index.data(Qt::EditRole);
   if (!value.isValid())
     return;
   painter->setPen(option.palette.color(QPalette::Mid));
   painter->setBrush(Platform::ToQColor(value.toUInt()));
   painter->drawRect(
-      option.rect.adjusted(SwatchMargin, SwatchMargin, -SwatchMargin - 1, -SwatchMargin - 1));
+      option.rect.adjusted(SwatchMargin, SwatchMargin, -ArrowWidth - 1, -SwatchMargin - 1));
 }
 
 QWidget* TColourEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                     const QModelIndex&) const {
+                                     const QModelIndex& index) const {
   auto* box = new QComboBox(parent);
   for (const auto colour : NamedColours)
     AddColour(*box, colour);
   box->addItem(QStringLiteral("…"));
-  connect(box, &QComboBox::activated, box, [this, box](int entry) {
-    if (!box->itemData(entry).isValid()) {
-      const auto chosen = QColorDialog::getColor(Qt::white, box->window());
-      if (!chosen.isValid())
-        return;
-      Select(*box, Platform::FromQColor(chosen));
+  const QPersistentModelIndex cell = index;
+  connect(box, &QComboBox::activated, box, [this, box, cell](int entry) {
+    if (box->itemData(entry).isValid()) {
+      emit const_cast<TColourEditor*>(this)->commitData(box);
+      return;
     }
-    auto* self = const_cast<TColourEditor*>(this);
-    emit self->commitData(box);
+    setEditorData(box, cell);
+    AskForColour(box->window(), cell);
   });
   return box;
 }

@@ -4,11 +4,21 @@
 
 namespace Quorpricepreference {
 
-/// Editor of a colour cell: a drop-down of named colours, whose last entry opens the platform's
-/// colour dialog. The cell shows a swatch, and nothing while it has no colour.
-class TColourEditor : public QStyledItemDelegate {
+/// A cell of the list, edited as text unless a derived class edits it otherwise. A text that is cut
+/// off is told in full by a hint.
+class TCellEditor : public QStyledItemDelegate {
 public:
   using QStyledItemDelegate::QStyledItemDelegate;
+
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override;
+};
+
+/// Editor of a colour cell: a drop-down of named colours, whose last entry opens the platform's
+/// colour dialog. The cell shows the drop-down's arrow, and a swatch while it has a colour.
+class TColourEditor : public TCellEditor {
+public:
+  using TCellEditor::TCellEditor;
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include <array>
+#include <cctype>
 
 namespace Quorpricepreference {
 
@@ -49,7 +50,7 @@ QString GetResource(const char* key) {
 
 /// The first entry for any letter that names none.
 int IndexOfStyle(const std::string& stored) {
-  const char letter = stored.empty() ? 'D' : static_cast<char>(std::toupper(stored.front()));
+  const int letter = stored.empty() ? 0 : std::toupper(static_cast<unsigned char>(stored.front()));
   for (std::size_t i = 0; i < CopyPriceStyles.size(); ++i)
     if (CopyPriceStyles[i].Letter == letter)
       return static_cast<int>(i);
@@ -151,7 +152,7 @@ void TQuorPricePreferenceFrame::InitView() {
   cxEditRepository1 = Named("cxEditRepository1", new QObject(this));
   eriColor = Named("eriColor", new TColourEditor(cxEditRepository1));
   eriDelete = Named("eriDelete", new TDeleteButton(cxEditRepository1));
-  eriBrokerID = Named("eriBrokerID", new QStyledItemDelegate(cxEditRepository1));
+  eriBrokerID = Named("eriBrokerID", new TCellEditor(cxEditRepository1));
 
   std::vector<Columninfo::TColumnInfo> columns;
   for (const auto& column : BrokerColumns)
@@ -168,11 +169,12 @@ void TQuorPricePreferenceFrame::InitView() {
   auto* header = BrokerIDGrid->horizontalHeader();
   header->setSectionResizeMode(QHeaderView::Stretch);
   header->setHighlightSections(false);
+  header->setTextElideMode(Qt::ElideRight);
   const int deleteColumn = BrokerIDGridView->ColumnOf(tagDelete);
   header->setSectionResizeMode(deleteColumn, QHeaderView::Fixed);
   header->resizeSection(deleteColumn, DeleteColumnWidth);
   BrokerIDGrid->verticalHeader()->hide();
-  BrokerIDGrid->setSelectionMode(QAbstractItemView::SingleSelection);
+  BrokerIDGrid->setSelectionMode(QAbstractItemView::NoSelection);
   BrokerIDGrid->setEditTriggers(QAbstractItemView::AllEditTriggers);
   connect(BrokerIDGrid, &QTableView::clicked, this,
           &TQuorPricePreferenceFrame::BrokerIDGridViewCellClick);
@@ -220,10 +222,12 @@ void TQuorPricePreferenceFrame::ConfigUpdate(System::TObject*, System::TObject*)
 }
 
 void TQuorPricePreferenceFrame::InitBrokerColor() {
+  const TStoredBrokers stored{Read("DetailSpecialBroker"), Read("DetailSpecialBrokerColor")};
+  if (stored.IDs.empty())
+    return;
   auto rows = BrokerIDGridView->Rows();
-  LoadBrokers({Read("DetailSpecialBroker"), Read("DetailSpecialBrokerColor")}, rows);
-  if (rows != BrokerIDGridView->Rows())
-    BrokerIDGridView->SetRows(std::move(rows));
+  LoadBrokers(stored, rows);
+  BrokerIDGridView->SetRows(std::move(rows));
 }
 
 bool TQuorPricePreferenceFrame::Execute() {
@@ -231,13 +235,16 @@ bool TQuorPricePreferenceFrame::Execute() {
   // Every value leaves the page before the first is written: a write reloads the page.
   const auto style = StoredStyle(cmbCopyPriceStyle->currentIndex());
   const bool highlight = cbBrokerID->isChecked();
-  const auto brokers = StoreBrokers(BrokerIDGridView->Rows());
+  auto rows = BrokerIDGridView->Rows();
 
   if (style != Read("CopyPriceStyle"))
     Write("CopyPriceStyle", style);
   if (highlight != ReadBoolean("SpecBrokerChecked"))
     Write("SpecBrokerChecked", highlight ? "Y" : "N");
-  SaveBrokerID(brokers);
+  SaveBrokerID(StoreBrokers(rows));
+  // Reloads between the writes mixed what was stored before into the rows.
+  BrokerIDGridView->SetRows(std::move(rows));
+  InitBrokerColor();
   return true;
 }
 
@@ -261,9 +268,11 @@ bool TQuorPricePreferenceFrame::ResetFactory() { return Reset(); }
 
 bool TQuorPricePreferenceFrame::SendMessage(int, std::int64_t) { return true; }
 
-void TQuorPricePreferenceFrame::btnAddClick() { BrokerIDGridView->AddRow(); }
+void TQuorPricePreferenceFrame::btnAddClick() {
+  BrokerIDGridView->SetRowCount(BrokerIDGridView->rowCount() + 1);
+}
 
-void TQuorPricePreferenceFrame::btnClearClick() { BrokerIDGridView->Clear(); }
+void TQuorPricePreferenceFrame::btnClearClick() { BrokerIDGridView->SetRowCount(0); }
 
 void TQuorPricePreferenceFrame::cbBrokerIDPropertiesChange() {
   lgBrokerGrid->setEnabled(cbBrokerID->isChecked());
@@ -272,6 +281,8 @@ void TQuorPricePreferenceFrame::cbBrokerIDPropertiesChange() {
 void TQuorPricePreferenceFrame::BrokerIDGridViewCellClick(const QModelIndex& cell) {
   if (BrokerIDGridView->TagOf(cell.column()) == tagDelete)
     BrokerIDGridView->RemoveRow(BrokerIDGrid->currentIndex().row());
+  else
+    BrokerIDGrid->edit(cell);
 }
 
 } // namespace Quorpricepreference

@@ -56,7 +56,7 @@ private:
   QObject* cxEditRepository1;
   TColourEditor* eriColor;
   TDeleteButton* eriDelete;
-  QStyledItemDelegate* eriBrokerID;
+  TCellEditor* eriBrokerID;
 };
 
 } // namespace Quorpricepreference
