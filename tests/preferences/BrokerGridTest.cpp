@@ -1,4 +1,4 @@
-#include "PreferenceFixture.h"
+#include "preferences/PreferenceFixture.h"
 
 #include <QHeaderView>
 
