@@ -2,6 +2,7 @@
 #include "terminal/replay_Files.h"
 
 #include <map>
+#include <memory>
 
 namespace {
 
@@ -242,12 +243,15 @@ TEST(RecordingReader, FinishesAtOnceWhenThereIsNothingToPlay) {
 TEST(RecordingReader, CanBeLeftAtAnyMoment) {
   const TemporaryFile file(Milliseconds(40000));
   for (int i = 0; i < 40; ++i) {
-    Owner owner(file);
-    owner.Reader().SetSpeed(RecordingReader::AsFastAsPossible);
-    owner.Reader().Play();
+    auto owner = std::make_unique<Owner>(file);
+    owner->Reader().SetSpeed(RecordingReader::AsFastAsPossible);
+    owner->Reader().Play();
     if (i % 3 == 0)
-      owner.Reader().Seek(10h + 39s);
+      owner->Reader().Seek(10h + 39s);
     std::this_thread::sleep_for(i * 1ms);
+    const auto leaving = std::chrono::steady_clock::now();
+    owner.reset();
+    EXPECT_LT(std::chrono::steady_clock::now() - leaving, 10s) << "the worker did not stop";
   }
 }
 
