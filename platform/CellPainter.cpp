@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <cmath>
 #include <unordered_map>
 #include <vector>
@@ -13,6 +14,8 @@ namespace Platform {
 namespace {
 
 constexpr int SidePadding = 2;
+/// What a left-aligned text keeps from the figure that ends where its cell begins, where it fits.
+constexpr int Indent = 6;
 constexpr int Overhang = 1; ///< pixels of glyphs outside their advance, on either side
 
 /// A text on its cell's fill, so that its edges are smoothed as by plain drawing. In pixels.
@@ -69,7 +72,8 @@ QRect ToPixels(const QTransform& transform, const QRect& bounds) {
 
 QPoint TextPosition(const TDrawnText& text, const QRect& pixels, unsigned flags, qreal scale) {
   const int inset = qRound(SidePadding * scale) - Overhang;
-  int x = pixels.left() + inset;
+  const int room = pixels.width() - text.Image.width() - inset;
+  int x = pixels.left() + std::clamp(room, inset, qRound(Indent * scale) - Overhang);
   if (flags & DT_RIGHT)
     x = pixels.right() + 1 - inset - text.Image.width();
   else if (flags & DT_CENTER)

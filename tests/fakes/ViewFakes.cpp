@@ -9,9 +9,11 @@ TFakeViewHost::~TFakeViewHost() {
 
 void TFakeViewHost::ViewNotify(Baseview::TIBaseView*, int code) { notifications.push_back(code); }
 
-void TFakeViewHost::OpenCustomView(Baseview::TIBaseView*, int type, int,
-                                   Baseorderdata::TCustomViewParameters* parameters, int, bool) {
-  opened.push_back({type, dynamic_cast<TFakeViewParameters&>(*parameters).symbol});
+void TFakeViewHost::OpenCustomView(Baseview::TIBaseView*, int type, int index,
+                                   Baseorderdata::TCustomViewParameters* parameters, int position,
+                                   bool show) {
+  opened.push_back(
+      {type, dynamic_cast<TFakeViewParameters&>(*parameters).symbol, index, position, show});
 }
 
 QWidget* TFakeViewHost::GetDialogForm(Baseview::TIBaseView*, System::TObject*) {

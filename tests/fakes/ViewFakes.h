@@ -19,6 +19,9 @@ namespace Fakes {
 struct TOpenedView {
   int type = 0;
   std::string symbol;
+  int index = 0;
+  int position = 0;
+  bool show = true;
 
   bool operator==(const TOpenedView&) const = default;
 };

@@ -43,7 +43,8 @@ QImage DrawnPlainly(const TCellDescription& cell, const QRect& bounds, int align
   painter.setFont(font);
   painter.fillRect(bounds, QColor(cell.Fill));
   painter.setPen(QColor(cell.Color));
-  painter.drawText(bounds.adjusted(2, 0, -2, 0), alignment, QString::fromStdString(cell.Text));
+  const int indent = alignment & Qt::AlignLeft ? 6 : 2;
+  painter.drawText(bounds.adjusted(indent, 0, -2, 0), alignment, QString::fromStdString(cell.Text));
   return image;
 }
 
@@ -110,11 +111,18 @@ TEST(CellPainter, FlagsPlaceTheText) {
   const QRect left = Glyphs(Painted(Cell("888", OneLine | DT_LEFT), bounds));
   const QRect centre = Glyphs(Painted(Cell("888", OneLine | DT_CENTER), bounds));
   const QRect right = Glyphs(Painted(Cell("888", OneLine | DT_RIGHT), bounds));
-  EXPECT_NEAR(left.left(), bounds.left() + 3, 1);
+  EXPECT_NEAR(left.left(), bounds.left() + 7, 1);
   EXPECT_NEAR(right.right(), bounds.right() - 3, 1);
   EXPECT_NEAR(centre.center().x(), bounds.center().x(), 1);
   EXPECT_NEAR(left.center().y(), bounds.center().y(), 2);
   EXPECT_EQ(left.top(), right.top());
+}
+
+TEST(CellPainter, ATextThatFillsItsCellIsNotIndentedBeyondIt) {
+  const int width = Glyphs(Painted(Cell("888", OneLine), {20, 10, 90, 20})).width();
+  const QRect narrow = Glyphs(Painted(Cell("888", OneLine), {20, 10, width + 5, 20}));
+  EXPECT_NEAR(narrow.left(), 20 + 3, 1);
+  EXPECT_EQ(narrow.width(), width);
 }
 
 TEST(CellPainter, CentresUpAndDownOnASingleLineOnly) {

@@ -51,17 +51,18 @@ struct TInterval {
 
 class TIntervalTest : public TViewTest, public testing::WithParamInterface<TInterval> {
 protected:
-  /// Milliseconds from one refresh to the next, which an update waits for each time; the shorter
-  /// of several, since a busy machine only ever makes them longer.
-  int RefreshInterval() {
+  /// Milliseconds from one refresh to the next, which an update waits for each time; the shortest
+  /// of several, and of many more on a busy machine, which only ever makes them longer than
+  /// `expected`.
+  int RefreshInterval(int expected) {
     Type("700");
     qint64 shortest = 1'000'000;
-    for (int update = 0; update < 4; ++update) {
+    for (int update = 0; update < 4 || (update < 60 && shortest > expected + 7); ++update) {
       const auto text = std::to_string(100 + update);
       QElapsedTimer sinceRefresh;
       sinceRefresh.start();
       host.Record("700").Set(1, text).Update();
-      while (CellText(6, 1) != text + ".000" && sinceRefresh.elapsed() < 2000)
+      while (CellText(6, 1) != text + ".000" && sinceRefresh.elapsed() < 5000)
         QApplication::processEvents(QEventLoop::WaitForMoreEvents, 1000);
       if (update > 0) // the first began between two ticks
         shortest = std::min(shortest, sinceRefresh.elapsed());
@@ -75,7 +76,7 @@ TEST_P(TIntervalTest, TheRefreshTimerTakesAtLeastFiftyMilliseconds) {
   if (*GetParam().configured)
     host.config.SetCurrent("QuorPriceUpdateInterval", GetParam().configured);
   Open();
-  EXPECT_EQ(RefreshInterval(), GetParam().interval);
+  EXPECT_EQ(RefreshInterval(GetParam().interval), GetParam().interval);
 }
 
 INSTANTIATE_TEST_SUITE_P(Configured, TIntervalTest,

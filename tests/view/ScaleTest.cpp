@@ -128,6 +128,16 @@ TEST_F(TScaleTest, AConfiguredScaleTellsTheHostOfTheNewWidth) {
   EXPECT_TRUE(host.viewHost.TakeNotifications().empty()) << "the same step";
 }
 
+TEST_F(TScaleTest, AConfiguredScaleIsTakenBeforeTheLayoutIsReady) {
+  Open();
+  const int width = frame->GetWidth();
+  host.config.layoutReady = false;
+  SetScale("150");
+  host.config.Announce();
+  EXPECT_GT(frame->GetWidth(), width);
+  EXPECT_EQ(PriceGridView().DataRowHeight(), ScaledRowHeight(UnscaledRow(), 150));
+}
+
 TEST_F(TScaleTest, TheScaleIsConfiguredForThePlatformNotForTheUser) {
   Open();
   const int width = frame->GetWidth();

@@ -97,6 +97,24 @@ TEST_F(TSizingTest, NamesTakeTheRoomOfTwoIDs) {
   }
 }
 
+TEST_F(TSizingTest, WithDigitsOfEightPixelsAnIDTakesFortyOneAndANameEightyTwo) {
+  Open();
+  auto& grid = Find<TcxGrid>("PriceGrid");
+  QFont font = grid.font();
+  font.setPointSize(9);
+  const int digits = QFontMetrics(font, &grid).horizontalAdvance(QStringLiteral("8888"));
+  font.setLetterSpacing(QFont::AbsoluteSpacing, (32 - digits) / 4.0);
+  ASSERT_EQ(QFontMetrics(font, &grid).horizontalAdvance(QStringLiteral("8888")), 32);
+  grid.setFont(font);
+  auto* names = &Find<QAction>("mBrokerName");
+  names->trigger();
+  EXPECT_EQ(ColumnOf("PriceGrid", 55)->Width, 82);
+  EXPECT_FALSE(ColumnOf("PriceGrid", 57)->Visible);
+  names->trigger();
+  EXPECT_EQ(ColumnOf("PriceGrid", 55)->Width, 41);
+  EXPECT_TRUE(ColumnOf("PriceGrid", 57)->Visible);
+}
+
 TEST_F(TSizingTest, WhileTheQueueIsHiddenNamesChangeNoVisibility) {
   Open();
   Press("Res_HideBrokerQueue");

@@ -229,7 +229,7 @@ TEST_F(TToolbarTest, TheChartOpensWithTheSymbol) {
   EXPECT_TRUE(host.viewHost.opened.empty()) << "without a symbol";
   Type("700");
   Press("Res_ProChart");
-  EXPECT_EQ(host.viewHost.opened, (std::vector<Fakes::TOpenedView>{{513, "700"}}));
+  EXPECT_EQ(host.viewHost.opened, (std::vector<Fakes::TOpenedView>{{513, "700", 0, 0, true}}));
 }
 
 TEST_F(TToolbarTest, RefreshAsksForAFreshSnapshot) {
