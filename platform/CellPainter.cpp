@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <unordered_map>
 #include <vector>
 
@@ -17,6 +18,7 @@ constexpr int SidePadding = 2;
 /// What a left-aligned text keeps from the figure that ends where its cell begins, where it fits.
 constexpr int Indent = 6;
 constexpr int Overhang = 1; ///< pixels of glyphs outside their advance, on either side
+constexpr qreal unlimited = std::numeric_limits<qreal>::infinity();
 
 /// A text on its cell's fill, so that its edges are smoothed as by plain drawing. In pixels.
 struct TDrawnText {
@@ -46,10 +48,12 @@ QTextLine LayOut(QTextLayout& layout) {
   return line;
 }
 
-TDrawnText DrawText(const TCellDescription& cell, const QFont& font, qreal scale) {
+/// No wider than `room` pixels.
+TDrawnText DrawText(const TCellDescription& cell, const QFont& font, qreal scale, qreal room) {
   QTextLayout layout(QString::fromStdString(cell.Text), font);
   const QTextLine line = LayOut(layout);
-  const qreal width = line.naturalTextWidth() * scale;
+  const qreal natural = line.naturalTextWidth() * scale;
+  const qreal width = std::min(natural, room);
   const qreal height = (line.ascent() + line.descent()) * scale;
   const QSize size(static_cast<int>(std::ceil(width)) + 2 * Overhang,
                    static_cast<int>(std::ceil(height)));
@@ -58,7 +62,7 @@ TDrawnText DrawText(const TCellDescription& cell, const QFont& font, qreal scale
   QPainter painter(&image);
   painter.setPen(QColor(cell.Color));
   painter.translate(cell.Flags & DT_RIGHT ? size.width() - Overhang - width : Overhang, 0);
-  painter.scale(scale, scale);
+  painter.scale(scale * (natural > 0 ? width / natural : 1), scale);
   layout.draw(&painter, {});
   painter.end();
   return {image, height, line.ascent() * scale};
@@ -142,7 +146,8 @@ const TDrawnText& TCellPainter::TCache::Text(const TCellDescription& cell) {
   }
   if (auto old = Older.extract(cell))
     return Younger.insert(std::move(old)).position->second;
-  return Younger.emplace(cell, DrawText(cell, Style(cell.Size, cell.Bold), Scale)).first->second;
+  return Younger.emplace(cell, DrawText(cell, Style(cell.Size, cell.Bold), Scale, unlimited))
+      .first->second;
 }
 
 TCellPainter::TCellPainter() : cache_(std::make_unique<TCache>()) {}
@@ -160,7 +165,15 @@ void TCellPainter::Paint(QPainter& painter, const TCellDescription& cell, const 
     const qreal scale = toPixels.m11();
     cache_->Prepare(font, scale);
     const TDrawnText& text = cache_->Text(cell);
-    PaintText(painter, text, TextPosition(text, pixels, cell.Flags, scale), pixels);
+    const int room = pixels.width() - 2 * (qRound(SidePadding * scale) - Overhang);
+    const auto paint = [&](const TDrawnText& drawn) {
+      PaintText(painter, drawn, TextPosition(drawn, pixels, cell.Flags, scale), pixels);
+    };
+    // A figure that is cut off looks like a smaller one, so it is squeezed.
+    if (text.Image.width() > room && room > 2 * Overhang && cell.Flags & (DT_RIGHT | DT_CENTER))
+      paint(DrawText(cell, cache_->Style(cell.Size, cell.Bold), scale, room - 2 * Overhang));
+    else
+      paint(text);
   }
   painter.setWorldTransform(world);
 }

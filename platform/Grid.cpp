@@ -1,10 +1,12 @@
 #include "platform/Grid.h"
 
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <utility>
 
@@ -26,6 +28,14 @@ TcxGrid::TcxGrid(const QString& name, QWidget* parent) : QWidget(parent) {
 
 TcxGrid::~TcxGrid() = default;
 
+bool TcxGrid::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || !view_ || !view_->CellHints)
+    return QWidget::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  QToolTip::showText(help->globalPos(), view_->HintAt(help->pos()), this);
+  return true;
+}
+
 void TcxGrid::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   if (view_)
@@ -36,6 +46,8 @@ void TcxGrid::paintEvent(QPaintEvent* event) {
 
 void TcxGrid::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
+  if (view_ && view_->OnGetCellHeight)
+    view_->Refresh();
   emit Resized();
 }
 

@@ -49,8 +49,11 @@ public:
 
   /// Called for each cell that is described. `done` set: the handler drew the cell itself.
   std::function<void(TcxCanvas& canvas, const TcxCellViewInfo& cell, bool& done)> OnCustomDrawCell;
-  /// May change the height of a row; unassigned: every row has the data row height.
+  /// May change the height of a row; unassigned: every row has the data row height. Where the
+  /// grid is too low for all rows, those that are higher than the data row height give way.
   std::function<void(int record, int& height)> OnGetCellHeight;
+  /// A cell that is too narrow for its text shows it as a tool tip.
+  bool CellHints = false;
 
   /// Between the two nothing is described or painted; calls nest.
   void BeginUpdate();
@@ -111,6 +114,7 @@ private:
 
   void Describe();
   bool LayOutRows();
+  void FitHigherRows(std::vector<int>& heights) const;
   bool LayOutColumns();
   bool TakeStartingColours();
   void DescribeCells();
@@ -123,6 +127,7 @@ private:
   QRect Bounds(int record, std::size_t span) const;
   TCellDescription& At(int record, std::size_t span);
   QRect CellArea() const;
+  QString HintAt(const QPoint& position) const;
 
   TcxGrid* grid_;
   std::vector<std::unique_ptr<TcxGridColumn>> columns_;
@@ -174,6 +179,7 @@ signals:
   void Resized();
 
 protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;

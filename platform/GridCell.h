@@ -68,7 +68,8 @@ public:
   ~TCellPainter();
 
   /// Family and style come from `font`, size and weight from the cell. Nothing is painted outside
-  /// `bounds`. The painter may be moved and scaled, not turned.
+  /// `bounds`: a left-aligned text that is too wide ends there, another one is squeezed to fit.
+  /// The painter may be moved and scaled, not turned.
   void Paint(QPainter& painter, const TCellDescription& cell, const QRect& bounds,
              const QFont& font);
 

@@ -1,6 +1,7 @@
 #include "platform/Grid.h"
 #include "platform/LookAndFeel.h"
 
+#include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
@@ -117,16 +118,33 @@ void TcxGridTableView::Describe() {
 }
 
 bool TcxGridTableView::LayOutRows() {
-  std::vector<int> tops{0};
-  const int records = source_ ? source_->GetRecordCount() : 0;
-  for (int record = 0; record < records; ++record) {
-    int height = dataRowHeight_;
-    if (OnGetCellHeight)
-      OnGetCellHeight(record, height);
-    tops.push_back(tops.back() + std::max(height, 0));
+  const int records = source_ ? std::max(source_->GetRecordCount(), 0) : 0;
+  std::vector<int> heights(static_cast<std::size_t>(records), std::max(dataRowHeight_, 0));
+  if (OnGetCellHeight) {
+    for (int record = 0; record < records; ++record)
+      OnGetCellHeight(record, heights[static_cast<std::size_t>(record)]);
+    FitHigherRows(heights);
   }
+  std::vector<int> tops{0};
+  for (const int height : heights)
+    tops.push_back(tops.back() + std::max(height, 0));
   rowTops_.swap(tops);
   return rowTops_ != tops;
+}
+
+void TcxGridTableView::FitHigherRows(std::vector<int>& heights) const {
+  const auto extra = [this](int height) { return std::max(height - dataRowHeight_, 0); };
+  int total = 0;
+  int extras = 0;
+  for (const int height : heights) {
+    total += height;
+    extras += extra(height);
+  }
+  const int missing = std::min(total - grid_->height(), extras);
+  if (missing <= 0)
+    return;
+  for (int& height : heights)
+    height -= (extra(height) * missing + extras - 1) / extras;
 }
 
 bool TcxGridTableView::LayOutColumns() {
@@ -238,6 +256,20 @@ TcxHitTest TcxGridTableView::HitTest(const QPoint& position) const {
       hit.Column = span.Column;
   }
   return hit;
+}
+
+QString TcxGridTableView::HintAt(const QPoint& position) const {
+  const TcxHitTest hit = HitTest(position);
+  const TCellDescription* cell = Cell(hit.Record, hit.Column);
+  if (!cell)
+    return {};
+  QFont font = grid_->font();
+  font.setPointSize(cell->Size);
+  font.setBold(cell->Bold);
+  const QString text = QString::fromStdString(cell->Text);
+  const bool fits = QFontMetrics(font, grid_).horizontalAdvance(text) <=
+                    CellBounds(hit.Record, hit.Column).width();
+  return fits ? QString() : text;
 }
 
 QRect TcxGridTableView::CellBounds(int record, const TcxGridColumn* column) const {

@@ -19,6 +19,7 @@ TQuorDetailFrame::TQuorDetailFrame() {
   resize(DesignSize);
   PriceGrid = new TcxGrid(QStringLiteral("PriceGrid"), this);
   PriceGridView = new TcxGridTableView(QStringLiteral("PriceGridView"), PriceGrid);
+  PriceGridView->CellHints = true;
   new TcxGridLevel(QStringLiteral("PriceGridLv"), PriceGrid, PriceGridView);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);

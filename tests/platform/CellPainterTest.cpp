@@ -146,6 +146,26 @@ TEST(CellPainter, NothingIsPaintedOutsideTheCell) {
   }
 }
 
+TEST(CellPainter, AFigureThatIsTooWideIsSqueezedAndNotCutOff) {
+  const QRect bounds(20, 10, 50, 20);
+  for (const qreal scale : {1.0, 1.25, 2.0}) {
+    const auto glyphs = [&](const char* text, unsigned align) {
+      const QRect all = Glyphs(Painted(Cell(text, OneLine | align), bounds, scale));
+      return QRectF(all.topLeft() / scale, all.size() / scale);
+    };
+    const QRectF right = glyphs("123,456,789,018", DT_RIGHT);
+    EXPECT_GE(right.left(), 22);
+    EXPECT_LE(right.left(), 26);
+    EXPECT_NEAR(right.right(), glyphs("8", DT_RIGHT).right(), 1);
+    EXPECT_NEAR(right.height(), glyphs("1,", DT_RIGHT).height(), 2) << "as high as ever";
+    const QRectF centre = glyphs("888,888,888,888", DT_CENTER);
+    EXPECT_GE(centre.left(), 22);
+    EXPECT_LE(centre.right(), 68.5);
+  }
+  EXPECT_NE(Painted(Cell("123,456,789", OneLine | DT_RIGHT), bounds),
+            Painted(Cell("23,456,789", OneLine | DT_RIGHT), bounds));
+}
+
 TEST(CellPainter, DigitsOfRightAlignedNumbersStandInColumns) {
   QImage image = Canvas();
   QPainter painter(&image);

@@ -1,6 +1,9 @@
 #include "platform/GridFixture.h"
 #include "platform/LookAndFeel.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
+
 using namespace Platform;
 
 namespace {
@@ -187,6 +190,44 @@ TEST_F(TGridTest, RowsCanHaveTheirOwnHeights) {
   EXPECT_EQ(View->HitTest({5, 49}).Record, 1);
   EXPECT_EQ(View->HitTest({5, 50}).Record, 2);
   EXPECT_EQ(View->HitTest({5, 99}).Record, 3);
+}
+
+TEST_F(TGridTest, HigherRowsGiveWayWhereTheGridIsTooLowForThem) {
+  View->OnGetCellHeight = [](int record, int& height) {
+    if (record == 1 || record == 3)
+      height = height * 2;
+  };
+  const auto heights = [this] {
+    std::vector<int> each;
+    for (int record = 0; record < 4; ++record)
+      each.push_back(View->CellBounds(record, Columns[0]).height());
+    return each;
+  };
+  Show();
+  Grid.resize(Grid.width(), 120);
+  EXPECT_EQ(heights(), (std::vector{20, 40, 20, 40}));
+  Grid.resize(Grid.width(), 110);
+  EXPECT_EQ(heights(), (std::vector{20, 35, 20, 35}));
+  Grid.resize(Grid.width(), 70);
+  EXPECT_EQ(heights(), (std::vector{20, 20, 20, 20}));
+}
+
+TEST_F(TGridTest, ACellThatIsTooNarrowForItsTextSaysItInAHint) {
+  const auto hover = [this](int record) {
+    QToolTip::hideText();
+    const QPoint at = View->CellBounds(record, Columns[0]).center();
+    QHelpEvent event(QEvent::ToolTip, at, Grid.mapToGlobal(at));
+    QApplication::sendEvent(&Grid, &event);
+    return QToolTip::text().toStdString();
+  };
+  Source.Rows[0][0] = "9,412,345,678,901";
+  Source.Rows[1][0] = "9";
+  View->Refresh();
+  EXPECT_EQ(hover(0), "") << "unless they are asked for";
+  View->CellHints = true;
+  EXPECT_EQ(hover(1), "");
+  EXPECT_EQ(hover(0), "9,412,345,678,901");
+  QToolTip::hideText();
 }
 
 TEST_F(TGridTest, TheFocusMovesUpWhenItsRecordIsGone) {

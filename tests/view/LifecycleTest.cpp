@@ -3,9 +3,8 @@
 #include "view/ViewFixture.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
-
-#include <algorithm>
+#include <QPointer>
+#include <QTimer>
 
 using namespace Platform;
 
@@ -49,34 +48,32 @@ struct TInterval {
   int interval;
 };
 
-class TIntervalTest : public TViewTest, public testing::WithParamInterface<TInterval> {
-protected:
-  /// Milliseconds from one refresh to the next, which an update waits for each time; the shortest
-  /// of several, and of many more on a busy machine, which only ever makes them longer than
-  /// `expected`.
-  int RefreshInterval(int expected) {
-    Type("700");
-    qint64 shortest = 1'000'000;
-    for (int update = 0; update < 4 || (update < 60 && shortest > expected + 7); ++update) {
-      const auto text = std::to_string(100 + update);
-      QElapsedTimer sinceRefresh;
-      sinceRefresh.start();
-      host.Record("700").Set(1, text).Update();
-      while (CellText(6, 1) != text + ".000" && sinceRefresh.elapsed() < 5000)
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 1000);
-      if (update > 0) // the first began between two ticks
-        shortest = std::min(shortest, sinceRefresh.elapsed());
-    }
-    // Whole intervals, less what the timer may come early by its clock's resolution.
-    return static_cast<int>((shortest + 2) / 10 * 10);
+/// Meets the refresh timer, which nothing owns, at its first tick.
+class TTickWatch : public QObject {
+public:
+  TTickWatch() { qApp->installEventFilter(this); }
+
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() == QEvent::Timer && object->objectName() == QLatin1String("RefreshTimer"))
+      timer = qobject_cast<QTimer*>(object);
+    return false;
   }
+
+  QPointer<QTimer> timer;
 };
+
+class TIntervalTest : public TViewTest, public testing::WithParamInterface<TInterval> {};
 
 TEST_P(TIntervalTest, TheRefreshTimerTakesAtLeastFiftyMilliseconds) {
   if (*GetParam().configured)
     host.config.SetCurrent("QuorPriceUpdateInterval", GetParam().configured);
   Open();
-  EXPECT_EQ(RefreshInterval(GetParam().interval), GetParam().interval);
+  TTickWatch watch;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return watch.timer != nullptr; }, 30'000));
+  EXPECT_EQ(watch.timer->interval(), GetParam().interval);
+  EXPECT_FALSE(watch.timer->isSingleShot());
+  frame.reset();
+  EXPECT_EQ(watch.timer, nullptr) << "it goes with its frame";
 }
 
 INSTANTIATE_TEST_SUITE_P(Configured, TIntervalTest,

@@ -148,10 +148,14 @@ TEST_F(TLiveTest, TheSimpleLayoutsBestPriceIsLargeAndItsSizeIsNot) {
 
 TEST_F(TLiveTest, AnEmptyBestPriceLeavesTheCellFilled) {
   Show();
-  for (const int column : {1, 2}) {
-    EXPECT_EQ(Cell(6, column).Text, "");
-    EXPECT_TRUE(Cell(6, column).DrawnByOwner);
-    EXPECT_EQ(Cell(6, column).Fill, Rgb(column == 1 ? Skin.BidBackground : Skin.AskBackground));
+  for (const char* mode : {"DisplayMode=0", "DisplayMode=2"}) {
+    frame->SetLayoutData(mode);
+    for (const int column : {1, 2}) {
+      EXPECT_EQ(Cell(6, column).Text, "") << mode;
+      EXPECT_TRUE(Cell(6, column).DrawnByOwner) << mode;
+      EXPECT_EQ(Cell(6, column).Fill, Rgb(column == 1 ? Skin.BidBackground : Skin.AskBackground))
+          << mode;
+    }
   }
 }
 

@@ -193,6 +193,17 @@ TEST_F(TPanelsTest, OnlyAChangeOfVisibilityAsksForTheSize) {
   }
 }
 
+TEST_F(TPanelsTest, VolatilityControlThatEndsAloneAsksForTheSizeOnce) {
+  Follow();
+  Update(Vcm);
+  host.viewHost.TakeNotifications();
+  Update({{3500, "0"}});
+  EXPECT_FALSE(IsShown("lgVCMCAS"));
+  EXPECT_EQ(host.viewHost.TakeNotifications(), std::vector{Constdef::Notify_SizeChanged});
+  Update({{3500, "0"}});
+  EXPECT_TRUE(host.viewHost.TakeNotifications().empty());
+}
+
 TEST_F(TPanelsTest, SeveralPartsAtOnceAskOnce) {
   Follow();
   for (const auto& fields : {Vcm, Pos, TFields{{200, "Suspended"}}})
