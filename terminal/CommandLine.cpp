@@ -28,6 +28,23 @@ std::optional<double> PositiveNumber(const std::string& text) {
   return number;
 }
 
+TTakeValue TakeSeed(std::uint64_t& seed) {
+  return [&seed](const std::string& value) {
+    const char* end = value.data() + value.size();
+    const auto [stop, error] = std::from_chars(value.data(), end, seed);
+    return error == std::errc() && stop == end;
+  };
+}
+
+/// A moment of the simulated day.
+TTakeValue TakeMoment(TTimeOfDay& moment) {
+  return [&moment](const std::string& value) {
+    const auto time = ParseTimeOfDay(value);
+    moment = time.value_or(TTimeOfDay{});
+    return time && *time >= Market::DayStart && *time <= Market::DayEnd;
+  };
+}
+
 std::map<std::string, TTakeValue> OptionsInto(TCommandLine& line) {
   return {
       {"--script", TakeText(line.Script)},
@@ -35,6 +52,9 @@ std::map<std::string, TTakeValue> OptionsInto(TCommandLine& line) {
       {"--replay", TakeText(line.Replay)},
       {"--symbol", TakeText(line.Symbol)},
       {"--package", TakeText(line.Package)},
+      {"--record", TakeText(line.Record)},
+      {"--seed", TakeSeed(line.Simulation.Seed)},
+      {"--start", TakeMoment(line.Simulation.Start)},
       {"--speed",
        [&line](const std::string& value) {
          const auto speed = PositiveNumber(value);
@@ -81,10 +101,14 @@ std::string CommandLineHelp() {
          "  --symbol SYMBOL   what the first view shows\n"
          "  --mode 5|10       its price levels (10)\n"
          "  --replay FILE     plays a recorded market instead of the simulated one\n"
+         "  --seed N          which simulated day: the same number, the same day\n"
+         "  --start HH:MM:SS  where in the simulated day to begin, 09:00:00 to 16:10:00\n"
          "  --speed X         plays X times as fast as the market was (1)\n"
          "  --snapshot FILE   writes a picture of the view and ends\n"
-         "  --seconds N       how long to run where there is no display (10), and before a\n"
-         "                    snapshot (3)\n"
+         "  --seconds N       how long to run where there is no display (10), before a snapshot\n"
+         "                    (3), and to record (60)\n"
+         "  --record FILE     records --seconds of the simulated market as fast as it can, every\n"
+         "                    change at its moment, and ends\n"
          "  --script FILE     carries out a script, - reads it from standard input\n"
          "  --package FILE    loads another package than the quorprice.so beside the program\n";
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "terminal/market/SimulationReader.h"
+
 #include <optional>
 #include <string>
 #include <variant>
@@ -14,7 +16,9 @@ struct TCommandLine {
   std::optional<std::string> Replay;   ///< recorded market to play instead of the simulated one
   std::optional<std::string> Symbol;   ///< symbol that the first view shows
   std::optional<std::string> Package;  ///< package to load instead of the one beside the program
-  double Speed = 1;                    ///< of the recording, as a multiple of real time
+  std::optional<std::string> Record;   ///< file to record the simulated market to
+  Market::TSimulation Simulation;      ///< which day, and its first moment
+  double Speed = 1;                    ///< of the market, as a multiple of real time
   std::optional<double> Seconds;       ///< how long to run without windows
   std::optional<int> Levels;           ///< 5 or 10 price levels in the first view
   bool Help = false;

@@ -5,6 +5,8 @@
 
 #include <QDir>
 #include <QEventLoop>
+#include <QLabel>
+#include <QPainter>
 #include <QTimer>
 
 #include <unistd.h>
@@ -27,8 +29,27 @@ void RunFor(milliseconds time) {
   loop.exec();
 }
 
-std::string SavePicture(TViewPane& pane, const QString& file) {
-  if (pane.View()->grab().save(file, "PNG"))
+std::string Headline(const THeadlessRun& run) {
+  return run.View.Caption() + "   " + (run.Feed.IsSimulated() ? "SIMULATED" : "REPLAY") + "   " +
+         TimeOfDayText(run.Player.Position()).substr(0, 8);
+}
+
+/// The view under a line that says which market it shows, and when.
+QPixmap Picture(const THeadlessRun& run) {
+  const QPixmap view = run.View.View()->grab();
+  QLabel mark(QString::fromStdString(Headline(run)));
+  mark.setMargin(4);
+  const QPixmap line = mark.grab();
+  QPixmap picture(std::max(view.width(), line.width()), view.height() + line.height());
+  picture.fill(mark.palette().color(QPalette::Window));
+  QPainter painter(&picture);
+  painter.drawPixmap(0, 0, line);
+  painter.drawPixmap(0, line.height(), view);
+  return picture;
+}
+
+std::string SavePicture(const THeadlessRun& run, const QString& file) {
+  if (Picture(run).save(file, "PNG"))
     return {};
   return "The picture cannot be written to " + file.toStdString() + ".";
 }
@@ -42,9 +63,7 @@ const Platform::TcxGrid* ShownGrid(const TViewPane& pane) {
 }
 
 std::string Screen(const THeadlessRun& run, TColouring colouring) {
-  std::string text = run.View.Caption() + "   " +
-                     (run.Feed.IsSimulated() ? "SIMULATED" : "REPLAY") + "   " +
-                     TimeOfDayText(run.Player.Position()).substr(0, 8) + "\n";
+  std::string text = Headline(run) + "\n";
   if (const auto* grid = ShownGrid(run.View))
     text += TextTable(*grid->View(), colouring);
   return text;
@@ -59,7 +78,7 @@ void PrintInPlace(const std::string& screen) {
 std::string WriteSnapshot(const THeadlessRun& run, const QString& file) {
   run.Player.Step(static_cast<int>(run.Time.count()));
   RunFor(SettleTime);
-  return SavePicture(run.View, file);
+  return SavePicture(run, file);
 }
 
 std::string PlayToConsole(const THeadlessRun& run, const QString& file) {
@@ -75,7 +94,7 @@ std::string PlayToConsole(const THeadlessRun& run, const QString& file) {
     PrintInPlace(Screen(run, TColouring::Ansi));
   else
     std::cout << Screen(run, TColouring::None);
-  std::string error = SavePicture(run.View, file);
+  std::string error = SavePicture(run, file);
   if (error.empty())
     std::cout << "Picture of the view: " << QDir().absoluteFilePath(file).toStdString()
               << std::endl;

@@ -10,7 +10,7 @@ namespace Terminal {
 
 /// What runs where there is no display: one view on the market that is played.
 struct THeadlessRun {
-  ReplayPlayer& Player;
+  MarketPlayer& Player;
   TMarketFeed& Feed;
   TViewPane& View;
   std::chrono::milliseconds Time{};

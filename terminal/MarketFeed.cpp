@@ -15,11 +15,45 @@ std::vector<std::string> SkippedLines(const TRecordingIndex& index) {
   return lines;
 }
 
-TMarketFeed::TMarketFeed(TServices& services, ReplayPlayer& player)
+namespace {
+
+constexpr int bidQueueField = 120;
+constexpr int askQueueField = 121;
+constexpr int openingField = 133;
+
+TRecordChange WithoutQueue(TRecordChange change) {
+  std::erase_if(change.Fields, [](const auto& field) {
+    return field.first == bidQueueField || field.first == askQueueField;
+  });
+  return change;
+}
+
+} // namespace
+
+TMarketFeed::TMarketFeed(TServices& services, MarketPlayer& player)
     : services_(services), player_(player) {
-  connect(&player, &ReplayPlayer::HeaderRead, this, &TMarketFeed::TakeHeader);
-  connect(&player, &ReplayPlayer::Reset, this, &TMarketFeed::ForgetRecords);
-  connect(&player, &ReplayPlayer::Batch, this, &TMarketFeed::TakeBatch);
+  connect(&player, &MarketPlayer::HeaderRead, this, &TMarketFeed::TakeHeader);
+  connect(&player, &MarketPlayer::Reset, this, &TMarketFeed::ForgetRecords);
+  connect(&player, &MarketPlayer::Batch, this, &TMarketFeed::TakeBatch);
+  services_.Subscriptions.OnRefresh = [this](std::string_view symbol) { TakeSnapshot(symbol); };
+  SetFeedType(Constdef::FeedType_Streaming);
+}
+
+TMarketFeed::~TMarketFeed() { services_.Subscriptions.OnRefresh = nullptr; }
+
+void TMarketFeed::SetFeedType(int type) {
+  if (feedType_ == type)
+    return;
+  const bool wasPerClick = feedType_ == Constdef::FeedType_PerClick;
+  auto present = Present();
+  if (feedType_ == Constdef::FeedType_Delayed || type == Constdef::FeedType_Delayed)
+    player_.SetDelay(type == Constdef::FeedType_Delayed ? TTimeOfDay(Delay) : TTimeOfDay{});
+  feedType_ = type;
+  services_.Vendor.SetFeedType(type);
+  if (wasPerClick || type == Constdef::FeedType_PerClick) {
+    ForgetRecords();
+    TakeBatch(present);
+  }
 }
 
 std::optional<double> TMarketFeed::Age() const {
@@ -29,6 +63,8 @@ std::optional<double> TMarketFeed::Age() const {
 }
 
 std::vector<TRecordChange> TMarketFeed::Present() const {
+  if (feedType_ == Constdef::FeedType_PerClick)
+    return unasked_.Changes();
   std::vector<TRecordChange> records;
   for (const auto& [symbol, fields] : given_) {
     const auto* record = services_.Subscriptions.Find(symbol);
@@ -66,18 +102,44 @@ void TMarketFeed::TakeHeader(const TRecordingHeader& header) {
 }
 
 void TMarketFeed::TakeBatch(const std::vector<TRecordChange>& changes) {
-  for (const auto& change : changes) {
-    auto& fields = given_[change.Symbol];
-    for (const auto& [number, text] : change.Fields)
-      fields.insert(number);
-    services_.Subscriptions.Apply(change);
-  }
+  for (const auto& change : changes)
+    if (feedType_ == Constdef::FeedType_PerClick)
+      unasked_.Merge(change);
+    else
+      Apply(change);
   lastData_.start();
   if (!changes.empty())
     TellStart(changes.front().Symbol);
 }
 
+void TMarketFeed::Apply(const TRecordChange& change) {
+  const bool isFirst = !given_.contains(change.Symbol);
+  auto& fields = given_[change.Symbol];
+  const bool hadNoOpening = !fields.empty() && !fields.contains(openingField);
+  for (const auto& [number, text] : change.Fields)
+    fields.insert(number);
+  TRecordChange told = feedType_ == Constdef::FeedType_Delayed ? WithoutQueue(change) : change;
+  if (isFirst && !told.State)
+    told.State = Constdef::RecordState_Ready; // the record may be one that was forgotten
+  services_.Subscriptions.Apply(told);
+  // Views list the rows of a record once a day.
+  if (hadNoOpening && fields.contains(openingField))
+    services_.Channels.Send(Constdef::Channel_BeginningOfDay, nullptr, nullptr);
+}
+
+void TMarketFeed::TakeSnapshot(std::string_view symbol) {
+  if (feedType_ != Constdef::FeedType_PerClick)
+    return;
+  emit SnapshotTaken(++snapshots_);
+  for (TRecordChange record : unasked_.Changes())
+    if (record.Symbol == symbol) {
+      record.Trades.clear();
+      Apply(record);
+    }
+}
+
 void TMarketFeed::ForgetRecords() {
+  unasked_.Clear();
   for (const auto& [symbol, fields] : std::exchange(given_, {})) {
     TRecordChange nothing;
     nothing.Symbol = symbol;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "terminal/replay/ReplayPlayer.h"
+#include "terminal/MarketPlayer.h"
+#include "terminal/replay/Conflator.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -17,34 +18,52 @@ class TServices;
 /// very many, the first and how many there are.
 std::vector<std::string> SkippedLines(const TRecordingIndex& index);
 
-/// Hands what a player plays to the services, and knows how old it is.
+/// Hands what a player plays to the services in the form of one of the vendor's feed types, and
+/// knows how old it is.
 class TMarketFeed : public QObject {
   Q_OBJECT
 
 public:
-  /// Both outlive the feed.
-  TMarketFeed(TServices& services, ReplayPlayer& player);
+  /// How far a simulated market's delayed quotes lie behind it. A recording is played as it was.
+  static constexpr std::chrono::minutes Delay{15};
+
+  /// Both outlive the feed. Streaming unless told otherwise.
+  TMarketFeed(TServices& services, MarketPlayer& player);
+  ~TMarketFeed() override;
+
+  /// Constdef::FeedType_... A view keeps to the type that it was opened with, so those that are
+  /// open are to be opened anew.
+  void SetFeedType(int type);
+  int FeedType() const { return feedType_; }
+  /// Snapshots that were asked for while quotes come per click.
+  int SnapshotCount() const { return snapshots_; }
 
   /// Whether the market that is played was invented.
   bool IsSimulated() const { return simulated_; }
   /// Seconds since the last data came; nothing before the first.
   std::optional<double> Age() const;
-  /// Every record as it stands, without its trades.
+  /// Every record as the market has it, without its trades.
   std::vector<TRecordChange> Present() const;
 
 signals:
   /// Once per recording: its reference data is known, and `symbol` is the first that it names;
   /// empty when it names none.
   void Started(const QString& symbol);
+  void SnapshotTaken(int count);
 
 private:
   void TakeHeader(const TRecordingHeader& header);
   void TakeBatch(const std::vector<TRecordChange>& changes);
+  void Apply(const TRecordChange& change);
+  void TakeSnapshot(std::string_view symbol);
   void ForgetRecords();
   void TellStart(const std::string& symbol);
 
   TServices& services_;
-  const ReplayPlayer& player_;
+  MarketPlayer& player_;
+  int feedType_ = 0;
+  int snapshots_ = 0;
+  Conflator unasked_; ///< per click: every record, for whoever asks
   bool simulated_ = false;
   bool started_ = false;
   QElapsedTimer lastData_;

@@ -2,10 +2,11 @@
 
 namespace Terminal {
 
-TMarketRecorder::TMarketRecorder(const ReplayPlayer& player, const TMarketFeed& feed)
+TMarketRecorder::TMarketRecorder(const MarketPlayer& player, const TMarketFeed& feed)
     : player_(player), feed_(feed) {
-  connect(&player, &ReplayPlayer::Batch, this, &TMarketRecorder::Write);
-  connect(&player, &ReplayPlayer::Reset, this, [this] {
+  connect(&player, &MarketPlayer::Batch, this,
+          [this](const auto& changes) { Write(player_.BatchTime(), changes); });
+  connect(&player, &MarketPlayer::Reset, this, [this] {
     if (IsRecording())
       emit Ended(QString::fromStdString(Stop()));
   });
@@ -17,7 +18,7 @@ std::string TMarketRecorder::Start(const std::string& file) {
   if (auto error = writer->Open(file, index ? index->Header : TRecordingHeader()); !error.empty())
     return error;
   writer_ = std::move(writer);
-  Write(feed_.Present());
+  Write(player_.BatchTime(), feed_.Present());
   return {};
 }
 
@@ -29,11 +30,11 @@ std::string TMarketRecorder::Stop() {
   return error;
 }
 
-void TMarketRecorder::Write(const std::vector<TRecordChange>& changes) {
+void TMarketRecorder::Write(TTimeOfDay time, const std::vector<TRecordChange>& changes) {
   if (!writer_)
     return;
   for (const auto& change : changes)
-    writer_->Write(player_.Position(), change);
+    writer_->Write(time, change);
 }
 
 } // namespace Terminal

@@ -16,7 +16,7 @@ class TMarketRecorder : public QObject {
 
 public:
   /// Both outlive the recorder.
-  TMarketRecorder(const ReplayPlayer& player, const TMarketFeed& feed);
+  TMarketRecorder(const MarketPlayer& player, const TMarketFeed& feed);
 
   bool IsRecording() const { return writer_ != nullptr; }
   /// Empty when `file` is being written now; otherwise one sentence.
@@ -29,9 +29,9 @@ signals:
   void Ended(const QString& error);
 
 private:
-  void Write(const std::vector<TRecordChange>& changes);
+  void Write(TTimeOfDay time, const std::vector<TRecordChange>& changes);
 
-  const ReplayPlayer& player_;
+  const MarketPlayer& player_;
   const TMarketFeed& feed_;
   std::unique_ptr<RecordingWriter> writer_;
 };

@@ -2,15 +2,15 @@
 
 #include "terminal/CommandLine.h"
 #include "terminal/Headless.h"
+#include "terminal/OrderDesk.h"
 #include "terminal/PackageLoader.h"
+#include "terminal/market/SimulationRecording.h"
 #include "terminal/script/ScriptDriver.h"
 #include "terminal/script/ScriptSession.h"
 #include "terminal/windows/MainWindow.h"
+#include "terminal/windows/StoreSentence.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QTemporaryDir>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,9 +19,6 @@
 #include <fstream>
 #include <iostream>
 
-// Outside of any namespace, as the resource compiler names what this calls.
-static void InitializeRecordings() { Q_INIT_RESOURCE(recordings); }
-
 namespace Terminal {
 
 namespace {
@@ -29,6 +26,7 @@ namespace {
 constexpr int StatusFailed = 1;
 constexpr int StatusNoScript = 2;
 constexpr double HeadlessSeconds = 10;
+constexpr double RecordedSeconds = 60;
 constexpr double SnapshotSeconds = 3;
 constexpr const char* PackageFile = "quorprice.so";
 constexpr const char* HeadlessPicture = "quorterminal.png";
@@ -59,34 +57,29 @@ bool HasDisplay() {
   return false;
 }
 
-/// The market that is played: the recording of the command line, or the one that comes with the
-/// terminal.
+/// The market that is played: the simulated one, or the recording of the command line.
 class TMarket {
 public:
   explicit TMarket(TServices& services) : Feed(services, Player) {
-    services.Profile.Grant({"QuorPrice"});
-    services.Vendor.SetFeedType(Constdef::FeedType_Streaming);
+    Desk.Follow(Player);
+    services.Profile.Grant({"QuorPrice", "ProChart"});
   }
 
   /// Empty, or one sentence.
   std::string Open(const TCommandLine& line) {
     Player.SetSpeed(line.Speed);
     Player.SetAtEnd(line.Replay ? TAtEnd::Stop : TAtEnd::StartOver);
-    if (line.Replay) {
-      const QString error = Player.Open(QString::fromStdString(*line.Replay));
-      return error.isEmpty() ? std::string() : *line.Replay + ": " + error.toStdString();
+    if (!line.Replay) {
+      Player.Simulate(line.Simulation);
+      return {};
     }
-    const QString file = folder_.filePath(QStringLiteral("simulated.jsonl"));
-    if (!QFile::copy(QStringLiteral(":/recordings/simulated.jsonl"), file))
-      return "The simulated market cannot be written to " + file.toStdString() + ".";
-    return Player.Open(file).toStdString();
+    const QString error = Player.Open(QString::fromStdString(*line.Replay));
+    return error.isEmpty() ? std::string() : *line.Replay + ": " + error.toStdString();
   }
 
-  ReplayPlayer Player;
+  MarketPlayer Player;
   TMarketFeed Feed;
-
-private:
-  QTemporaryDir folder_; ///< the player reads files, not resources
+  TOrderDesk Desk;
 };
 
 /// Layout data of the view that is opened on `symbol`.
@@ -105,7 +98,30 @@ int RunScript(TServices& services, Baseview::TIBaseView& descriptor, std::istrea
   return TScriptDriver(session).Run(script, std::cout) ? 0 : StatusFailed;
 }
 
+std::string Record(const TCommandLine& line) {
+  const std::chrono::duration<double> length(line.Seconds.value_or(RecordedSeconds));
+  return Market::RecordSimulation(line.Simulation, std::chrono::duration_cast<TTimeOfDay>(length),
+                                  *line.Record);
+}
+
+/// Linked views follow their own group only; views in no group follow what is broadcast.
+constexpr const char* GroupDataMode = "1";
+
+void RestoreSettings(TServices& services, TSavedState& state) {
+  services.Config.Load(Constdef::Section_TradePlatform, "DefaultGroupDataMode", GroupDataMode);
+  state.Follow(services.Config);
+  services.Languages.SetLanguage(
+      services.Config.ReadInteger(Constdef::Section_TradePlatform, "Language"));
+  services.Skin.SelectPriceColours(
+      services.Config.ReadString(Constdef::Section_TradePlatform, "PriceColours"));
+  services.Skin.Select(services.Config.ReadString(Constdef::Section_TradePlatform, "Skin"));
+  if (const QString sentence = StoreSentence(state); !sentence.isEmpty())
+    std::cerr << sentence.toStdString() << std::endl;
+}
+
 int RunHeadless(TServices& services, Baseview::TIBaseView& descriptor, const TCommandLine& line) {
+  TSavedState state(TSavedState::DefaultFile());
+  RestoreSettings(services, state);
   TMarket market(services);
   QString symbol;
   QObject::connect(&market.Feed, &TMarketFeed::Started,
@@ -116,9 +132,9 @@ int RunHeadless(TServices& services, Baseview::TIBaseView& descriptor, const TCo
   for (const auto& skipped : SkippedLines(*market.Player.Index()))
     std::cerr << skipped << std::endl;
   services.Config.SetLayoutReady(true);
-  const QFont font = QApplication::font();
   TViewHost views(descriptor, [&] {
-    return TViewSettings{services.Languages.CurrentLanguage(), font.family(), font.pointSize()};
+    return SettingsAt(services.Languages.CurrentLanguage(),
+                      services.Config.ReadInteger(Constdef::Section_TradePlatform, "ScaleSize"));
   });
   auto* view = views.Open(FirstLayout(services, line, symbol));
   if (!view)
@@ -131,20 +147,13 @@ int RunHeadless(TServices& services, Baseview::TIBaseView& descriptor, const TCo
                                 : PlayToConsole(run, QString::fromLatin1(HeadlessPicture)));
 }
 
-void RestoreSettings(TServices& services, TSavedState& state) {
-  state.Follow(services.Config);
-  services.Languages.SetLanguage(
-      services.Config.ReadInteger(Constdef::Section_TradePlatform, "Language"));
-  services.Skin.Select(services.Config.ReadString(Constdef::Section_TradePlatform, "Skin"));
-}
-
 int RunWindow(TServices& services, Baseview::TIBaseView& descriptor, const TCommandLine& line) {
   TSavedState state(TSavedState::DefaultFile());
-  if (!state.Error().isEmpty())
-    std::cerr << state.Error().toStdString() << std::endl;
   RestoreSettings(services, state);
   TMarket market(services);
-  TMainWindow window({services, descriptor, market.Player, market.Feed, state});
+  if (const int type = services.Config.ReadInteger(Constdef::Section_TradePlatform, "FeedType"))
+    market.Feed.SetFeedType(type);
+  TMainWindow window({services, descriptor, market.Player, market.Feed, state, market.Desk});
   QObject::connect(
       &market.Feed, &TMarketFeed::Started, &window,
       [&](const QString& symbol) {
@@ -208,13 +217,14 @@ int RunTerminal(int argc, char** argv) {
     std::cout << CommandLineHelp();
     return 0;
   }
+  if (line.Record)
+    return StatusOf(Record(line));
   std::ifstream file;
   if (line.Script &&
       !(*line.Script == "-" ? CanReadStandardInput() : OpenScript(*line.Script, file)))
     return Fail("The script " + *line.Script + " cannot be read.", StatusNoScript);
   const bool hasDisplay = HasDisplay();
   ChoosePlatform(line, hasDisplay);
-  InitializeRecordings();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("quorterminal"));
   QApplication::setStyle(QStringLiteral("Fusion"));

@@ -36,6 +36,7 @@ TReaderNews RecordingReader::Take() {
   } else {
     news.Changes = conflator_.Take();
   }
+  news.Time = CurrentPosition();
   Command();
   return news;
 }

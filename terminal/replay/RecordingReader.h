@@ -1,13 +1,11 @@
 #pragma once
 
 #include "terminal/replay/Conflator.h"
-#include "terminal/replay/RecordingIndex.h"
-#include "terminal/replay/RecordingSource.h"
+#include "terminal/replay/MarketReader.h"
 #include "terminal/replay/ReplayClock.h"
 
 #include <condition_variable>
 #include <functional>
-#include <limits>
 #include <memory>
 #include <mutex>
 #include <stop_token>
@@ -15,54 +13,28 @@
 
 namespace Terminal {
 
-/// What a playing recording does after its last change.
-enum class TAtEnd { Stop, StartOver };
-
-/// What takes long enough to show its progress.
-enum class TActivity { Indexing, Seeking };
-
-struct TReaderProgress {
-  TActivity Activity = TActivity::Indexing;
-  int PerCent = 0;
-};
-
-/// What has happened since it was last taken, to be told in the order of the members.
-struct TReaderNews {
-  std::vector<TReaderProgress> Progress;
-  std::shared_ptr<const TRecordingIndex> Index; ///< once, when indexing is done; otherwise null
-  bool Reset = false;                           ///< the market starts over before Changes
-  std::vector<TRecordChange> Changes;           ///< one per symbol
-  bool Finished = false;
-};
-
 /// Reads one recording on a thread of its own and merges what is due by the clock until the owner
 /// takes it. Holds one decoded line ahead of the clock and one merged change per symbol, however
 /// slowly they are taken. Starts paused at the recording's first moment.
-///
-/// The public operations belong to one thread, the owner's.
-class RecordingReader {
+class RecordingReader : public MarketReader {
 public:
-  static constexpr double AsFastAsPossible = std::numeric_limits<double>::infinity();
-
   /// `wake` is called on the reading thread when there is news and none was announced since the
   /// last Take. It must not call back.
   RecordingReader(RecordingSource source, std::function<void()> wake);
-  ~RecordingReader(); ///< stops at once, in the midst of whatever is going on
+  ~RecordingReader() override;
 
-  TReaderNews Take();
+  TReaderNews Take() override;
 
-  void Play();
-  void Pause();
-  void SetSpeed(double speed); ///< above 0
-  void SetAtEnd(TAtEnd atEnd);
-  void Seek(TTimeOfDay time); ///< clamped to the recording
-  /// Pauses and moves on by 0 or more; returns when all that is due by then has been merged.
-  void Step(std::chrono::milliseconds by);
+  void Play() override;
+  void Pause() override;
+  void SetSpeed(double speed) override;
+  void SetAtEnd(TAtEnd atEnd) override;
+  void Seek(TTimeOfDay time) override;
+  void Step(std::chrono::milliseconds by) override;
 
-  bool IsPlaying() const;
-  bool IsAtEnd() const; ///< the last change has been merged
-  /// How far the merged changes go: the clock's time, or less while reading lags behind it.
-  TTimeOfDay Position() const;
+  bool IsPlaying() const override;
+  bool IsAtEnd() const override;
+  TTimeOfDay Position() const override;
 
 private:
   using TLock = std::unique_lock<std::mutex>;

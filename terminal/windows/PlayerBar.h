@@ -19,7 +19,7 @@ class TPlayerBar : public QToolBar {
 
 public:
   /// Both outlive the bar.
-  TPlayerBar(ReplayPlayer& player, const TMarketFeed& feed, QWidget* parent);
+  TPlayerBar(MarketPlayer& player, const TMarketFeed& feed, QWidget* parent);
 
   void PlayOrPause();
   void SetTexts();
@@ -30,20 +30,24 @@ protected:
 private:
   void BuildSpeeds();
   void BuildPosition();
+  void BuildJumps();
   void FollowPlayer();
   void ShowState();
   void ShowSpeed();
   void ShowMark();
+  void ShowSnapshots();
   void ShowSkippedLines();
   void ShowPosition(TTimeOfDay position);
   void ShowAge();
   TTimeOfDay SliderTime() const;
 
-  ReplayPlayer& player_;
+  MarketPlayer& player_;
   const TMarketFeed& feed_;
   QLabel* mark_;
+  QLabel* snapshots_; ///< how many were asked for; empty while quotes stream
   QToolButton* play_;
   QComboBox* speed_;
+  QToolButton* jump_; ///< for simulated markets
   QSlider* position_;
   QProgressBar* progress_;
   QLabel* clock_;

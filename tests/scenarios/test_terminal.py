@@ -105,6 +105,17 @@ class DisplayTest(unittest.TestCase):
         self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
         self.assertEqual(picture.read_bytes()[:8], PNG)
 
+    def test_record_writes_a_market_that_can_be_played(self):
+        recording = self.folder / "day.jsonl"
+        result = run("--record", str(recording), "--start", "09:30:00", "--seconds", "2")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+        header, first = map(json.loads, recording.read_text(encoding="utf-8").splitlines()[:2])
+        self.assertTrue(header["simulated"])
+        self.assertEqual(first["t"], "09:30:00.000000")
+        result = run("--replay", str(recording), "--seconds", "1", folder=self.folder)
+        self.assertEqual(result.returncode, 0)
+        self.assertIn("SIMULATED", result.stdout.splitlines()[0])
+
     def test_recording_that_is_not_there(self):
         result = run("--replay", "/nowhere.jsonl", "--snapshot", str(self.folder / "view.png"))
         self.assertEqual((result.returncode, result.stdout), (1, ""))

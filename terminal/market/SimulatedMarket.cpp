@@ -1,0 +1,180 @@
+#include "terminal/market/SimulatedMarket.h"
+
+#include "host/ConstDef.h"
+#include "terminal/market/FieldNumbers.h"
+#include "terminal/market/RecordFields.h"
+
+#include <algorithm>
+
+namespace Terminal::Market {
+
+namespace {
+
+/// Of one instrument between two calls of TakeChanges: enough for the matching of an auction.
+constexpr std::size_t MaximumTrades = 2000;
+
+constexpr const char* NoDataText = "NO MARKET DATA";
+constexpr const char* CalledText = "MANDATORY CALL";
+
+Markettradesidedetector::TTrade Published(const TTrade& trade) {
+  const char* mark = !trade.Aggressor ? "" : *trade.Aggressor == TSide::Bid ? "B" : "S";
+  return {ClockText(trade.Time), mark, std::to_string(trade.Quantity), ToUnits(trade.Price)};
+}
+
+} // namespace
+
+TSimulatedMarket::TSimulatedMarket(std::uint64_t seed) : day_(seed) {
+  TMarketListener& listener = *this;
+  std::vector<TInstrumentMarket*> markets;
+  for (const TInstrument& instrument : listing_.Instruments()) {
+    positions_[instrument.Symbol] = listed_.size();
+    TListed& listed = listed_.emplace_back();
+    listed.Instrument = &instrument;
+    if (instrument.Standing != TStanding::Unknown)
+      listed.Market = std::make_unique<TInstrumentMarket>(
+          SettingsOf(instrument), listing_.Grid(instrument), day_, listener);
+    TFieldList same;
+    AddListedFields(same, listing_, instrument);
+    listed.Same = std::move(same).Sorted();
+    markets.push_back(listed.Market.get());
+  }
+  crowd_ = std::make_unique<TCrowd>(listing_, day_, markets, seed);
+}
+
+TSimulatedMarket::~TSimulatedMarket() = default;
+
+TRecordingHeader TSimulatedMarket::Header() const {
+  TRecordingHeader header;
+  header.Simulated = true;
+  for (const auto& table : listing_.SpreadTables())
+    header.Spreads.push_back(Published(table));
+  header.Brokers = BrokerDirectory();
+  for (const TInstrument& instrument : listing_.Instruments())
+    header.Instruments.push_back({instrument.Symbol, instrument.Name, instrument.Currency});
+  return header;
+}
+
+TTimeOfDay TSimulatedMarket::NextMoment() const {
+  return std::min(crowd_->NextDue(), NextBoundary());
+}
+
+/// The participants look at each other's instruments, so that the whole market passes from phase
+/// to phase together and not each instrument when something next happens to it.
+void TSimulatedMarket::AdvanceTo(TTimeOfDay time) {
+  for (TTimeOfDay moment; (moment = NextMoment()) <= time;) {
+    if (NextBoundary() <= moment)
+      PassBoundary(moment);
+    else
+      Note(listed_[crowd_->Act()], moment);
+    now_ = moment;
+  }
+  now_ = std::max(now_, time);
+}
+
+/// The next moment at which an instrument may change although nobody acts in it.
+TTimeOfDay TSimulatedMarket::NextBoundary() const {
+  TTimeOfDay next = day_.At(now_).End;
+  for (const TListed& listed : listed_)
+    next = std::min(next, listed.CoolingOffEnd.value_or(next));
+  return next;
+}
+
+void TSimulatedMarket::PassBoundary(TTimeOfDay time) {
+  for (TListed& listed : listed_)
+    if (listed.Market) {
+      listed.Market->AdvanceTo(time);
+      Note(listed, time);
+    }
+}
+
+/// Something has happened to the instrument.
+void TSimulatedMarket::Note(TListed& listed, TTimeOfDay time) {
+  listed.HasChanged = true;
+  listed.Changed = time;
+  const auto coolingOff = listed.Market->CoolingOff();
+  if (coolingOff && !listed.CoolingOffEnd)
+    coolingOffs_.push_back(listed.Instrument->Symbol);
+  if (!coolingOff && listed.CoolingOffEnd)
+    listed.HadCoolingOff = true;
+  listed.CoolingOffEnd.reset();
+  if (coolingOff)
+    listed.CoolingOffEnd = coolingOff->End;
+}
+
+void TSimulatedMarket::Apply(const TOrderRequest& request) {
+  const bool isNew = request.Action == TOrderAction::Submit;
+  TListed* listed = Find(isNew ? request.Symbol : account_.SymbolOf(request.Number));
+  TInstrumentMarket* market = listed ? listed->Market.get() : nullptr;
+  if (market)
+    market->AdvanceTo(now_);
+  account_.Apply(request, market, isNew ? crowd_->NewOrderId() : 0);
+  if (market)
+    Note(*listed, now_);
+}
+
+std::vector<TRecordChange> TSimulatedMarket::TakeChanges() {
+  std::vector<TRecordChange> changes;
+  for (TListed& listed : listed_) {
+    if (!std::exchange(listed.HasChanged, false))
+      continue;
+    TRecordChange change = ChangeOf(listed);
+    if (!change.Fields.empty() || change.State)
+      changes.push_back(std::move(change));
+  }
+  return changes;
+}
+
+void TSimulatedMarket::PublishAnew() {
+  for (TListed& listed : listed_) {
+    listed.Told.clear();
+    listed.HasChanged = true;
+  }
+}
+
+TRecordChange TSimulatedMarket::ChangeOf(TListed& listed) const {
+  TRecordChange change;
+  change.Symbol = listed.Instrument->Symbol;
+  if (!listed.Market) {
+    change.State = Constdef::RecordState_None;
+    change.Status = NoDataText;
+    return change;
+  }
+  TFieldTexts fields = FieldsOf(listed);
+  change.Fields = Difference(listed.Told, fields);
+  listed.Told = std::move(fields);
+  for (const TTrade& trade : std::exchange(listed.Trades, {}))
+    change.Trades.push_back(Published(trade));
+  return change;
+}
+
+TFieldTexts TSimulatedMarket::FieldsOf(const TListed& listed) const {
+  TFieldList fields;
+  AddBookFields(fields, *listed.Market);
+  AddDayFields(fields, *listed.Instrument, *listed.Market);
+  AddSessionFields(fields, *listed.Market,
+                   listed.HadCoolingOff ? TCoolingOffs::Had : TCoolingOffs::None);
+  if (listed.Changed > TTimeOfDay{})
+    fields.Text(Field::UpdateTime, ClockText(listed.Changed));
+  if (crowd_->IsCalled(positions_.at(listed.Instrument->Symbol)))
+    fields.Text(Field::LeftMessage, CalledText);
+  return Merged(listed.Same, std::move(fields).Sorted());
+}
+
+void TSimulatedMarket::Traded(const TInstrumentMarket& market, const TTrade& trade) {
+  account_.Traded(trade);
+  auto& trades = Find(market.Settings().Symbol)->Trades;
+  if (trades.size() == MaximumTrades)
+    trades.pop_front();
+  trades.push_back(trade);
+}
+
+void TSimulatedMarket::Lapsed(const TInstrumentMarket&, const TBookOrder& order) {
+  account_.Lapsed(order.Id);
+}
+
+TSimulatedMarket::TListed* TSimulatedMarket::Find(std::string_view symbol) {
+  const auto position = positions_.find(symbol);
+  return position == positions_.end() ? nullptr : &listed_[position->second];
+}
+
+} // namespace Terminal::Market

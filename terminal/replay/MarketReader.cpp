@@ -1,0 +1,7 @@
+#include "terminal/replay/MarketReader.h"
+
+namespace Terminal {
+
+MarketReader::~MarketReader() = default;
+
+} // namespace Terminal

@@ -1,0 +1,57 @@
+#include "terminal/windows/MainWindow.h"
+
+#include "host/ConstDef.h"
+#include "terminal/services/Services.h"
+#include "terminal/windows/CaptionBar.h"
+#include "terminal/windows/WindowTexts.h"
+
+#include <QDockWidget>
+
+// Which market is shown, and in what form.
+
+namespace Terminal {
+
+void TMainWindow::FollowMarket() {
+  connect(&parts_.Player, &MarketPlayer::HeaderRead, this, &TMainWindow::ShowMarks);
+  connect(&parts_.Player, &MarketPlayer::CoolingOffReached, this, [this](const QString& symbol) {
+    TListObject reached(symbol.toStdString(), false);
+    parts_.Services.Channels.Send(Constdef::Channel_CopySymbol, nullptr, &reached);
+  });
+}
+
+// Every view says what it shows, also where it floats apart from the window.
+void TMainWindow::ShowMarks() {
+  const QString mark =
+      parts_.Feed.IsSimulated() ? WindowText("Term_Simulated").toUpper() : QString();
+  for (const auto& [number, dock] : docks_)
+    if (auto* bar = qobject_cast<TCaptionBar*>(dock->titleBarWidget()))
+      bar->SetMark(mark);
+}
+
+void TMainWindow::SimulateMarket() {
+  parts_.Player.Simulate(parts_.Player.Simulation());
+  parts_.Player.Play();
+}
+
+// A view keeps to the feed type that it was opened with.
+void TMainWindow::SetFeedType(int type) {
+  NameDocks();
+  const QByteArray docks = saveState();
+  std::vector<TSavedView> open;
+  for (const auto* pane : views_.Panes()) {
+    open.push_back({pane->LayoutData(), pane->Group()});
+    docks_.at(pane->Number())->setObjectName({}); // the name is its successor's
+    views_.Close(pane->Number());
+  }
+  parts_.Feed.SetFeedType(type);
+  for (const auto& view : open)
+    if (auto* pane = views_.Open(view.LayoutData))
+      pane->SetGroup(view.Group);
+  NameDocks();
+  restoreState(docks);
+  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "FeedType",
+                                     std::to_string(type), true);
+  player_->SetTexts();
+}
+
+} // namespace Terminal

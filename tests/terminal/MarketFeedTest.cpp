@@ -1,0 +1,302 @@
+#include "terminal/MarketRecorder.h"
+#include "terminal/OrderDesk.h"
+#include "terminal/market/SimulationRecording.h"
+#include "terminal/services/Services.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace Terminal {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr const char* market =
+    R"({"quorprice":1,"spreads":{"01":{"state":1,"bands":[[0,10,0.01]]}},)"
+    R"("instruments":[{"symbol":"700","name":"T","currency":"HKD"}]})"
+    "\n"
+    R"({"t":"09:30:00","s":"700","f":{"1":"5"}})"
+    "\n"
+    R"({"t":"09:30:05","s":"700","f":{"2":"6"}})"
+    "\n"
+    R"({"t":"09:30:08","s":"700","f":{"1":null}})"
+    "\n";
+
+class MarketFeed : public testing::Test {
+protected:
+  MarketFeed() {
+    QObject::connect(&Feed, &TMarketFeed::Started,
+                     [this](const QString& symbol) { Started.append(symbol); });
+  }
+
+  QString File(const char* name) const { return Folder.filePath(QLatin1String(name)); }
+
+  void Play(const QByteArray& lines) {
+    QFile file(File("market.jsonl"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(lines);
+    file.close();
+    ASSERT_EQ(Player.Open(file.fileName()), QString());
+  }
+
+  const TRecord& Record() const { return *Services.Subscriptions.Find("700"); }
+
+  /// All that views can show: every record, and the trades that are shown of it.
+  std::string Screens() {
+    std::string text;
+    for (const auto& record : Feed.Present()) {
+      text += "\n" + record.Symbol + " " + std::to_string(record.State.value_or(-1)) + " " +
+              record.Status.value_or("");
+      for (const auto& [field, value] : record.Fields)
+        text += " " + std::to_string(field) + "=" + value.value_or("(none)");
+      for (int i = 0; i < 5; ++i)
+        text += TradeText(record.Symbol, i);
+    }
+    return text;
+  }
+
+  std::string TradeText(const std::string& symbol, int index) {
+    const auto* trades = Services.TradeSides.GetSymbolMarketTrade(symbol);
+    const auto* trade = trades ? trades->GetTrade(index) : nullptr;
+    if (!trade)
+      return {};
+    return " " + trade->Time + trade->Side + trade->Quantity + "@" + std::to_string(trade->Price);
+  }
+
+  std::vector<std::string> AHundredScreens() {
+    std::vector<std::string> screens;
+    for (int i = 0; i < 100; ++i) {
+      Player.Step(100);
+      screens.push_back(Screens());
+    }
+    return screens;
+  }
+
+  QTemporaryDir Folder;
+  TServices Services;
+  MarketPlayer Player;
+  TMarketFeed Feed{Services, Player};
+  QStringList Started;
+};
+
+TEST_F(MarketFeed, HandsTheMarketToTheServices) {
+  Play(market);
+  EXPECT_FALSE(Feed.Age());
+  Player.Step(6000);
+  ASSERT_TRUE(Feed.Age());
+  EXPECT_EQ(Services.Market.GetInstrument("700")->Currency(), "HKD");
+  EXPECT_DOUBLE_EQ(Services.Market.GetSpreadTable("01")->PriceStep(5), 0.01);
+  EXPECT_EQ(Record().GetText(1), "5");
+  EXPECT_EQ(Record().GetText(2), "6");
+}
+
+TEST_F(MarketFeed, ForgetsTheMarketOnAJump) {
+  Play(market);
+  Player.Step(6000);
+  Player.Seek(Player.Start());
+  Player.Step(0);
+  EXPECT_EQ(Record().GetText(1), "5");
+  EXPECT_FALSE(Record().HasValue(2));
+  EXPECT_EQ(Record().GetState(), Constdef::RecordState_Ready);
+}
+
+TEST_F(MarketFeed, TellsTheFirstSymbolOnce) {
+  Play(market);
+  Player.Step(6000);
+  EXPECT_EQ(Started, QStringList{"700"});
+}
+
+TEST_F(MarketFeed, TakesTheFirstSymbolFromTheDataWhereNoHeaderNamesOne) {
+  Play("{\"t\":\"09:30:00\",\"s\":\"ABC\",\"f\":{\"1\":\"5\"}}\n");
+  Player.Step(0);
+  EXPECT_EQ(Started, QStringList{"ABC"});
+}
+
+TEST_F(MarketFeed, StartsOnARecordingThatHoldsNothing) {
+  Play("");
+  Player.Step(0);
+  EXPECT_EQ(Started, QStringList{QString()});
+}
+
+TEST_F(MarketFeed, TellsTheLinesThatWereSkipped) {
+  Play(QByteArray(market) + "nonsense\n");
+  Player.Step(0);
+  const auto lines = SkippedLines(*Player.Index());
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(lines[0].find("line 5: "), 0u);
+  EXPECT_EQ(lines[1], "lines skipped: 1");
+}
+
+TEST_F(MarketFeed, TellsTheFirstOfManySkippedLinesAndTheirNumber) {
+  Play(QByteArray("nonsense\n").repeated(25));
+  Player.Step(0);
+  const auto lines = SkippedLines(*Player.Index());
+  ASSERT_EQ(lines.size(), 11u);
+  EXPECT_EQ(lines.back(), "lines skipped: 25");
+}
+
+TEST_F(MarketFeed, RecordsTheMarketAsItStandsAndEveryChange) {
+  Play(market);
+  TMarketRecorder recorder(Player, Feed);
+  Player.Step(6000);
+  ASSERT_EQ(recorder.Start(File("copy.jsonl").toStdString()), "");
+  Player.Step(4000);
+  ASSERT_EQ(recorder.Stop(), "");
+  EXPECT_FALSE(recorder.IsRecording());
+
+  ASSERT_EQ(Player.Open(File("copy.jsonl")), QString());
+  Player.Step(0);
+  EXPECT_EQ(Record().GetText(1), "5");
+  EXPECT_EQ(Record().GetText(2), "6");
+  EXPECT_EQ(Player.Index()->Header.Instruments.size(), 1u);
+  Player.Step(9000);
+  EXPECT_FALSE(Record().HasValue(1));
+}
+
+TEST_F(MarketFeed, AJumpEndsTheRecording) {
+  Play(market);
+  TMarketRecorder recorder(Player, Feed);
+  bool ended = false;
+  QObject::connect(&recorder, &TMarketRecorder::Ended, [&] { ended = true; });
+  Player.Step(0);
+  ASSERT_EQ(recorder.Start(File("copy.jsonl").toStdString()), "");
+  Player.Seek(Player.End());
+  Player.Step(0);
+  EXPECT_TRUE(ended);
+  EXPECT_FALSE(recorder.IsRecording());
+}
+
+constexpr Market::TSimulation simulation{5, 9h + 31min};
+
+TEST_F(MarketFeed, SimulationThatWasRecordedPlaysBackTheSameScreensAtAHundredInstants) {
+  const auto file = File("day.jsonl");
+  ASSERT_EQ(Market::RecordSimulation(simulation, 11s, file.toStdString()), "");
+  Player.Simulate(simulation);
+  Player.Step(0);
+  const auto simulated = AHundredScreens();
+  ASSERT_EQ(Player.Open(file), QString());
+  Player.Step(0);
+  EXPECT_EQ(Player.Position(), 9h + 31min);
+  const auto played = AHundredScreens();
+  for (std::size_t i = 0; i < simulated.size(); ++i)
+    ASSERT_EQ(simulated[i], played[i]) << i;
+  EXPECT_NE(simulated[0], simulated[99]);
+}
+
+TEST_F(MarketFeed, RecorderWritesTheSimulatedMarketAsItIsShown) {
+  TMarketRecorder recorder(Player, Feed);
+  Player.Simulate(simulation);
+  Player.Step(0);
+  for (const auto& record : Feed.Present())
+    Services.TradeSides.ReplaceTrades(record.Symbol, {}); // a recording begins without trades
+  ASSERT_EQ(recorder.Start(File("copy.jsonl").toStdString()), "");
+  const auto simulated = AHundredScreens();
+  ASSERT_EQ(recorder.Stop(), "");
+  ASSERT_EQ(Player.Open(File("copy.jsonl")), QString());
+  Player.Step(0);
+  const auto played = AHundredScreens();
+  for (std::size_t i = 0; i < simulated.size(); ++i)
+    ASSERT_EQ(simulated[i], played[i]) << i;
+}
+
+TEST_F(MarketFeed, SnapshotsComeOnRequestOnlyAndAreCounted) {
+  Feed.SetFeedType(Constdef::FeedType_PerClick);
+  EXPECT_EQ(Services.Vendor.FeedType(), Constdef::FeedType_PerClick);
+  QList<int> counts;
+  QObject::connect(&Feed, &TMarketFeed::SnapshotTaken,
+                   [&counts](int count) { counts.append(count); });
+  Play(market);
+  Player.Step(0);
+  Services.Subscriptions.Subscribe("700", "PRCDDS", true);
+  EXPECT_EQ(Record().GetState(), Constdef::RecordState_None);
+  Services.Subscriptions.Refresh("700");
+  EXPECT_EQ(Record().GetState(), Constdef::RecordState_Ready);
+  EXPECT_EQ(Record().GetText(1), "5");
+  Player.Step(6000);
+  EXPECT_FALSE(Record().HasValue(2)) << "nobody asked";
+  Services.Subscriptions.Refresh("700");
+  EXPECT_EQ(Record().GetText(2), "6");
+  Player.Step(6000);
+  EXPECT_TRUE(Record().HasValue(1));
+  Services.Subscriptions.Refresh("700");
+  EXPECT_FALSE(Record().HasValue(1)) << "the market has taken it away";
+  EXPECT_EQ(counts, (QList<int>{1, 2, 3}));
+  EXPECT_EQ(Feed.SnapshotCount(), 3);
+}
+
+TEST_F(MarketFeed, SaysThatTheDayHasBegunWhenARecordGetsItsOpeningPrice) {
+  int begun = 0;
+  System::TObject owner;
+  Services.Channels.Subscribe(
+      Constdef::Channel_BeginningOfDay, [&begun](System::TObject*, System::TObject*) { ++begun; },
+      &owner);
+  Play(QByteArray(market) + "{\"t\":\"09:30:09\",\"s\":\"700\",\"f\":{\"133\":\"5\"}}\n"
+                            "{\"t\":\"09:30:10\",\"s\":\"700\",\"f\":{\"133\":\"6\"}}\n");
+  Player.Step(8500);
+  EXPECT_EQ(begun, 0);
+  Player.Step(1000);
+  EXPECT_EQ(begun, 1);
+  Player.Step(1000);
+  EXPECT_EQ(begun, 1);
+  Services.Channels.Unsubscribe(Constdef::Channel_BeginningOfDay, &owner);
+}
+
+TEST_F(MarketFeed, StreamsAgainWithAllThatNobodyAskedFor) {
+  Play(market);
+  Player.Step(0);
+  Feed.SetFeedType(Constdef::FeedType_PerClick);
+  EXPECT_FALSE(Record().HasValue(1)) << "what streamed before is no snapshot";
+  Player.Step(6000);
+  Feed.SetFeedType(Constdef::FeedType_Streaming);
+  EXPECT_EQ(Record().GetText(1), "5");
+  EXPECT_EQ(Record().GetText(2), "6");
+  Services.Subscriptions.Refresh("700");
+  EXPECT_EQ(Feed.SnapshotCount(), 0);
+}
+
+TEST_F(MarketFeed, DelayedQuotesAreAQuarterOfAnHourOldAndHaveNoQueue) {
+  Player.Simulate({simulation.Seed, 9h + 40min});
+  Player.Step(0);
+  auto early = Feed.Present();
+  for (auto& record : early)
+    std::erase_if(record.Fields,
+                  [](const auto& field) { return field.first == 120 || field.first == 121; });
+  Feed.SetFeedType(Constdef::FeedType_Delayed);
+  Player.Simulate({simulation.Seed, 9h + 55min});
+  Player.Step(0);
+  const auto delayed = Feed.Present();
+  ASSERT_EQ(delayed.size(), early.size());
+  for (std::size_t i = 0; i < early.size(); ++i)
+    EXPECT_EQ(delayed[i].Fields, early[i].Fields) << early[i].Symbol;
+  EXPECT_EQ(Player.Position(), 9h + 55min);
+}
+
+TEST_F(MarketFeed, DeskTradesInTheSimulatedMarketAndNotInARecording) {
+  TOrderDesk desk;
+  desk.Follow(Player);
+  EXPECT_FALSE(desk.IsOpen());
+  Player.Simulate(simulation);
+  Player.Step(0);
+  ASSERT_TRUE(desk.IsOpen());
+  EXPECT_EQ(desk.Submit("700", Market::TSide::Bid, 1, 1), 1);
+  Player.Step(0);
+  ASSERT_EQ(desk.Orders().size(), 1u);
+  EXPECT_EQ(desk.Orders()[0].Status, Market::TOrderStatus::Rejected);
+  Play(market);
+  Player.Step(0);
+  EXPECT_FALSE(desk.IsOpen());
+  EXPECT_TRUE(desk.Orders().empty());
+  desk.Submit("700", Market::TSide::Bid, 1, 1);
+  EXPECT_EQ(desk.Orders().at(0).Reason, Market::Refused_NoMarket);
+}
+
+TEST_F(MarketFeed, SaysWhyItCannotRecord) {
+  TMarketRecorder recorder(Player, Feed);
+  EXPECT_NE(recorder.Start("/nowhere/at/all.jsonl"), "");
+  EXPECT_FALSE(recorder.IsRecording());
+}
+
+} // namespace
+} // namespace Terminal

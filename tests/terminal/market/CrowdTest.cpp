@@ -1,0 +1,205 @@
+#include "terminal/market/Crowd.h"
+#include "terminal/market/MarketRig.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <set>
+
+namespace Terminal::Market {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The whole market with its crowd.
+struct TCrowdRun {
+  explicit TCrowdRun(std::uint64_t seed) : Day(seed) {
+    std::vector<TInstrumentMarket*> markets;
+    for (const TInstrument& instrument : Listing.Instruments()) {
+      Owned.push_back(instrument.Standing == TStanding::Unknown
+                          ? nullptr
+                          : std::make_unique<TInstrumentMarket>(
+                                SettingsOf(instrument), Listing.Grid(instrument), Day, Ears));
+      markets.push_back(Owned.back().get());
+    }
+    Crowd.emplace(Listing, Day, markets, seed);
+  }
+
+  void RunUntil(TTimeOfDay time) {
+    while (Crowd->NextDue() <= time)
+      Crowd->Act();
+    for (const auto& market : Owned)
+      if (market)
+        market->AdvanceTo(time);
+  }
+  std::size_t Position(std::string_view symbol) const {
+    return std::size_t(Listing.Find(symbol) - Listing.Instruments().data());
+  }
+  TInstrumentMarket& Market(std::string_view symbol) { return *Owned[Position(symbol)]; }
+  double Middle(std::string_view symbol) {
+    const TOrderBook& book = Market(symbol).Book();
+    return ToUnits(*book.BestPrice(TSide::Bid) + *book.BestPrice(TSide::Ask)) / 2;
+  }
+
+  TListing Listing;
+  TTradingDay Day;
+  TMarketEars Ears;
+  std::vector<std::unique_ptr<TInstrumentMarket>> Owned;
+  std::optional<TCrowd> Crowd;
+};
+
+TEST(Crowd, TheSameSeedBringsTheSameMarket) {
+  TCrowdRun first(4), second(4), other(5);
+  for (TCrowdRun* const run : {&first, &second, &other})
+    run->RunUntil(9h + 35min);
+  ASSERT_GT(first.Ears.Trades.size(), 1000U);
+  const auto story = [](const TCrowdRun& run) {
+    std::vector<std::tuple<TTimeOfDay, TPrice, TQuantity, TOrderId>> trades;
+    for (const TTrade& trade : run.Ears.Trades)
+      trades.emplace_back(trade.Time, trade.Price, trade.Quantity, trade.BuyOrder);
+    return trades;
+  };
+  EXPECT_EQ(story(first), story(second));
+  EXPECT_NE(story(first), story(other));
+}
+
+TEST(Crowd, TradesEverythingThatTrades) {
+  TCrowdRun run(4);
+  run.RunUntil(10h);
+  for (const TInstrument& instrument : run.Listing.Instruments()) {
+    SCOPED_TRACE(instrument.Symbol);
+    if (instrument.Standing == TStanding::Unknown)
+      continue;
+    const TInstrumentMarket& market = run.Market(instrument.Symbol);
+    if (instrument.Standing == TStanding::Halted) {
+      EXPECT_EQ(market.Book().OrderCount(), 0U);
+      continue;
+    }
+    EXPECT_GT(market.Figures().Trades, 0);
+    if (run.Crowd->IsCalled(run.Position(instrument.Symbol)))
+      continue;
+    EXPECT_TRUE(market.Book().BestPrice(TSide::Bid));
+    EXPECT_TRUE(market.Book().BestPrice(TSide::Ask));
+  }
+}
+
+TEST(Crowd, WarrantsAndCountersFollowWhatTheyHangOn) {
+  TCrowdRun run(4);
+  run.RunUntil(10h);
+  EXPECT_NEAR(run.Middle("80700"), run.Middle("700") * RenminbiPerDollar, 1);
+  const TInstrument& warrant = *run.Listing.Find("14680");
+  const double fair = FairValue(*warrant.Terms, run.Middle("700"), run.Listing.Date()) / PriceUnit;
+  EXPECT_NEAR(run.Middle("14680"), fair, 0.0101); // two ticks
+}
+
+TEST(Crowd, ShocksFallWhileTheVolatilityControlWatches) {
+  const TListing listing;
+  for (std::uint64_t seed = 1; seed <= 50; ++seed) {
+    const auto shocks = PlanShocks(listing, seed);
+    EXPECT_GE(shocks.size(), 2U);
+    EXPECT_LE(shocks.size(), 4U);
+    EXPECT_TRUE(std::ranges::is_sorted(shocks, {}, &TShock::Time));
+    std::set<std::size_t> shocked;
+    for (const TShock& shock : shocks) {
+      EXPECT_TRUE(shocked.insert(shock.Instrument).second);
+      const bool isMorning = shock.Time > 9h + 50min && shock.Time < 11h + 50min;
+      const bool isAfternoon = shock.Time > 13h + 20min && shock.Time < 15h + 30min;
+      EXPECT_TRUE(isMorning || isAfternoon);
+      const int percent = listing.Instruments()[shock.Instrument].VolatilityPercent();
+      ASSERT_GT(percent, 0);
+      EXPECT_GT(std::abs(std::exp(shock.LogMove) - 1) * 100, percent * 1.25);
+    }
+  }
+}
+
+TEST(Crowd, AShockBringsACoolingOffWithinAMinuteAndAHalf) {
+  TCrowdRun run(4);
+  const TShock shock = run.Crowd->Shocks().front();
+  const TInstrumentMarket& market = *run.Owned[shock.Instrument];
+  run.RunUntil(shock.Time);
+  EXPECT_FALSE(market.CoolingOff());
+  run.RunUntil(shock.Time + 90s);
+  ASSERT_TRUE(market.CoolingOff());
+  EXPECT_GT(market.CoolingOff()->Start, shock.Time);
+}
+
+TEST(Crowd, ACalledContractStopsTrading) {
+  TCrowdRun run(4);
+  run.RunUntil(9h + 45min);
+  const std::size_t bull = run.Position("55321"); // call level 295
+  ASSERT_FALSE(run.Crowd->IsCalled(bull));
+  // The user sells the underlying, nine ticks at a time, down to a bid of his own.
+  TInstrumentMarket& underlying = run.Market("700");
+  underlying.Enter(
+      {run.Crowd->NewOrderId(), TSide::Bid, TOrderKind::Limit, 295'000, 100, UserBroker});
+  const auto figures = [&] { return underlying.Figures(); };
+  for (int sold = 0; sold < 100 && *figures().Low > 295'000; ++sold)
+    underlying.Enter(
+        {run.Crowd->NewOrderId(), TSide::Ask, TOrderKind::Market, 0, 1'000'000, UserBroker});
+  ASSERT_LE(*figures().Low, 295'000);
+  EXPECT_TRUE(run.Crowd->IsCalled(bull));
+  run.RunUntil(9h + 46min);
+  const TInstrumentMarket& market = run.Market("55321");
+  EXPECT_EQ(market.Book().OrderCount(), 0U);
+  const auto volume = market.Figures().Volume;
+  run.RunUntil(9h + 50min);
+  EXPECT_EQ(market.Figures().Volume, volume);
+  EXPECT_FALSE(run.Crowd->IsCalled(run.Position("55672"))); // a bear contract
+}
+
+TEST(Crowd, EndsWithTheDay) {
+  TCrowdRun run(4);
+  while (run.Crowd->NextDue() < TTimeOfDay::max())
+    run.Crowd->Act();
+  run.RunUntil(16h + 11min);
+  const TInstrumentMarket& share = run.Market("700");
+  EXPECT_TRUE(share.ClosingPrice());
+  EXPECT_EQ(share.Book().OrderCount(), 0U);
+}
+
+TEST(FairValues, WalkWithTheVolatilityOfTheInstrument) {
+  const TListing listing;
+  const std::size_t share = std::size_t(listing.Find("2468") - listing.Instruments().data());
+  double square = 0;
+  int minutes = 0;
+  for (std::uint64_t seed = 1; seed <= 12; ++seed) {
+    TFairValues values(listing, {}, seed);
+    values.AdvanceTo(9h + 30min);
+    double last = values.Of(share);
+    for (TTimeOfDay time = 9h + 31min; time <= TTimeOfDay(12h); time += 1min, ++minutes) {
+      values.AdvanceTo(time);
+      const double move = std::log(values.Of(share) / last);
+      last = values.Of(share);
+      square += move * move;
+    }
+  }
+  EXPECT_NEAR(std::sqrt(square / minutes * 252 * 330), 0.40, 0.1);
+}
+
+TEST(FairValues, AreTheSameInWhateverStepsTimeGoesOn) {
+  const TListing listing;
+  const auto shocks = PlanShocks(listing, 3);
+  TFairValues inOne(listing, shocks, 3), inMany(listing, shocks, 3);
+  inOne.AdvanceTo(11h);
+  for (TTimeOfDay time = 9h; time <= TTimeOfDay(11h); time += 1730ms)
+    inMany.AdvanceTo(time);
+  inMany.AdvanceTo(11h);
+  for (std::size_t position = 0; position < listing.Instruments().size(); ++position)
+    EXPECT_EQ(inOne.Of(position), inMany.Of(position));
+}
+
+TEST(FairValues, AShockMovesItsShareByWhatItSays) {
+  const TListing listing;
+  const TShock shock = {10h, 6, 0.15};
+  TFairValues calm(listing, {}, 3), shocked(listing, std::span(&shock, 1), 3);
+  for (TFairValues* const values : {&calm, &shocked})
+    values->AdvanceTo(10h + ShockLength);
+  EXPECT_NEAR(std::log(shocked.Of(6) / calm.Of(6)), 0.15, 1e-12);
+  EXPECT_EQ(shocked.Of(5), calm.Of(5));
+  EXPECT_GT(shocked.Liveliness(6), 3 * calm.Liveliness(6));
+}
+
+} // namespace
+} // namespace Terminal::Market

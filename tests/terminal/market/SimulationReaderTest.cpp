@@ -1,0 +1,190 @@
+#include "terminal/market/SimulationReader.h"
+
+#include "terminal/market/PublishedState.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
+
+namespace {
+
+using namespace Terminal;
+using namespace Terminal::Market;
+using namespace MarketTest;
+using namespace std::chrono_literals;
+
+constexpr std::uint64_t seed = 5;
+
+/// The market as it stands at `time`, straight from the simulation.
+TPublishedState StateAt(TTimeOfDay time) {
+  TSimulatedMarket market(seed);
+  market.AdvanceTo(time);
+  TPublishedState state;
+  state.Hear(market.TakeChanges());
+  return state;
+}
+
+class SimulationReader : public testing::Test {
+protected:
+  /// Takes what there is after going on by `by`.
+  TReaderNews Step(std::chrono::milliseconds by = 0ms) {
+    Reader.Step(by);
+    TReaderNews news = Reader.Take();
+    if (news.Reset)
+      State = {};
+    State.Hear(news.Changes);
+    return news;
+  }
+
+  /// Takes news until `isEnough` says so.
+  template <class TIsEnough> void TakeUntil(TIsEnough isEnough) {
+    for (int i = 0; i < 10'000; ++i) {
+      const auto news = Reader.Take();
+      if (isEnough(news))
+        return;
+      std::this_thread::sleep_for(2ms);
+    }
+    FAIL() << "it never came";
+  }
+
+  std::atomic<int> Wakes = 0;
+  TPublishedState State;
+  Market::SimulationReader Reader{{seed, 9h + 31min}, [this] { ++Wakes; }};
+};
+
+TEST_F(SimulationReader, BeginsPausedAtItsStartWithTheWholeMarket) {
+  const auto news = Step();
+  ASSERT_TRUE(news.Index);
+  EXPECT_TRUE(news.Index->Header.Simulated);
+  EXPECT_EQ(news.Index->Start, 9h);
+  EXPECT_EQ(news.Index->End, 16h + 10min);
+  EXPECT_TRUE(news.Reset);
+  EXPECT_EQ(news.Time, 9h + 31min);
+  EXPECT_EQ(Reader.Position(), 9h + 31min);
+  EXPECT_FALSE(Reader.IsPlaying());
+  const auto direct = StateAt(9h + 31min);
+  EXPECT_TRUE(State == direct) << Differences(direct, State);
+}
+
+TEST_F(SimulationReader, StepsLeadToTheStateOfTheirMoment) {
+  for (int i = 0; i < 50; ++i)
+    Step(211ms);
+  const auto direct = StateAt(9h + 31min + 50 * 211ms);
+  EXPECT_TRUE(State == direct) << Differences(direct, State);
+}
+
+TEST_F(SimulationReader, NothingIsToldOfTheWayToWhereARunLeads) {
+  Reader.SetDelay(0s);
+  TakeUntil([this](const TReaderNews& news) {
+    EXPECT_TRUE(news.Changes.empty() || news.Time == 9h + 31min) << news.Time.count();
+    return !news.Changes.empty();
+  });
+}
+
+TEST_F(SimulationReader, GoesBackToTheSameDay) {
+  Step();
+  const auto before = State;
+  Step(20s);
+  EXPECT_FALSE(State == before);
+  Reader.Seek(9h + 31min);
+  const auto news = Step();
+  EXPECT_TRUE(news.Reset);
+  EXPECT_TRUE(news.Index) << "the day begins anew";
+  EXPECT_TRUE(State == before) << Differences(before, State);
+}
+
+TEST_F(SimulationReader, JumpsToTheOpeningsAndTheClosingAuctionAndPlaysToTheEnd) {
+  Step();
+  Reader.Jump(TJump::Opening);
+  EXPECT_TRUE(Step().Reset);
+  EXPECT_EQ(Reader.Position(), 13h);
+  Reader.Jump(TJump::ClosingAuction);
+  Step();
+  EXPECT_EQ(Reader.Position(), 16h);
+  Reader.SetSpeed(MarketReader::AsFastAsPossible);
+  Reader.Play();
+  TakeUntil([](const TReaderNews& news) { return news.Finished; });
+  EXPECT_TRUE(Reader.IsAtEnd());
+  EXPECT_FALSE(Reader.IsPlaying());
+  EXPECT_EQ(Reader.Position(), 16h + 10min);
+  Reader.Jump(TJump::Opening);
+  Step();
+  EXPECT_EQ(Reader.Position(), 9h + 30min) << "of the day begun anew";
+}
+
+TEST_F(SimulationReader, JumpsToWhereACoolingOffIsInForceAndNamesIt) {
+  Step();
+  Reader.Jump(TJump::CoolingOff);
+  const auto news = Step();
+  ASSERT_FALSE(news.CoolingOff.empty());
+  const auto& record = State.Records.at(news.CoolingOff).Fields;
+  EXPECT_EQ(record.at(3500), "1");
+  EXPECT_TRUE(record.contains(3503));
+  EXPECT_GE(Reader.Position(), 9h + 45min);
+  EXPECT_FALSE(news.Progress.empty());
+  EXPECT_FALSE(Step(100ms).CoolingOff == news.CoolingOff);
+}
+
+TEST_F(SimulationReader, DelayedChangesComeFromThatMuchEarlier) {
+  Reader.SetDelay(15min);
+  Step();
+  EXPECT_EQ(Reader.Position(), 9h + 31min);
+  EXPECT_TRUE(State == StateAt(9h + 16min));
+  Step(7s);
+  const auto direct = StateAt(9h + 16min + 7s);
+  EXPECT_TRUE(State == direct) << Differences(direct, State);
+  Reader.SetDelay(0s);
+  EXPECT_TRUE(Step().Reset);
+  EXPECT_TRUE(State == StateAt(9h + 31min + 7s));
+}
+
+TEST_F(SimulationReader, DelayedMarketHasTheUsersOrdersToo) {
+  Step();
+  const std::string symbol = State.Records.begin()->first;
+  Reader.Request({TOrderAction::Submit, 1, symbol, TSide::Bid, 1'000'000'000, 1});
+  std::string lively;
+  TPrice price = 0;
+  TQuantity lot = 0;
+  for (const auto& [name, record] : State.Records)
+    if (record.Fields.contains(1) && record.Fields.contains(84) && lively.empty()) {
+      lively = name;
+      price = std::llround(std::stod(record.Fields.at(84)) * PriceUnit);
+      lot = std::stoll(record.Fields.at(24));
+    }
+  Reader.Request({TOrderAction::Submit, 2, lively, TSide::Bid, price, lot});
+  auto news = Step();
+  ASSERT_EQ(news.Reports.size(), 2u);
+  EXPECT_EQ(std::get<TUserOrder>(news.Reports[0]).Status, TOrderStatus::Rejected);
+  EXPECT_EQ(std::get<TUserOrder>(news.Reports[1]).Status, TOrderStatus::Working);
+  const auto live = State;
+  Reader.SetDelay(1s);
+  Step(1s);
+  EXPECT_TRUE(State == live) << Differences(live, State);
+}
+
+TEST_F(SimulationReader, SlowOwnerFindsOneChangeASymbol) {
+  Step();
+  Reader.SetSpeed(200);
+  Reader.Play();
+  const int wakes = Wakes;
+  while (Reader.Position() < 9h + 32min)
+    std::this_thread::sleep_for(1ms);
+  EXPECT_LE(Wakes - wakes, 1) << "told once until it is taken";
+  const auto news = Reader.Take();
+  EXPECT_LE(news.Changes.size(), State.Records.size());
+  EXPECT_GT(news.Changes.size(), 10u);
+}
+
+TEST(SimulationReaderEnd, StopsInTheMidstOfARun) {
+  int progress = 0;
+  {
+    Market::SimulationReader reader({seed, 16h}, [] {});
+    while (progress == 0)
+      for (const auto& news : reader.Take().Progress)
+        progress = news.PerCent;
+  }
+  EXPECT_LT(progress, 50);
+}
+
+} // namespace
