@@ -40,7 +40,7 @@ void TConfigStore::WriteString(std::string_view section, std::string_view key,
                                std::string_view value, bool store) {
   Load(section, key, value);
   if (store && OnStore)
-    OnStore(section, key, value);
+    toStore_.push_back({std::string(section), std::string(key), std::string(value)});
   changed_ = true;
   if (actions_ == 0)
     Announce();
@@ -61,6 +61,8 @@ void TConfigStore::EndUserAction() {
 
 void TConfigStore::Announce() {
   changed_ = false;
+  if (const auto values = std::exchange(toStore_, {}); !values.empty() && OnStore)
+    OnStore(values);
   listeners_.Notify(this, nullptr);
 }
 

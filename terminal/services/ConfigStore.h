@@ -4,8 +4,16 @@
 #include "terminal/services/Listeners.h"
 
 #include <map>
+#include <vector>
 
 namespace Terminal {
+
+/// A value with its section and key.
+struct TConfigValue {
+  std::string Section;
+  std::string Key;
+  std::string Value;
+};
 
 /// The terminal's configuration values, kept in memory. What must survive the run is read in with
 /// Load and written out by OnStore.
@@ -13,7 +21,7 @@ class TConfigStore : public Baseconfigmanager::TCustomConfigManager {
 public:
   using TSection = std::map<std::string, std::string, std::less<>>;
 
-  /// Announces the writes made during its life together, when the outermost one ends.
+  /// Stores and announces the writes made during its life together, when the outermost one ends.
   class TUserAction {
   public:
     explicit TUserAction(TConfigStore& store) : store_(store) { store_.BeginUserAction(); }
@@ -42,9 +50,9 @@ public:
   /// Replaces a whole section by values of this run only; nobody is told.
   void ReplaceSection(std::string_view section, TSection values);
 
-  /// Called with every value written to be kept beyond this run.
-  std::function<void(std::string_view section, std::string_view key, std::string_view value)>
-      OnStore;
+  /// Called with the values that a user action wrote to be kept beyond this run, in the order
+  /// written, before the listeners hear of it.
+  std::function<void(const std::vector<TConfigValue>& values)> OnStore;
 
   /// Actions nest. Use TUserAction where a scope serves.
   void BeginUserAction() { ++actions_; }
@@ -57,6 +65,7 @@ private:
 
   std::map<std::string, TSection, std::less<>> sections_;
   TDataListeners listeners_;
+  std::vector<TConfigValue> toStore_; ///< of the action under way
   int actions_ = 0;
   bool changed_ = false; ///< something was written in the action under way
   bool layoutReady_ = false;

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cstdio>
@@ -20,8 +21,9 @@ std::string ColourText(System::TColor colour) {
   return text;
 }
 
+/// Fainter than a text that matters now, and still one that can be read.
 QColor Faded(QColor colour) {
-  colour.setAlphaF(0.55F);
+  colour.setAlphaF(0.65F);
   return colour;
 }
 
@@ -39,6 +41,8 @@ QPalette PaletteOf(const TSkin& skin) {
   palette.setColor(QPalette::PlaceholderText, Faded(contentText));
   palette.setColor(QPalette::ToolTipBase, content);
   palette.setColor(QPalette::ToolTipText, contentText);
+  palette.setColor(QPalette::Link, contentText);
+  palette.setColor(QPalette::LinkVisited, contentText);
   palette.setColor(QPalette::Highlight, Platform::ToQColor(skin.HighlightColour));
   palette.setColor(QPalette::HighlightedText, Platform::ToQColor(skin.HighlightTextColour));
   for (const auto role : {QPalette::WindowText, QPalette::ButtonText})
@@ -57,6 +61,14 @@ TConfigStore::TSection SectionOf(const TSkin& skin) {
 
 std::string SectionNameOf(const TSkin& skin) { return "SKIN_" + skin.Name; }
 
+/// Null when none of `all` has the name.
+template <typename TNamed>
+const TNamed* Find(const std::vector<TNamed>& all, std::string_view name) {
+  const auto found =
+      std::find_if(all.begin(), all.end(), [&](const TNamed& each) { return each.Name == name; });
+  return found == all.end() ? nullptr : &*found;
+}
+
 template <typename TMap, typename TKey> System::TColor ColourOr0(const TMap& map, TKey key) {
   const auto found = map.find(key);
   return found == map.end() ? System::clBlack : found->second;
@@ -64,14 +76,15 @@ template <typename TMap, typename TKey> System::TColor ColourOr0(const TMap& map
 
 } // namespace
 
-TSkinService::TSkinService(TConfigStore& config) : config_(config) {
-  const auto& skin = BuiltInSkins().front();
-  Apply(skin, SectionOf(skin));
+TSkinService::TSkinService(TConfigStore& config)
+    : config_(config), priceColours_(BuiltInPriceColours().front()) {
+  Select(BuiltInSkins().front().Name);
 }
 
 TSkinService::~TSkinService() {
   Platform::TcxRootLookAndFeel::Instance().SetSkinPainter(std::nullopt);
   QApplication::setPalette(QPalette());
+  QToolTip::setPalette(QPalette());
 }
 
 System::TColor TSkinService::GetColour(int index, std::string_view name) {
@@ -81,12 +94,20 @@ System::TColor TSkinService::GetColour(int index, std::string_view name) {
 std::string TSkinService::CurrentSkinSection() { return SectionNameOf(skin_); }
 
 bool TSkinService::Select(std::string_view name) {
-  const auto& skins = BuiltInSkins();
-  const auto found = std::find_if(skins.begin(), skins.end(),
-                                  [&](const TSkin& skin) { return skin.Name == name; });
-  if (found == skins.end())
+  const auto* found = Find(BuiltInSkins(), name);
+  if (!found)
     return false;
-  Apply(*found, SectionOf(*found));
+  const TSkin skin = InPriceColours(*found, priceColours_);
+  Apply(skin, SectionOf(skin));
+  return true;
+}
+
+bool TSkinService::SelectPriceColours(std::string_view name) {
+  const auto* found = Find(BuiltInPriceColours(), name);
+  if (!found)
+    return false;
+  priceColours_ = *found;
+  Select(skin_.Name);
   return true;
 }
 
@@ -112,6 +133,7 @@ void TSkinService::Apply(TSkin skin, TConfigStore::TSection section) {
   Platform::TcxRootLookAndFeel::Instance().SetSkinPainter(Platform::TSkinPainter{
       Platform::ToQColor(skin_.ContentColour), Platform::ToQColor(skin_.ContentTextColour)});
   QApplication::setPalette(PaletteOf(skin_));
+  QToolTip::setPalette(PaletteOf(skin_)); // has one of its own
   if (OnChanged)
     OnChanged();
 }

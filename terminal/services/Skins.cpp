@@ -9,16 +9,20 @@ constexpr System::TColor Rgb(System::TColor rgb) {
   return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
 }
 
-// Blue buys and amber sells can be told apart by everybody, and are no market's up and down.
+constexpr TToneColours Tone(System::TColor background, System::TColor text, System::TColor label) {
+  return {Rgb(background), Rgb(text), Rgb(label)};
+}
+
 TSkin Dark() {
   TSkin skin;
   skin.Name = "Dark";
-  skin.Colours = {{"coLabelBground", Rgb(0x232833)},  {"coLabelInvalidBground", Rgb(0x7A1F24)},
-                  {"coBuyColorLabel", Rgb(0x1F4464)}, {"coSellColorLabel", Rgb(0x5E3A1F)},
-                  {"coVCMBgColor", Rgb(0xE8B44A)},    {"coCASBgColor", Rgb(0x6FC1C9)},
-                  {"coPOSBgColor", Rgb(0xB3ADEE)}};
-  skin.StandardColours = {
-      {6, Rgb(0x152A3D)}, {7, Rgb(0xA6D4FF)}, {8, Rgb(0x352316)}, {9, Rgb(0xFFCFA3)}};
+  skin.Colours = {{"coLabelBground", Rgb(0x232833)}, {"coLabelInvalidBground", Rgb(0x7A1F24)},
+                  {"coVCMBgColor", Rgb(0xE8B44A)},   {"coCASBgColor", Rgb(0x6FC1C9)},
+                  {"coPOSBgColor", Rgb(0xB3ADEE)},   {"coWarningText", Rgb(0xE8B44A)}};
+  skin.Tones = {{TTone::Red, Tone(0x3A191B, 0xFF9F97, 0x67232A)},
+                {TTone::Green, Tone(0x12301F, 0x7ADBA8, 0x1B4A32)},
+                {TTone::Blue, Tone(0x152A3D, 0xA6D4FF, 0x1F4464)},
+                {TTone::Orange, Tone(0x352316, 0xFFCFA3, 0x5E3A1F)}};
   skin.ContentColour = Rgb(0x16191F);
   skin.ContentTextColour = Rgb(0xD7DCE3);
   skin.WindowColour = Rgb(0x1E222A);
@@ -31,12 +35,13 @@ TSkin Dark() {
 TSkin Light() {
   TSkin skin;
   skin.Name = "Light";
-  skin.Colours = {{"coLabelBground", Rgb(0xE9EDF2)},  {"coLabelInvalidBground", Rgb(0xFF9A94)},
-                  {"coBuyColorLabel", Rgb(0xC2DEF5)}, {"coSellColorLabel", Rgb(0xF6D3B0)},
-                  {"coVCMBgColor", Rgb(0xF0BC4E)},    {"coCASBgColor", Rgb(0x7CCBD2)},
-                  {"coPOSBgColor", Rgb(0xB9B3F0)}};
-  skin.StandardColours = {
-      {6, Rgb(0xE3F0FB)}, {7, Rgb(0x0B4A7D)}, {8, Rgb(0xFBEADB)}, {9, Rgb(0x7D3C06)}};
+  skin.Colours = {{"coLabelBground", Rgb(0xE9EDF2)}, {"coLabelInvalidBground", Rgb(0xFF9A94)},
+                  {"coVCMBgColor", Rgb(0xF0BC4E)},   {"coCASBgColor", Rgb(0x7CCBD2)},
+                  {"coPOSBgColor", Rgb(0xB9B3F0)},   {"coWarningText", Rgb(0x7A5200)}};
+  skin.Tones = {{TTone::Red, Tone(0xFCE7E5, 0x9A1B1E, 0xF7C8C4)},
+                {TTone::Green, Tone(0xE2F4E9, 0x0A5732, 0xBFE5CE)},
+                {TTone::Blue, Tone(0xE3F0FB, 0x0B4A7D, 0xC2DEF5)},
+                {TTone::Orange, Tone(0xFBEADB, 0x7D3C06, 0xF6D3B0)}};
   skin.ContentColour = Rgb(0xFFFFFF);
   skin.ContentTextColour = Rgb(0x1B1F24);
   skin.WindowColour = Rgb(0xF3F5F8);
@@ -48,8 +53,29 @@ TSkin Light() {
 
 } // namespace
 
+const std::vector<TPriceColours>& BuiltInPriceColours() {
+  // Blue and orange can be told apart by everybody, and are no market's up and down.
+  static const std::vector<TPriceColours> colours{{"BlueOrange", TTone::Blue, TTone::Orange},
+                                                  {"RedUp", TTone::Red, TTone::Green},
+                                                  {"GreenUp", TTone::Green, TTone::Red}};
+  return colours;
+}
+
+TSkin InPriceColours(TSkin skin, const TPriceColours& colours) {
+  const auto& up = skin.Tones.at(colours.Up);
+  const auto& down = skin.Tones.at(colours.Down);
+  skin.StandardColours = {{6, up.Background}, {7, up.Text}, {8, down.Background}, {9, down.Text}};
+  skin.Colours.insert_or_assign("coBuyColorLabel", up.Label);
+  skin.Colours.insert_or_assign("coSellColorLabel", down.Label);
+  skin.Colours.insert_or_assign("coUpText", up.Text);
+  skin.Colours.insert_or_assign("coDownText", down.Text);
+  return skin;
+}
+
 const std::vector<TSkin>& BuiltInSkins() {
-  static const std::vector<TSkin> skins{Dark(), Light()};
+  const auto& colours = BuiltInPriceColours().front();
+  static const std::vector<TSkin> skins{InPriceColours(Dark(), colours),
+                                        InPriceColours(Light(), colours)};
   return skins;
 }
 

@@ -161,8 +161,9 @@ TEST(Configuration, HandsOnWhatIsToBeKeptAndTakesItBackInSilence) {
   TOwner owner;
   int told = 0;
   std::vector<std::string> kept;
-  store.OnStore = [&](std::string_view section, std::string_view key, std::string_view value) {
-    kept.push_back(std::string(section) + "/" + std::string(key) + "=" + std::string(value));
+  store.OnStore = [&](const std::vector<Terminal::TConfigValue>& values) {
+    for (const auto& value : values)
+      kept.push_back(value.Section + "/" + value.Key + "=" + value.Value);
   };
   store.RegisterListener([&](System::TObject*, System::TObject*) { ++told; }, &owner);
   store.WriteString("S", "K", "kept", true);
@@ -173,6 +174,30 @@ TEST(Configuration, HandsOnWhatIsToBeKeptAndTakesItBackInSilence) {
   EXPECT_EQ(store.ReadString("S", "K"), "loaded");
   EXPECT_EQ(kept.size(), 1U);
   EXPECT_EQ(told, 2);
+}
+
+TEST(Configuration, HandsOnWhatOneUserActionWroteTogetherBeforeAnybodyHearsOfIt) {
+  TConfigStore store;
+  TOwner owner;
+  std::vector<std::string> events;
+  store.OnStore = [&](const std::vector<Terminal::TConfigValue>& values) {
+    std::string event = "stored";
+    for (const auto& value : values)
+      event += " " + value.Key + "=" + value.Value;
+    events.push_back(event);
+  };
+  store.RegisterListener([&](System::TObject*, System::TObject*) { events.push_back("told"); },
+                         &owner);
+  {
+    TConfigStore::TUserAction action(store);
+    store.WriteString("S", "A", "1", true);
+    store.WriteString("S", "B", "2", false);
+    store.WriteString("S", "A", "3", true);
+    EXPECT_TRUE(events.empty());
+  }
+  EXPECT_EQ(events, (std::vector<std::string>{"stored A=1 A=3", "told"}));
+  store.WriteString("S", "B", "4", false);
+  EXPECT_EQ(events, (std::vector<std::string>{"stored A=1 A=3", "told", "told"}));
 }
 
 TEST(Configuration, AReplacedSectionHoldsOnlyItsNewValues) {

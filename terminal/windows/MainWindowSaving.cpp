@@ -1,0 +1,165 @@
+#include "terminal/windows/MainWindow.h"
+
+#include "host/ConstDef.h"
+#include "terminal/services/Services.h"
+#include "terminal/windows/CaptionBar.h"
+#include "terminal/windows/StoreSentence.h"
+#include "terminal/windows/WindowTexts.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QLabel>
+#include <QScreen>
+#include <QStatusBar>
+#include <QToolButton>
+
+// What the window keeps beyond the run, and how it comes back.
+
+namespace Terminal {
+
+namespace {
+
+constexpr int SaveDelay = 500; // milliseconds, so that a burst of changes is one write
+
+/// The symbol of a view's layout data, where it is the first item; empty when there is none.
+std::string SymbolOf(const std::string& layoutData) {
+  constexpr std::string_view name = "Symbol=";
+  if (!layoutData.starts_with(name))
+    return {};
+  return layoutData.substr(name.size(), layoutData.find(',') - name.size());
+}
+
+} // namespace
+
+void TMainWindow::FollowChanges() {
+  installEventFilter(this);
+  for (const auto& tool : tools_->All())
+    FollowDock(tool.Dock);
+  saveTimer_.setSingleShot(true);
+  connect(&saveTimer_, &QTimer::timeout, this, &TMainWindow::Save);
+  parts_.State.OnLost = [this] { ShowStoreSentence(); };
+  ShowStoreSentence();
+}
+
+void TMainWindow::FollowNoChanges() {
+  closing_ = true;
+  removeEventFilter(this);
+  for (const auto& tool : tools_->All())
+    tool.Dock->removeEventFilter(this);
+  for (const auto& [number, dock] : docks_)
+    dock->removeEventFilter(this);
+  parts_.State.OnLost = nullptr;
+}
+
+void TMainWindow::FollowDock(QDockWidget* dock) {
+  dock->installEventFilter(this);
+  connect(dock, &QDockWidget::dockLocationChanged, this, &TMainWindow::SaveSoon);
+  connect(dock, &QDockWidget::topLevelChanged, this, &TMainWindow::SaveSoon);
+  if (const auto* bar = qobject_cast<TCaptionBar*>(dock->titleBarWidget()))
+    connect(bar, &TCaptionBar::GroupChosen, this, &TMainWindow::SaveSoon);
+}
+
+void TMainWindow::RestoreViews(const std::string& layoutData, TFirstView firstView) {
+  const TSavedLayout saved = parts_.State.Layout();
+  auto views = saved.Views;
+  if (views.empty())
+    views.emplace_back();
+  if (firstView == TFirstView::AsTold || views.front().LayoutData.empty())
+    views.front().LayoutData = layoutData;
+  for (const auto& view : views) {
+    // This market may not have named the symbol yet; the view keeps it all the same.
+    if (const auto symbol = SymbolOf(view.LayoutData); !symbol.empty()) {
+      parts_.Services.Symbols.Add(symbol);
+      tools_->OfferChart(QString::fromStdString(symbol));
+    }
+    if (auto* pane = views_.Open(view.LayoutData))
+      pane->SetGroup(view.Group);
+  }
+  RestoreArrangement(saved);
+  parts_.Services.Config.SetLayoutReady(true);
+  parts_.Services.Channels.Send(Constdef::Channel_LayoutLoaded, nullptr, nullptr);
+  parts_.Services.Channels.Send(Constdef::Channel_MainFormShown, nullptr, nullptr);
+}
+
+// The toolkit moves windows of a screen that is gone onto one that is there, floating docks too.
+void TMainWindow::RestoreArrangement(const TSavedLayout& saved) {
+  restoreGeometry(saved.Geometry);
+  NameDocks();
+  if (!restoreState(saved.Docks))
+    ArrangeDocks();
+}
+
+// The first time: as large as the screen allows, up to what the docks make use of.
+void TMainWindow::ArrangeDocks() {
+  constexpr QSize enough(1600, 1000);
+  const QRect room = screen()->availableGeometry();
+  setGeometry(QRect(room.topLeft(), enough.boundedTo(room.size())));
+  if (!docks_.empty())
+    tools_->ShareRoom(docks_.begin()->second);
+}
+
+// By their order, for that is how the views come back.
+void TMainWindow::NameDocks() {
+  int position = 0;
+  for (const auto& [number, dock] : docks_)
+    dock->setObjectName(QStringLiteral("view%1").arg(++position));
+}
+
+bool TMainWindow::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+  case QEvent::Move:
+  case QEvent::Resize:
+  case QEvent::Show:
+  case QEvent::Hide:
+    SaveSoon();
+    break;
+  default:
+    break;
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+// A change during the delay does not begin it anew, or the changes of a busy user were never saved.
+void TMainWindow::SaveSoon() {
+  if (!closing_ && !saveTimer_.isActive())
+    saveTimer_.start(SaveDelay);
+}
+
+void TMainWindow::Save() {
+  // Before the views are back, there is nothing that could take the place of what is saved.
+  if (!parts_.Services.Config.IsLayoutReady())
+    return;
+  TSavedLayout layout;
+  for (const auto* pane : views_.Panes())
+    layout.Views.push_back({pane->LayoutData(), pane->Group()});
+  NameDocks();
+  layout.Geometry = saveGeometry();
+  layout.Docks = saveState();
+  parts_.State.StoreLayout(layout);
+}
+
+void TMainWindow::closeEvent(QCloseEvent* event) {
+  Save();
+  closing_ = true;
+  event->accept();
+}
+
+/// Below the views, where it stays until the user has read it.
+void TMainWindow::ShowStoreSentence() {
+  const QString sentence = StoreSentence(parts_.State);
+  if (sentence.isEmpty())
+    return;
+  auto* text = new QLabel(sentence);
+  text->setObjectName(QStringLiteral("storeSentence"));
+  text->setWordWrap(true);
+  text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* close = new QToolButton;
+  close->setText(WindowText("Term_Close"));
+  close->setAutoRaise(true);
+  connect(close, &QToolButton::clicked, this, [this] { setStatusBar(nullptr); });
+  setStatusBar(nullptr);
+  statusBar()->addWidget(text, 1);
+  statusBar()->addPermanentWidget(close);
+}
+
+} // namespace Terminal

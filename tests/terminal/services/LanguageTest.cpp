@@ -1,0 +1,96 @@
+#include "terminal/services/LanguageTexts.h"
+
+#include <QDirIterator>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace {
+
+using Terminal::TLanguageTexts;
+using Terminal::TTextRow;
+
+std::string CurrencyName(TLanguageTexts& texts, std::string_view code) {
+  std::string text = "left over";
+  texts.GetText(text, "Currency", code, 3, 0, 0);
+  return text;
+}
+
+/// The keys of that prefix that the sources of a folder name.
+std::set<std::string> KeysIn(const QString& folder, const QString& prefix) {
+  const QRegularExpression key("\"(" + prefix + "_[A-Za-z0-9_]+)\"");
+  std::set<std::string> keys;
+  QDirIterator files(QStringLiteral(QUOR_SOURCE_DIR "/") + folder, {"*.h", "*.cpp"}, QDir::Files,
+                     QDirIterator::Subdirectories);
+  while (files.hasNext()) {
+    QFile file(files.next());
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    auto found = key.globalMatch(QString::fromUtf8(file.readAll()));
+    while (found.hasNext())
+      keys.insert(found.next().captured(1).toStdString());
+  }
+  return keys;
+}
+
+TEST(LanguageTexts, SpeakThreeLanguages) {
+  TLanguageTexts texts;
+  EXPECT_EQ(texts.CurrentLanguage(), 3);
+  EXPECT_EQ(texts.GetResource("Res_Nominal"), "Nominal");
+  texts.SetLanguage(1);
+  EXPECT_EQ(texts.GetResource("Res_Nominal"), "按盤價");
+  EXPECT_EQ(texts.GetResource("Res_Ask"), "沽盤");
+  EXPECT_EQ(CurrencyName(texts, "HKD"), "港元");
+  texts.SetLanguage(2);
+  EXPECT_EQ(texts.GetResource("Res_Ask"), "卖盘");
+  EXPECT_EQ(CurrencyName(texts, "CNY"), "人民币");
+  texts.SetLanguage(7);
+  EXPECT_EQ(texts.CurrentLanguage(), 2);
+}
+
+TEST(LanguageTexts, AnUnknownKeyIsItsOwnTextAndAnUnknownCurrencyHasNone) {
+  TLanguageTexts texts;
+  EXPECT_EQ(texts.GetResource("Res_NoSuchKey"), "Res_NoSuchKey");
+  EXPECT_EQ(CurrencyName(texts, "XXX"), "");
+  std::string text = "left over";
+  texts.GetText(text, "NoSuchTag", "Res_Ask", 3, 0, 0);
+  EXPECT_EQ(text, "");
+}
+
+TEST(LanguageTexts, InKeysModeEveryTextIsItsKey) {
+  TLanguageTexts texts;
+  texts.SetKeysMode(true);
+  EXPECT_EQ(texts.GetResource("Res_Ask"), "Res_Ask");
+  EXPECT_EQ(CurrencyName(texts, "HKD"), "HKD");
+  EXPECT_EQ(CurrencyName(texts, "XXX"), "XXX");
+  texts.SetKeysMode(false);
+  EXPECT_EQ(texts.GetResource("Res_Ask"), "Ask");
+}
+
+TEST(LanguageTexts, EveryKeyStandsOnceAndHasATextInEveryLanguage) {
+  for (const auto* table : {Terminal::resourceTexts, Terminal::currencyTexts}) {
+    std::set<std::string_view> keys;
+    for (const auto* row = table; !row->Key.empty(); ++row) {
+      EXPECT_TRUE(keys.insert(row->Key).second) << row->Key << " stands twice";
+      EXPECT_FALSE(row->TraditionalChinese.empty()) << row->Key;
+      EXPECT_FALSE(row->SimplifiedChinese.empty()) << row->Key;
+      EXPECT_FALSE(row->English.empty()) << row->Key;
+    }
+    EXPECT_GT(keys.size(), 10U);
+  }
+}
+
+TEST(LanguageTexts, HaveEveryKeyThatTheSourcesAskFor) {
+  std::set<std::string> known;
+  for (const auto* row = Terminal::resourceTexts; !row->Key.empty(); ++row)
+    known.emplace(row->Key);
+  std::set<std::string> asked = KeysIn("terminal/windows", "Term");
+  for (const auto* folder : {"model", "view", "preferences", "plugin"})
+    asked.merge(KeysIn(folder, "Res"));
+  EXPECT_GT(asked.size(), 50U);
+  for (const auto& key : asked)
+    EXPECT_TRUE(known.count(key)) << key;
+}
+
+} // namespace
