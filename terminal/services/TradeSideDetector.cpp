@@ -39,10 +39,14 @@ const TSymbolTrades* TTradeSideDetector::GetSymbolMarketTrade(std::string_view s
 
 void TTradeSideDetector::AddTrade(std::string_view symbol, const TTrade& trade) {
   trades_[std::string(symbol)].Add(trade);
+  if (OnTrade)
+    OnTrade(symbol, &trade);
 }
 
 void TTradeSideDetector::ReplaceTrades(std::string_view symbol, const std::vector<TTrade>& trades) {
   trades_[std::string(symbol)].Replace(trades);
+  if (OnTrade)
+    OnTrade(symbol, nullptr);
 }
 
 std::size_t TTradeSideDetector::RegistrationCount() const {

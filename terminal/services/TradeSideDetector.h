@@ -3,6 +3,7 @@
 #include "host/MarketTradeSideDetector.h"
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -36,6 +37,10 @@ public:
   /// Replaces the symbol's trades; the latest is first.
   void ReplaceTrades(std::string_view symbol,
                      const std::vector<Markettradesidedetector::TTrade>& trades);
+
+  /// Called with each new trade, and with null when the symbol's trades were replaced.
+  std::function<void(std::string_view symbol, const Markettradesidedetector::TTrade* trade)>
+      OnTrade;
 
   /// AddSymbol calls that no RemoveSymbol has undone.
   std::size_t RegistrationCount() const;

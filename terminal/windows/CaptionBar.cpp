@@ -15,8 +15,9 @@ namespace {
 
 constexpr int IconSize = 16;
 
-/// A dot in the group's colour; a ring for none.
-QIcon GroupIcon(const QColor& colour) {
+/// A dot in the group's colour with its number, for those who cannot tell the colours apart; a ring
+/// for none.
+QIcon GroupIcon(const QColor& colour, const QString& number) {
   QPixmap dot(2 * IconSize, 2 * IconSize);
   dot.fill(Qt::transparent);
   QPainter painter(&dot);
@@ -24,7 +25,13 @@ QIcon GroupIcon(const QColor& colour) {
   if (colour.isValid())
     painter.setBrush(colour);
   painter.setPen(QPen(colour.isValid() ? colour : QColor(0x80, 0x88, 0x90), 3));
-  painter.drawEllipse(dot.rect().adjusted(8, 8, -8, -8));
+  painter.drawEllipse(dot.rect().adjusted(4, 4, -4, -4));
+  QFont font = painter.font();
+  font.setPixelSize(IconSize + 2);
+  font.setBold(true);
+  painter.setFont(font);
+  painter.setPen(Qt::black);
+  painter.drawText(dot.rect(), Qt::AlignCenter, number);
   return QIcon(dot);
 }
 
@@ -41,7 +48,8 @@ QIcon CloseIcon() {
 
 } // namespace
 
-TCaptionBar::TCaptionBar(QWidget* parent) : QWidget(parent), caption_(new QLabel(this)) {
+TCaptionBar::TCaptionBar(QWidget* parent)
+    : QWidget(parent), caption_(new QLabel(this)), mark_(new QLabel(this)) {
   setObjectName(QStringLiteral("captionBar"));
   setAttribute(Qt::WA_StyledBackground);
   auto* row = new QHBoxLayout(this);
@@ -49,11 +57,13 @@ TCaptionBar::TCaptionBar(QWidget* parent) : QWidget(parent), caption_(new QLabel
   row->setSpacing(2);
   caption_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   row->addWidget(caption_, 1);
+  row->addWidget(mark_);
   buttonRow_ = new QHBoxLayout;
   buttonRow_->setSpacing(2);
   row->addLayout(buttonRow_);
   group_ = AddTool(row);
   group_->setPopupMode(QToolButton::InstantPopup);
+  group_->setStyleSheet(QStringLiteral("QToolButton::menu-indicator{image:none}"));
   BuildGroupMenu();
   close_ = AddTool(row);
   close_->setIcon(CloseIcon());
@@ -62,6 +72,8 @@ TCaptionBar::TCaptionBar(QWidget* parent) : QWidget(parent), caption_(new QLabel
 }
 
 void TCaptionBar::SetCaption(const QString& caption) { caption_->setText(caption); }
+
+void TCaptionBar::SetMark(const QString& mark) { mark_->setText(mark); }
 
 void TCaptionBar::SetButtons(const std::vector<Viewinterface::TCaptionButton*>& buttons,
                              const Platform::TcxImageList* images) {
@@ -78,13 +90,17 @@ void TCaptionBar::SetGroup(const QString& group) {
   const auto known = std::find_if(LinkingGroups.begin(), LinkingGroups.end(),
                                   [&group](const auto& g) { return group == g.Id; });
   const bool isKnown = known != LinkingGroups.end();
-  group_->setIcon(GroupIcon(isKnown ? QColor(known->Colour) : QColor()));
+  group_->setIcon(isKnown ? GroupIcon(QColor(known->Colour), group) : GroupIcon({}, {}));
   group_->setText(isKnown ? QString() : group);
   group_->setToolButtonStyle(isKnown || group.isEmpty() ? Qt::ToolButtonIconOnly
                                                         : Qt::ToolButtonTextBesideIcon);
   group_->setToolTip(WindowText("Term_Group"));
+  group_->setAccessibleName(group_->toolTip() + u' ' + group);
+  group_->menu()->actions().front()->setText(WindowText("Term_NoGroup"));
   close_->setToolTip(WindowText("Term_Close"));
 }
+
+void TCaptionBar::ChooseGroup() { group_->showMenu(); }
 
 QToolButton* TCaptionBar::Button(int index) const {
   const auto position = static_cast<std::size_t>(index);
@@ -103,7 +119,7 @@ QToolButton* TCaptionBar::AddTool(QBoxLayout* layout) {
 void TCaptionBar::BuildGroupMenu() {
   auto* menu = new QMenu(group_);
   const auto offer = [this, menu](const QString& id, const QColor& colour) {
-    auto* action = menu->addAction(GroupIcon(colour), id.isEmpty() ? QStringLiteral("–") : id);
+    auto* action = menu->addAction(GroupIcon(colour, id), id.isEmpty() ? id : u'&' + id);
     connect(action, &QAction::triggered, this, [this, id] { emit GroupChosen(id); });
   };
   offer({}, {});

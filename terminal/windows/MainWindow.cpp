@@ -7,9 +7,10 @@
 #include "terminal/windows/WindowTexts.h"
 
 #include <QApplication>
-#include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileDialog>
+#include <QKeyEvent>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -17,16 +18,6 @@
 namespace Terminal {
 
 namespace {
-
-constexpr int SaveDelay = 500; // milliseconds, so that a burst of changes is one write
-
-/// The symbol of a view's layout data, where it is the first item; empty when there is none.
-std::string SymbolOf(const std::string& layoutData) {
-  constexpr std::string_view name = "Symbol=";
-  if (!layoutData.starts_with(name))
-    return {};
-  return layoutData.substr(name.size(), layoutData.find(',') - name.size());
-}
 
 /// The view at its own size in the corner of a dock that may be larger.
 QWidget* InCorner(QWidget* view) {
@@ -45,7 +36,10 @@ TMainWindow::TMainWindow(const TParts& parts)
       player_(new TPlayerBar(parts.Player, parts.Feed, this)), recorder_(parts.Player, parts.Feed) {
   setDockNestingEnabled(true);
   addToolBar(player_);
-  BuildDocks();
+  tools_ = std::make_unique<TToolDocks>(
+      parts.Services, parts.Desk,
+      [this](System::TObject* sender) { return CaptionOfSender(sender); }, *this);
+  ApplyFont(Settings());
   BuildMenu();
   BuildShortcuts();
   connect(&recorder_, &TMarketRecorder::Ended, this, [this](const QString& error) {
@@ -59,7 +53,14 @@ TMainWindow::TMainWindow(const TParts& parts)
     SaveSoon();
   });
   connect(&views_, &TViewHost::Notified, this, &TMainWindow::FollowNotification);
-  parts_.Services.Skin.OnChanged = [this] { views_.SetSkin(); };
+  connect(&views_, &TViewHost::CustomViewAsked, this, [this](int type, const QString& symbol) {
+    if (type == Constdef::View_Chart)
+      tools_->ShowChart(symbol);
+  });
+  parts_.Services.Skin.OnChanged = [this] {
+    views_.SetSkin();
+    tools_->SetSkin();
+  };
   parts_.Services.Editors.IsByProgram = [this] {
     return parts_.Services.Channels.IsDelivering() || views_.IsSettingLayout();
   };
@@ -67,25 +68,17 @@ TMainWindow::TMainWindow(const TParts& parts)
     if (auto* pane = views_.PaneOf(now))
       active_ = pane;
   });
-  saveTimer_.setSingleShot(true);
-  connect(&saveTimer_, &QTimer::timeout, this, &TMainWindow::Save);
+  FollowChanges();
+  FollowMarket();
 }
 
 TMainWindow::~TMainWindow() {
   // What the views tell while they close must not reach a window that is no longer whole.
   views_.disconnect(this);
   disconnect(qApp, nullptr, this, nullptr);
+  FollowNoChanges();
   parts_.Services.Skin.OnChanged = nullptr;
   parts_.Services.Editors.IsByProgram = nullptr;
-}
-
-void TMainWindow::BuildDocks() {
-  ticket_ = new TOrderTicket(parts_.Services.Channels,
-                             [this](System::TObject* sender) { return CaptionOfSender(sender); });
-  ticketDock_ = new QDockWidget(WindowText("Term_OrderTicket"), this);
-  ticketDock_->setObjectName(QStringLiteral("orderTicket"));
-  ticketDock_->setWidget(ticket_);
-  addDockWidget(Qt::RightDockWidgetArea, ticketDock_);
 }
 
 void TMainWindow::BuildShortcuts() {
@@ -93,7 +86,6 @@ void TMainWindow::BuildShortcuts() {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, handler);
   };
   bind(Qt::CTRL | Qt::Key_L, &TMainWindow::FocusSymbolBox);
-  bind(Qt::Key_Space, [this] { player_->PlayOrPause(); });
   std::vector<Viewinterface::TCustomViewShortcut> shortcuts;
   parts_.Descriptor.GetShortCutList(shortcuts);
   for (std::size_t action = 0; action < shortcuts.size(); ++action)
@@ -108,31 +100,18 @@ TViewSettings TMainWindow::Settings() const {
 }
 
 TViewSettings TMainWindow::SettingsAt(int scale) const {
-  const QFont font = QApplication::font();
-  const int size =
-      font.pointSize() * std::max(scale, Constdef::ScalePPI_100) / Constdef::ScalePPI_100;
-  return {parts_.Services.Languages.CurrentLanguage(), font.family(), size};
+  return Terminal::SettingsAt(parts_.Services.Languages.CurrentLanguage(), scale);
 }
 
-void TMainWindow::RestoreViews(const std::string& layoutData, TFirstView firstView) {
-  auto saved = parts_.State.Views();
-  if (saved.empty())
-    saved.emplace_back();
-  if (firstView == TFirstView::AsTold || saved.front().LayoutData.empty())
-    saved.front().LayoutData = layoutData;
-  for (const auto& view : saved) {
-    // This market may not have named the symbol yet; the view keeps it all the same.
-    if (const auto symbol = SymbolOf(view.LayoutData); !symbol.empty())
-      parts_.Services.Symbols.Add(symbol);
-    if (auto* pane = views_.Open(view.LayoutData))
-      pane->SetGroup(view.Group);
-  }
-  const TSavedWindow window = parts_.State.Window();
-  restoreGeometry(window.Geometry);
-  restoreState(window.Docks);
-  parts_.Services.Config.SetLayoutReady(true);
-  parts_.Services.Channels.Send(Constdef::Channel_LayoutLoaded, nullptr, nullptr);
-  parts_.Services.Channels.Send(Constdef::Channel_MainFormShown, nullptr, nullptr);
+// Of the window itself, and so of its tools and captions. Menus and dialogs are windows of their
+// own and inherit nothing.
+void TMainWindow::ApplyFont(const TViewSettings& settings) {
+  const QFont font(settings.FontName, settings.FontSize);
+  setFont(font);
+  for (auto* menu : menuBar()->findChildren<QMenu*>())
+    menu->setFont(font);
+  if (preferences_)
+    preferences_->setFont(font);
 }
 
 void TMainWindow::NewView() {
@@ -142,13 +121,15 @@ void TMainWindow::NewView() {
 
 void TMainWindow::ShowView(TViewPane* pane) {
   auto* dock = new QDockWidget(this);
-  dock->setObjectName(QStringLiteral("view%1").arg(docks_.size() + 1));
   dock->setTitleBarWidget(pane->TakeCaptionBar());
   dock->setWidget(InCorner(pane));
-  addDockWidget(Qt::LeftDockWidgetArea, dock, Qt::Horizontal);
+  std::vector<QDockWidget*> before;
+  for (const auto& [number, other] : docks_)
+    before.push_back(other);
+  tools_->AddView(dock, before, pane->PreferredSize().width());
   docks_[pane->Number()] = dock;
-  connect(dock, &QDockWidget::dockLocationChanged, this, &TMainWindow::SaveSoon);
-  connect(dock, &QDockWidget::topLevelChanged, this, &TMainWindow::SaveSoon);
+  FollowDock(dock);
+  ShowMarks();
   active_ = pane;
   SaveSoon();
 }
@@ -176,6 +157,21 @@ void TMainWindow::FocusSymbolBox() {
   box->window()->activateWindow();
   box->setFocus(Qt::ShortcutFocusReason);
   box->selectAll();
+}
+
+void TMainWindow::ChooseGroup() {
+  if (tools_->IsInSymbolList())
+    tools_->ChooseListGroup();
+  else if (auto* pane = ActivePane())
+    pane->ChooseGroup();
+}
+
+// A key that plays or pauses must not do so while it presses a button or is typed.
+void TMainWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Space && !event->isAutoRepeat())
+    player_->PlayOrPause();
+  else
+    QMainWindow::keyPressEvent(event);
 }
 
 QString TMainWindow::CaptionOfSender(System::TObject* sender) const {
@@ -224,8 +220,9 @@ void TMainWindow::Warn(const QString& sentence) {
 
 void TMainWindow::OpenPreferences() {
   if (!preferences_)
-    preferences_ =
-        std::make_unique<TPreferenceDialog>(parts_.Services.Config, parts_.Descriptor, this);
+    preferences_ = std::make_unique<TPreferenceDialog>(parts_.Services.Config,
+                                                       std::vector{&parts_.Descriptor}, this);
+  preferences_->setFont(font());
   preferences_->ShowPage();
 }
 
@@ -236,9 +233,9 @@ void TMainWindow::SetLanguage(int language) {
   views_.SetLanguage(language);
   if (preferences_)
     preferences_->SetLanguage(language);
-  ticketDock_->setWindowTitle(WindowText("Term_OrderTicket"));
-  ticket_->SetTexts();
+  tools_->SetTexts();
   player_->SetTexts();
+  ShowMarks();
   BuildMenu();
 }
 
@@ -248,34 +245,22 @@ void TMainWindow::SetSkin(const QString& name) {
                                      true);
 }
 
+void TMainWindow::SetPriceColours(const QString& name) {
+  parts_.Services.Skin.SelectPriceColours(name.toStdString());
+  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "PriceColours",
+                                     name.toStdString(), true);
+}
+
 void TMainWindow::SetScale(int perCent) {
   // Fonts first: what a view derives from its font it derives when it hears of the scale.
   const TViewSettings settings = SettingsAt(perCent);
+  ApplyFont(settings);
   for (const auto* pane : views_.Panes())
     parts_.Descriptor.SetFont(pane->Handle(), settings.FontName.toStdString(), settings.FontSize,
                               0);
   parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "ScaleSize",
                                      std::to_string(perCent), true);
   parts_.Services.Channels.Send(Constdef::Channel_ScaleChanged, nullptr, nullptr);
-}
-
-void TMainWindow::SaveSoon() {
-  if (!closing_)
-    saveTimer_.start(SaveDelay);
-}
-
-void TMainWindow::Save() {
-  std::vector<TSavedView> views;
-  for (const auto* pane : views_.Panes())
-    views.push_back({pane->LayoutData(), pane->Group()});
-  parts_.State.StoreViews(views);
-  parts_.State.StoreWindow({saveGeometry(), saveState()});
-}
-
-void TMainWindow::closeEvent(QCloseEvent* event) {
-  Save();
-  closing_ = true;
-  event->accept();
 }
 
 } // namespace Terminal

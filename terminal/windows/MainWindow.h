@@ -2,9 +2,9 @@
 
 #include "terminal/MarketRecorder.h"
 #include "terminal/SavedState.h"
-#include "terminal/windows/OrderTicket.h"
 #include "terminal/windows/PlayerBar.h"
 #include "terminal/windows/PreferenceDialog.h"
+#include "terminal/windows/ToolDocks.h"
 #include "terminal/windows/ViewHost.h"
 
 #include <QMainWindow>
@@ -22,7 +22,7 @@ class TServices;
 /// What the first view shows when the views of the last run come back.
 enum class TFirstView { AsSaved, AsTold };
 
-/// The terminal's window: price views in docks, order ticket, player bar and menu. Everything is
+/// The terminal's window: price views and tools in docks, player bar and menu. Everything is
 /// kept as it changes and put back at the next start.
 class TMainWindow : public QMainWindow {
   Q_OBJECT
@@ -32,9 +32,10 @@ public:
   struct TParts {
     TServices& Services;
     Baseview::TIBaseView& Descriptor;
-    ReplayPlayer& Player;
+    MarketPlayer& Player;
     TMarketFeed& Feed;
     TSavedState& State;
+    TOrderDesk& Desk;
   };
 
   explicit TMainWindow(const TParts& parts);
@@ -48,6 +49,10 @@ public:
 
 protected:
   void closeEvent(QCloseEvent* event) override;
+  /// Keys that the focused widget has no use for.
+  void keyPressEvent(QKeyEvent* event) override;
+  /// Of the window and its docks.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   /// A setting's value and its text.
@@ -61,7 +66,7 @@ private:
                    const std::vector<TChoice>& choices,
                    const std::function<void(const QString&)>& choose);
   void BuildShortcuts();
-  void BuildDocks();
+  void BuildWindowMenu();
 
   TViewSettings Settings() const;
   /// At a display scale, in per cent.
@@ -70,9 +75,15 @@ private:
   void ShowView(TViewPane* pane);
   void FollowNotification(int number, int code);
   void FocusSymbolBox();
+  void ChooseGroup();
+  void ApplyFont(const TViewSettings& settings);
   TViewPane* ActivePane() const;
   QString CaptionOfSender(System::TObject* sender) const;
 
+  void FollowMarket();
+  void ShowMarks();
+  void SimulateMarket();
+  void SetFeedType(int type);
   void OpenRecording();
   void RecordOrStop();
   void ShowRecording();
@@ -80,17 +91,24 @@ private:
   void OpenPreferences();
   void SetLanguage(int language);
   void SetSkin(const QString& name);
+  void SetPriceColours(const QString& name);
   void SetScale(int perCent);
 
+  void FollowChanges();
+  void FollowDock(QDockWidget* dock);
+  void FollowNoChanges();
   void SaveSoon();
   void Save();
+  void RestoreArrangement(const TSavedLayout& saved);
+  void ArrangeDocks();
+  void NameDocks();
+  void ShowStoreSentence();
 
   TParts parts_;
   TViewHost views_;
   std::map<int, QDockWidget*> docks_; ///< by view
   QPointer<TViewPane> active_;
-  TOrderTicket* ticket_ = nullptr;
-  QDockWidget* ticketDock_ = nullptr;
+  std::unique_ptr<TToolDocks> tools_;
   TPlayerBar* player_;
   TMarketRecorder recorder_;
   QAction* record_ = nullptr; ///< in the menu

@@ -17,12 +17,15 @@ void TMainWindow::BuildMenu() {
   BuildFileMenu();
   BuildViewMenu();
   BuildSettingsMenu();
+  BuildWindowMenu();
+  ApplyFont(Settings());
 }
 
 void TMainWindow::BuildFileMenu() {
   auto* menu = menuBar()->addMenu(WindowText("Term_File"));
   menu->addAction(WindowText("Term_OpenRecording"), QKeySequence::Open, this,
                   &TMainWindow::OpenRecording);
+  menu->addAction(WindowText("Term_SimulatedMarket"), this, &TMainWindow::SimulateMarket);
   record_ = menu->addAction(WindowText("Term_Record"), this, &TMainWindow::RecordOrStop);
   record_->setCheckable(true);
   ShowRecording();
@@ -78,6 +81,13 @@ void TMainWindow::BuildSettingsMenu() {
                        WindowText(("Term_" + skin.Name).c_str()));
   AddSettings(menu, WindowText("Term_Skin"), QString::fromStdString(services.Skin.Current().Name),
               skins, [this](const QString& name) { SetSkin(name); });
+  std::vector<TChoice> priceColours;
+  for (const auto& colours : BuiltInPriceColours())
+    priceColours.emplace_back(QString::fromStdString(colours.Name),
+                              WindowText(("Term_" + colours.Name).c_str()));
+  AddSettings(menu, WindowText("Term_PriceColours"),
+              QString::fromStdString(services.Skin.PriceColours().Name), priceColours,
+              [this](const QString& name) { SetPriceColours(name); });
   std::vector<TChoice> scales;
   for (const char* scale : {"100", "115", "125", "135", "150"})
     scales.emplace_back(scale, QStringLiteral("%1 %").arg(QLatin1String(scale)));
@@ -85,10 +95,31 @@ void TMainWindow::BuildSettingsMenu() {
   AddSettings(menu, WindowText("Term_Scale"),
               QString::number(std::max(scale, Constdef::ScalePPI_100)), scales,
               [this](const QString& perCent) { SetScale(perCent.toInt()); });
-  menu->addAction(ticketDock_->toggleViewAction());
+  AddSettings(menu, WindowText("Term_DataFeed"), QString::number(parts_.Feed.FeedType()),
+              {{QString::number(Constdef::FeedType_Streaming), WindowText("Term_FeedStreaming")},
+               {QString::number(Constdef::FeedType_PerClick), WindowText("Term_FeedPerClick")},
+               {QString::number(Constdef::FeedType_Delayed), WindowText("Term_FeedDelayed")}},
+              [this](const QString& type) { SetFeedType(type.toInt()); });
+  if (!parts_.Descriptor.GetPreferenceView())
+    return;
   menu->addSeparator();
   menu->addAction(WindowText("Term_Preferences"), Qt::CTRL | Qt::Key_Comma, this,
                   &TMainWindow::OpenPreferences);
+}
+
+void TMainWindow::BuildWindowMenu() {
+  auto* menu = menuBar()->addMenu(WindowText("Term_Window"));
+  for (const auto& tool : tools_->All()) {
+    auto* toggle = tool.Dock->toggleViewAction();
+    toggle->setShortcut(tool.Toggle);
+    menu->addAction(toggle);
+  }
+  menu->addSeparator();
+  for (const auto& tool : tools_->All())
+    menu->addAction(WindowText("Term_GoTo").arg(WindowText(tool.CaptionKey)), tool.GoTo, this,
+                    [this, &tool] { tools_->GoTo(tool); });
+  menu->addSeparator();
+  menu->addAction(WindowText("Term_Group"), Qt::CTRL | Qt::Key_G, this, &TMainWindow::ChooseGroup);
 }
 
 } // namespace Terminal

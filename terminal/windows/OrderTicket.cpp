@@ -1,118 +1,192 @@
 #include "terminal/windows/OrderTicket.h"
 
-#include "host/BaseFormatter.h"
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
-#include "terminal/services/ChannelManager.h"
-#include "terminal/services/OrderAdapter.h"
+#include "terminal/market/OrderRequest.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QFormLayout>
-#include <QHeaderView>
-#include <QTime>
+#include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace Terminal {
 
+using namespace Market;
+
 namespace {
 
-enum TRecentColumn { TimeColumn, SideColumn, SymbolColumn, PriceColumn, QuantityColumn, Columns };
+constexpr const char* buyColour = "#4fa3d9";
+constexpr const char* sellColour = "#d99a4f";
+constexpr const char* paperColour = "#d9a441";
+constexpr const char* textColour = "#14171c"; // on each of them
 
-constexpr int MinimumWidth = 300; // five columns of the list
-
-constexpr const char* bidColour = "#4fa3d9";
-constexpr const char* otherColour = "#d99a4f";
-
-/// A figure that the click did not give.
-QString NotGiven() { return QStringLiteral("–"); }
-
-QString SideText(bool isFromBid) {
-  return WindowText(isFromBid ? "Term_FromBid" : "Term_NotFromBid");
-}
-
-QString PriceText(const TOrder& order) {
-  if (!order.Price())
-    return NotGiven();
-  constexpr int everyDecimal = 8;
-  auto* formatter = Baseformatter::TCustomFormatter::GetInstance();
-  return QString::fromStdString(
-      formatter->FormatPrice(order.Symbol(), everyDecimal, *order.Price()));
-}
-
-QString QuantityText(const TOrder& order) {
-  if (!order.Quantity())
-    return NotGiven();
-  return QString::fromStdString(
-      Baseformatter::TCustomFormatter::GetInstance()->FormatQuantity(*order.Quantity()));
-}
+/// A second click of a double click would send what the first one showed, unseen.
+class TSendButton : public QPushButton {
+protected:
+  void mouseDoubleClickEvent(QMouseEvent* event) override { event->accept(); }
+};
 
 bool IsFromBid(const TOrder& order) {
   const auto flags = order.Values().find("OrderFlags");
   return flags != order.Values().end() && flags->second == "1";
 }
 
-QLabel* NewFigure() {
-  auto* label = new QLabel;
-  QFont font = label->font();
-  font.setPointSize(font.pointSize() + 3);
-  font.setBold(true);
-  label->setFont(font);
-  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  return label;
+QString SideText(TSide side) {
+  return WindowText(side == TSide::Bid ? "Term_Buy" : "Term_Sell").toUpper();
+}
+
+QPushButton* NewSideButton(const char* colour) {
+  auto* button = new QPushButton;
+  button->setCheckable(true);
+  button->setStyleSheet(QStringLiteral("QPushButton:checked{background:%1;color:%2;"
+                                       "font-weight:bold;border-radius:3px;padding:5px}"
+                                       "QPushButton:checked:focus{border:2px solid palette(text)}")
+                            .arg(QLatin1String(colour), QLatin1String(textColour)));
+  return button;
 }
 
 } // namespace
 
-TOrderTicket::TOrderTicket(TChannelManager& channels, TSourceName sourceName, QWidget* parent)
-    : QWidget(parent), channels_(channels), sourceName_(std::move(sourceName)), side_(new QLabel),
-      symbolCaption_(new QLabel), priceCaption_(new QLabel), quantityCaption_(new QLabel),
-      sourceCaption_(new QLabel), symbol_(NewFigure()), price_(NewFigure()), quantity_(NewFigure()),
-      source_(new QLabel), clear_(new QPushButton), recent_(new QTableWidget(0, Columns)) {
+TOrderTicket::TOrderTicket(TServices& services, TOrderDesk& desk, TSourceName sourceName,
+                           QWidget* parent)
+    : QWidget(parent), services_(services), desk_(desk), sourceName_(std::move(sourceName)),
+      figures_(services), paper_(new QLabel), symbolCaption_(new QLabel), nameCaption_(new QLabel),
+      priceCaption_(new QLabel), quantityCaption_(new QLabel), amountCaption_(new QLabel),
+      sourceCaption_(new QLabel), sides_(new QButtonGroup(this)), buy_(NewSideButton(buyColour)),
+      sell_(NewSideButton(sellColour)), symbolBox_(new Platform::TcxPopupEdit), name_(new QLabel),
+      price_(new TStepEdit), quantity_(new TStepEdit), amount_(new QLabel), source_(new QLabel),
+      message_(new QLabel), send_(new TSendButton), clear_(new QPushButton) {
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(paper_);
+  BuildSides();
   BuildForm();
-  Clear();
+  BuildButtons();
+  TakeFont();
   SetTexts();
-  channels_.Subscribe(
+  FollowDesk();
+  services_.Editors.RegisterSymbolEditor(symbolBox_, {}, true, true);
+  services_.Channels.Subscribe(
       Constdef::Channel_CopyOrder,
       [this](System::TObject* from, System::TObject* carried) { Receive(from, carried); }, &owner_);
 }
 
-TOrderTicket::~TOrderTicket() { channels_.Unsubscribe(Constdef::Channel_CopyOrder, &owner_); }
+TOrderTicket::~TOrderTicket() {
+  services_.Channels.Unsubscribe(Constdef::Channel_CopyOrder, &owner_);
+  services_.Editors.RemoveSymbolEditor(symbolBox_);
+}
+
+void TOrderTicket::BuildSides() {
+  paper_->setObjectName(QStringLiteral("paperTrading"));
+  paper_->setAlignment(Qt::AlignCenter);
+  paper_->setWordWrap(true);
+  paper_->setStyleSheet(
+      QStringLiteral("background:%1;color:%2;font-weight:bold;padding:3px;border-radius:3px")
+          .arg(QLatin1String(paperColour), QLatin1String(textColour)));
+  buy_->setObjectName(QStringLiteral("buy"));
+  sell_->setObjectName(QStringLiteral("sell"));
+  auto* row = new QHBoxLayout;
+  for (auto* button : {buy_, sell_}) {
+    sides_->addButton(button);
+    row->addWidget(button);
+    connect(button, &QPushButton::clicked, this, &TOrderTicket::FormChanged);
+  }
+  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
 
 void TOrderTicket::BuildForm() {
+  symbolBox_->setObjectName(QStringLiteral("symbol"));
+  price_->setObjectName(QStringLiteral("price"));
+  quantity_->setObjectName(QStringLiteral("quantity"));
+  amount_->setObjectName(QStringLiteral("amount"));
+  source_->setObjectName(QStringLiteral("source"));
+  source_->setWordWrap(true);
   auto* form = new QFormLayout;
   form->setHorizontalSpacing(14);
-  form->addRow(symbolCaption_, symbol_);
+  form->addRow(symbolCaption_, symbolBox_);
+  form->addRow(nameCaption_, name_);
   form->addRow(priceCaption_, price_);
   form->addRow(quantityCaption_, quantity_);
+  form->addRow(amountCaption_, amount_);
   form->addRow(sourceCaption_, source_);
-  side_->setAlignment(Qt::AlignCenter);
-  clear_->setFocusPolicy(Qt::TabFocus);
+  amount_->setAlignment(Qt::AlignRight);
+  symbolCaption_->setBuddy(symbolBox_);
+  priceCaption_->setBuddy(price_);
+  quantityCaption_->setBuddy(quantity_);
+  static_cast<QVBoxLayout*>(layout())->addLayout(form);
+  connect(symbolBox_, &Platform::TcxPopupEdit::Exited, this, &TOrderTicket::TakeEnteredSymbol);
+  connect(symbolBox_, &Platform::TcxPopupEdit::KeyDown, this, [this](int key) {
+    constexpr int enter = 13;
+    if (key != enter)
+      return;
+    TakeEnteredSymbol();
+    if (!symbol_.empty() && symbolBox_->text().toStdString() == symbol_)
+      price_->setFocus(Qt::TabFocusReason);
+  });
+  for (QLineEdit* edit : {static_cast<QLineEdit*>(symbolBox_), static_cast<QLineEdit*>(price_),
+                          static_cast<QLineEdit*>(quantity_)})
+    connect(edit, &QLineEdit::textChanged, this, &TOrderTicket::FormChanged);
+  connect(price_, &TStepEdit::Stepped, this, &TOrderTicket::StepPrice);
+  connect(quantity_, &TStepEdit::Stepped, this, &TOrderTicket::StepQuantity);
+}
+
+void TOrderTicket::BuildButtons() {
+  send_->setObjectName(QStringLiteral("send"));
+  clear_->setObjectName(QStringLiteral("clear"));
+  message_->setObjectName(QStringLiteral("message"));
+  message_->setWordWrap(true);
+  message_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  connect(send_, &QPushButton::clicked, this, &TOrderTicket::Advance);
   connect(clear_, &QPushButton::clicked, this, &TOrderTicket::Clear);
-  recent_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  recent_->setSelectionMode(QAbstractItemView::NoSelection);
-  recent_->setFocusPolicy(Qt::NoFocus);
-  recent_->setShowGrid(false);
-  recent_->verticalHeader()->hide();
-  recent_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-  recent_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  recent_->horizontalHeader()->setHighlightSections(false);
-  setMinimumWidth(MinimumWidth);
-  auto* column = new QVBoxLayout(this);
-  column->addWidget(side_);
-  column->addLayout(form);
-  column->addWidget(clear_, 0, Qt::AlignLeft);
-  column->addWidget(recent_, 1);
+  auto* row = new QHBoxLayout;
+  row->addWidget(send_, 2);
+  row->addWidget(clear_, 1);
+  auto* column = static_cast<QVBoxLayout*>(layout());
+  column->addLayout(row);
+  column->addWidget(message_, 1);
+}
+
+// A style sheet keeps the window's font from the widget that has it.
+void TOrderTicket::TakeFont() {
+  for (QWidget* widget : std::initializer_list<QWidget*>{paper_, buy_, sell_})
+    widget->setFont(font());
+  const int width = fontMetrics().horizontalAdvance(QStringLiteral("8,888,888")) + 16;
+  for (QWidget* box : std::initializer_list<QWidget*>{symbolBox_, price_, quantity_})
+    box->setMinimumWidth(width);
+}
+
+void TOrderTicket::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange)
+    TakeFont();
+}
+
+void TOrderTicket::FollowDesk() {
+  connect(&desk_, &TOrderDesk::Reopened, this, [this] {
+    sent_ = 0;
+    ShowOpen();
+  });
+  connect(&desk_, &TOrderDesk::OrderChanged, this, &TOrderTicket::ShowOutcome);
+  ShowOpen();
 }
 
 void TOrderTicket::SetTexts() {
+  paper_->setText(WindowText("Term_PaperTrading"));
+  buy_->setText(WithMnemonic(WindowText("Term_Buy"), u'B'));
+  sell_->setText(WithMnemonic(WindowText("Term_Sell"), u'S'));
   symbolCaption_->setText(WindowText("Term_Symbol"));
+  nameCaption_->setText(WindowText("Term_Name"));
   priceCaption_->setText(WindowText("Term_Price"));
   quantityCaption_->setText(WindowText("Term_Quantity"));
+  amountCaption_->setText(WindowText("Term_Amount"));
   sourceCaption_->setText(WindowText("Term_CopiedFrom"));
   clear_->setText(WindowText("Term_ClearOrder"));
-  recent_->setHorizontalHeaderLabels({WindowText("Term_Time"), WindowText("Term_Side"),
-                                      WindowText("Term_Symbol"), WindowText("Term_Price"),
-                                      WindowText("Term_Quantity")});
+  ShowOpen();
+}
+
+void TOrderTicket::FocusForm() {
+  symbolBox_->setFocus(Qt::ShortcutFocusReason);
+  symbolBox_->selectAll();
 }
 
 void TOrderTicket::Receive(System::TObject* from, System::TObject* carried) {
@@ -120,45 +194,176 @@ void TOrderTicket::Receive(System::TObject* from, System::TObject* carried) {
   const auto* order = record ? dynamic_cast<TOrder*>(record->Order) : nullptr;
   if (!order)
     return;
-  const TShown shown{IsFromBid(*order), QString::fromStdString(order->Symbol()), PriceText(*order),
-                     QuantityText(*order), sourceName_(from)};
-  Show(shown);
-  Remember(shown);
+  Fill(*order);
+  const QString side = WindowText(IsFromBid(*order) ? "Term_FromBid" : "Term_NotFromBid");
+  const QString name = sourceName_(from);
+  source_->setText(name.isEmpty() ? side : side + QStringLiteral(", ") + name);
 }
 
-void TOrderTicket::Show(const TShown& order) {
-  side_->setText(SideText(order.IsFromBid));
-  side_->setStyleSheet(
-      QStringLiteral("background:%1;color:#14171c;font-weight:bold;padding:4px;border-radius:3px")
-          .arg(QLatin1String(order.IsFromBid ? bidColour : otherColour)));
-  symbol_->setText(order.Symbol);
-  price_->setText(order.Price);
-  quantity_->setText(order.Quantity);
-  source_->setText(order.Source);
-}
-
-void TOrderTicket::Remember(const TShown& order) {
-  recent_->insertRow(0);
-  const QString texts[Columns] = {QTime::currentTime().toString(QStringLiteral("HH:mm:ss")),
-                                  order.IsFromBid ? WindowText("Res_Bid") : NotGiven(),
-                                  order.Symbol, order.Price, order.Quantity};
-  for (int column = 0; column < Columns; ++column) {
-    auto* item = new QTableWidgetItem(texts[column]);
-    if (column >= PriceColumn)
-      item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    if (column == SideColumn)
-      item->setForeground(QColor(QLatin1String(order.IsFromBid ? bidColour : otherColour)));
-    recent_->setItem(0, column, item);
+// Of another symbol, nothing of the former order can stay. A click on the bid sells to it, any
+// other price is one to buy at; without a price the side is the user's as before.
+void TOrderTicket::Fill(const TOrder& order) {
+  if (order.Symbol() != symbol_) {
+    SetSymbol(order.Symbol());
+    SetSide({});
   }
-  recent_->setRowCount(std::min(recent_->rowCount(), RecentOrders));
+  if (order.Price() && *order.Price() > 0) {
+    constexpr int everyDecimal = 0;
+    price_->setText(QString::fromStdString(
+        services_.Formatter.FormatPrice(order.Symbol(), everyDecimal, *order.Price())));
+    SetSide(IsFromBid(order) ? TSide::Ask : TSide::Bid);
+  }
+  if (const double quantity = order.Quantity().value_or(0); quantity > 0)
+    quantity_->setText(QString::fromStdString(services_.Formatter.FormatQuantity(quantity)));
+  FormChanged();
+}
+
+void TOrderTicket::TakeEnteredSymbol() {
+  const std::string entered = symbolBox_->Hint().toStdString();
+  if (entered == symbol_)
+    return;
+  SetSymbol(entered);
+  source_->clear();
+  Announce();
+}
+
+void TOrderTicket::SetSymbol(const std::string& symbol) {
+  symbol_ = symbol;
+  const QString text = QString::fromStdString(symbol);
+  symbolBox_->SetHint(text);
+  symbolBox_->setText(text);
+  price_->clear();
+  quantity_->clear();
+  name_->setText(InstrumentText(services_, text).mid(text.size()).trimmed());
+}
+
+void TOrderTicket::Announce() {
+  TClientOrder order(symbol_);
+  Datadef::TCopyOrderRecord record;
+  record.Order = &order;
+  services_.Channels.Send(Constdef::Channel_CopyOrder, &owner_, &record);
+}
+
+void TOrderTicket::StepPrice(int steps) {
+  const auto price = TOrderFigures::ParsePrice(price_->text());
+  const auto next = price ? figures_.StepPrice(symbol_, *price, steps)
+                          : figures_.PresentPrice(symbol_).value_or(0);
+  if (next > 0)
+    price_->setText(figures_.PriceText(symbol_, next));
+}
+
+void TOrderTicket::StepQuantity(int steps) {
+  const auto quantity = TOrderFigures::ParseQuantity(quantity_->text());
+  quantity_->setText(
+      figures_.QuantityText(figures_.StepQuantity(symbol_, quantity.value_or(0), steps)));
+}
+
+std::optional<TSide> TOrderTicket::Side() const {
+  const auto* checked = sides_->checkedButton();
+  if (!checked)
+    return {};
+  return checked == buy_ ? TSide::Bid : TSide::Ask;
+}
+
+void TOrderTicket::SetSide(std::optional<TSide> side) {
+  sides_->setExclusive(false); // or none could be unchecked
+  buy_->setChecked(side == TSide::Bid);
+  sell_->setChecked(side == TSide::Ask);
+  sides_->setExclusive(true);
+}
+
+std::optional<TOrderTicket::TDraft> TOrderTicket::Draft() {
+  const auto side = Side();
+  const auto price = TOrderFigures::ParsePrice(price_->text());
+  const auto quantity = TOrderFigures::ParseQuantity(quantity_->text());
+  const auto miss = [this](const char* key, QWidget* where) {
+    message_->setText(WindowText(key));
+    where->setFocus(Qt::TabFocusReason);
+    return std::nullopt;
+  };
+  if (symbol_.empty() || symbolBox_->text().toStdString() != symbol_)
+    return miss("Term_NeedSymbol", symbolBox_);
+  if (!side)
+    return miss("Term_NeedSide", buy_);
+  if (!price)
+    return miss("Term_NeedPrice", price_);
+  if (!quantity)
+    return miss("Term_NeedQuantity", quantity_);
+  return TDraft{*side, *price, *quantity};
+}
+
+void TOrderTicket::Advance() {
+  if (!desk_.IsOpen())
+    return;
+  if (shown_)
+    return Send(*shown_);
+  const auto draft = Draft();
+  if (!draft)
+    return;
+  shown_ = draft;
+  const QString instrument = InstrumentText(services_, QString::fromStdString(symbol_));
+  message_->setText(QStringLiteral("<b>%1 %2: %3 @ %4</b><br>%5")
+                        .arg(SideText(draft->Side), instrument.toHtmlEscaped(),
+                             figures_.QuantityText(draft->Quantity),
+                             figures_.PriceText(symbol_, draft->Price),
+                             WindowText("Term_EnterSends")));
+  send_->setText(WindowText("Term_ConfirmSend"));
+  send_->setFocus(Qt::TabFocusReason);
+}
+
+void TOrderTicket::Send(const TDraft& draft) {
+  Disarm();
+  price_->setFocus(Qt::TabFocusReason);
+  sent_ = desk_.Submit(symbol_, draft.Side, draft.Price, draft.Quantity);
+  message_->setText(WindowText("Term_OrderSent").arg(sent_));
+}
+
+void TOrderTicket::Disarm() {
+  shown_.reset();
+  message_->clear();
+  send_->setText(WindowText("Term_Send"));
+}
+
+void TOrderTicket::FormChanged() {
+  const auto price = TOrderFigures::ParsePrice(price_->text());
+  const auto quantity = TOrderFigures::ParseQuantity(quantity_->text());
+  amount_->setText(price && quantity ? figures_.AmountText(symbol_, *price, *quantity) : QString());
+  ShowOpen();
 }
 
 void TOrderTicket::Clear() {
-  side_->setText(QStringLiteral(" "));
-  side_->setStyleSheet(QStringLiteral("padding:4px"));
-  for (auto* figure : {symbol_, price_, quantity_})
-    figure->setText(NotGiven());
+  SetSymbol({});
+  SetSide({});
   source_->clear();
+  FormChanged();
+  symbolBox_->setFocus(Qt::TabFocusReason);
+}
+
+void TOrderTicket::ShowOpen() {
+  Disarm();
+  send_->setEnabled(desk_.IsOpen());
+  if (!desk_.IsOpen())
+    message_->setText(WindowText(Refused_NoMarket));
+}
+
+void TOrderTicket::ShowOutcome(const TUserOrder& order) {
+  if (order.Number != sent_ || shown_)
+    return;
+  const char* key =
+      order.Status == TOrderStatus::Rejected ? order.Reason.c_str() : StatusKey(order.Status);
+  message_->setText(WindowText("Term_OrderOutcome").arg(order.Number).arg(WindowText(key)));
+}
+
+void TOrderTicket::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isEnter && !event->isAutoRepeat()) {
+    Advance();
+  } else if (event->key() == Qt::Key_Escape && shown_) {
+    Disarm();
+    price_->setFocus(Qt::TabFocusReason);
+  } else {
+    QWidget::keyPressEvent(event);
+  }
 }
 
 } // namespace Terminal

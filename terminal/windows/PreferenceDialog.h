@@ -4,43 +4,59 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QListWidget>
+#include <QStackedWidget>
 
 namespace Terminal {
 
 class TConfigStore;
 
-/// The dialog that shows the preference page of the price view. The page stays the descriptor's.
+/// The dialog that shows the preference pages of the packages, one at a time, beside their names.
+/// The pages stay their descriptors'.
 class TPreferenceDialog : public QDialog {
   Q_OBJECT
 
 public:
-  /// The descriptor has a preference page. Both outlive the dialog.
-  TPreferenceDialog(TConfigStore& config, Baseview::TIBaseView& descriptor,
+  /// At least one of the descriptors has a preference page. All outlive the dialog.
+  TPreferenceDialog(TConfigStore& config, const std::vector<Baseview::TIBaseView*>& descriptors,
                     QWidget* parent = nullptr);
   ~TPreferenceDialog() override;
 
-  /// Shows the page, without waiting for the user.
+  /// Shows the pages, without waiting for the user.
   void ShowPage();
 
-  /// Never null.
-  Baseview::TBasePreferenceFrame* Page() const { return page_; }
-  /// `Ok` and `Apply` save, `Cancel` and `Reset` show the saved values again, `RestoreDefaults`
-  /// the factory's; `Ok` and `Cancel` close.
+  /// The page that is shown; never null.
+  Baseview::TBasePreferenceFrame* Page() const { return Current().Frame; }
+  /// `Ok` and `Apply` save all pages and `Cancel` shows the saved values in all of them again; of
+  /// the page that is shown, `Reset` shows the saved values and `RestoreDefaults` the factory's.
+  /// `Ok` and `Cancel` close.
   QPushButton* Button(QDialogButtonBox::StandardButton which) const {
     return buttons_->button(which);
   }
 
   void SetLanguage(int language);
 
+protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
 private:
+  struct TPage {
+    Baseview::TIBasePreferenceView* Preference;
+    Baseview::TBasePreferenceFrame* Frame;
+    Baseview::TInstanceHandle Handle;
+  };
+
+  void AddPages(Baseview::TIBasePreferenceView& preference);
+  void BuildButtons();
+  void OrderTabs();
+  const TPage& Current() const;
   void Save();
-  void ShowSaved();
   void SetTexts();
 
   TConfigStore& config_;
-  Baseview::TIBasePreferenceView& preference_;
-  Baseview::TBasePreferenceFrame* page_;
-  Baseview::TInstanceHandle handle_;
+  std::vector<TPage> pages_;
+  QListWidget* names_;
+  QStackedWidget* stack_;
   QDialogButtonBox* buttons_;
 };
 

@@ -10,6 +10,12 @@
 
 namespace Terminal {
 
+TViewSettings SettingsAt(int language, int scale) {
+  const QFont font = QApplication::font();
+  return {language, font.family(),
+          font.pointSize() * std::max(scale, Constdef::ScalePPI_100) / Constdef::ScalePPI_100};
+}
+
 TViewHost::TViewHost(Baseview::TIBaseView& descriptor, std::function<TViewSettings()> settings)
     : descriptor_(descriptor), settings_(std::move(settings)) {
   Install(this);

@@ -18,6 +18,9 @@ struct TViewSettings {
   int FontSize = 0; ///< points
 };
 
+/// In the application's font at a display scale, in per cent; under 100 counts as 100.
+TViewSettings SettingsAt(int language, int scale);
+
 /// The host of the views: opens and closes them, keeps each at the size that it prefers and under
 /// its present caption, and tells what they announce and ask for.
 ///

@@ -2,6 +2,7 @@
 
 #include "platform/Grid.h"
 #include "terminal/windows/CaptionBar.h"
+#include "terminal/windows/PopupWindow.h"
 
 #include <QVBoxLayout>
 
@@ -56,6 +57,8 @@ void TViewPane::SetGroup(const std::string& group) {
   RefreshCaption();
 }
 
+void TViewPane::ChooseGroup() { bar_->ChooseGroup(); }
+
 std::string TViewPane::LayoutData() const { return descriptor_.GetLayoutData(handle_); }
 
 QWidget* TViewPane::TakeCaptionBar() {
@@ -88,8 +91,10 @@ void TViewPane::RepaintView() {
 }
 
 QWidget* TViewPane::OpenPopup() {
-  auto* window = new QWidget(this, Qt::Tool);
-  window->setAttribute(Qt::WA_DeleteOnClose);
+  auto* window = new TPopupWindow(this, static_cast<int>(Popups().size()));
+  QPixmap icon;
+  descriptor_.GetViewIcon(handle_, icon);
+  window->setWindowIcon(icon.isNull() ? this->window()->windowIcon() : QIcon(icon));
   const int index = popups_.empty() ? 1 : popups_.back().Index + 1;
   popups_.push_back({index, window});
   return window;

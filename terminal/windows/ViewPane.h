@@ -44,6 +44,8 @@ public:
   QToolButton* CaptionTool(int index) const;
   std::string Group() const;
   void SetGroup(const std::string& group);
+  /// Lets the user choose the linking group by keyboard.
+  void ChooseGroup();
   std::string LayoutData() const;
 
   /// The caption bar, to stand elsewhere; it stays the view's.

@@ -1,4 +1,4 @@
-#include "terminal/app_Fixture.h"
+#include "terminal/Fixture.h"
 #include "terminal/script/ScriptDriver.h"
 #include "terminal/script/ScriptSession.h"
 

@@ -1,9 +1,9 @@
+#include "terminal/windows/ViewHost.h"
 #include "host/ConstDef.h"
-#include "terminal/app_Fixture.h"
+#include "terminal/Fixture.h"
 #include "terminal/script/Input.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/CaptionBar.h"
-#include "terminal/windows/ViewHost.h"
 
 #include <QToolButton>
 

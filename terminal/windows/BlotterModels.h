@@ -1,0 +1,85 @@
+#pragma once
+
+#include "terminal/OrderDesk.h"
+#include "terminal/windows/OrderFigures.h"
+
+#include <QAbstractTableModel>
+
+namespace Terminal {
+
+/// The user's orders, the latest first. Price and quantity of an order that is alive can be edited;
+/// the change is asked of the market, and shows once the market has made it.
+class TOrdersModel : public QAbstractTableModel {
+  Q_OBJECT
+
+public:
+  enum TColumn {
+    NumberColumn,
+    TimeColumn,
+    SymbolColumn,
+    SideColumn,
+    PriceColumn,
+    QuantityColumn,
+    FilledColumn,
+    AverageColumn,
+    StatusColumn,
+    ReasonColumn,
+    Columns
+  };
+
+  /// Both outlive the model.
+  TOrdersModel(TServices& services, TOrderDesk& desk, QObject* parent = nullptr);
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  /// `value` is the text of a price or quantity; false for any other.
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+  const Market::TUserOrder& Order(const QModelIndex& index) const;
+
+private:
+  QString Text(const Market::TUserOrder& order, int column) const;
+  int RowOf(int number) const;
+  void TakeOrder(const Market::TUserOrder& order);
+
+  TOrderDesk& desk_;
+  TOrderFigures figures_;
+  int rows_ = 0; ///< as told to the views
+};
+
+/// The user's trades, the latest first.
+class TTradesModel : public QAbstractTableModel {
+  Q_OBJECT
+
+public:
+  enum TColumn {
+    TimeColumn,
+    OrderColumn,
+    SymbolColumn,
+    SideColumn,
+    PriceColumn,
+    QuantityColumn,
+    AmountColumn,
+    Columns
+  };
+
+  /// Both outlive the model.
+  TTradesModel(TServices& services, TOrderDesk& desk, QObject* parent = nullptr);
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+  QString Text(const Market::TUserTrade& trade, int column) const;
+
+  TOrderDesk& desk_;
+  TOrderFigures figures_;
+  int rows_ = 0; ///< as told to the views
+};
+
+} // namespace Terminal

@@ -1,0 +1,52 @@
+#include "terminal/windows/PopupWindow.h"
+
+#include <QKeyEvent>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace Terminal {
+
+namespace {
+
+constexpr int Gap = 8;      // pixels between the view and its window
+constexpr int Stagger = 28; // pixels, so that each caption can be read
+constexpr int Steps = 8;    // lower than that it begins again at the top
+
+} // namespace
+
+QPoint BesideView(const QRect& view, const QSize& size, const QRect& screen) {
+  const int right = view.right() + 1 + Gap;
+  const int left = view.left() - Gap - size.width();
+  const bool fitsRight = right + size.width() <= screen.right() + 1;
+  const int x = fitsRight || left < screen.left() ? right : left;
+  const int lowest = std::max(screen.top(), screen.bottom() + 1 - size.height());
+  const int furthest = std::max(screen.left(), screen.right() + 1 - size.width());
+  return {std::clamp(x, screen.left(), furthest), std::clamp(view.top(), screen.top(), lowest)};
+}
+
+TPopupWindow::TPopupWindow(QWidget* view, int position)
+    : QWidget(view, Qt::Tool), position_(position) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+// Once: afterwards it stays where the user moves it. Its size is known when it is shown first.
+void TPopupWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (std::exchange(placed_, true))
+    return;
+  const QWidget* view = parentWidget();
+  const QPoint corner(0, position_ % Steps * Stagger);
+  const QRect beside(view->mapToGlobal(corner), view->size());
+  move(BesideView(beside, frameGeometry().size(), view->screen()->availableGeometry()));
+}
+
+void TPopupWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape)
+    close();
+  else
+    QWidget::keyPressEvent(event);
+}
+
+} // namespace Terminal

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+namespace Terminal {
+
+/// Where a window of `size` goes so that it stands beside `view` and wholly on `screen`: to the
+/// right of it, or to the left where there is more room; over it only where there is none on
+/// either side. All with their frames, on the same desktop.
+QPoint BesideView(const QRect& view, const QSize& size, const QRect& screen);
+
+/// A tool window of a view. It comes up beside the view, and Esc closes it. Deleted on close.
+class TPopupWindow : public QWidget {
+  Q_OBJECT
+
+public:
+  /// `view` is the widget that it stands beside, and its parent. `position` counts the windows that
+  /// stand there already: each stands a little lower than the one before.
+  TPopupWindow(QWidget* view, int position);
+
+protected:
+  void showEvent(QShowEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+private:
+  int position_;
+  bool placed_ = false;
+};
+
+} // namespace Terminal

@@ -1,0 +1,212 @@
+#include "terminal/windows/Blotter.h"
+
+#include "terminal/market/OrderRequest.h"
+#include "terminal/script/Input.h"
+#include "terminal/services/Services.h"
+#include "terminal/windows/StepEdit.h"
+
+#include <gtest/gtest.h>
+
+namespace Terminal {
+namespace {
+
+using namespace Market;
+using TModel = TOrdersModel;
+
+class Blotter : public testing::Test {
+protected:
+  Blotter() {
+    Services.Market.DefineSpreadTables({{"01", 1, {{100, 200, 0.1}}}});
+    Services.Market.DefineInstrument("700", "HKD", "TESTCO");
+    Services.Market.DefineInstrument("80700", "CNY", "TESTCO-R");
+    TRecordChange change;
+    change.Symbol = "700";
+    change.Fields = {{3, "101.2"}, {24, "500"}, {73, "01"}};
+    Services.Subscriptions.Apply(change);
+    Desk.SetMarket([this](const TOrderRequest& request) { Asked.push_back(request); });
+    View.resize(900, 300);
+    View.show();
+    Input::Activate(&View);
+  }
+
+  TUserOrder Order(int number, TOrderStatus status = TOrderStatus::Working) {
+    TUserOrder order;
+    order.Number = number;
+    order.Symbol = "700";
+    order.Side = TSide::Ask;
+    order.Price = 101300;
+    order.Quantity = 2000;
+    order.Status = status;
+    order.Entered = std::chrono::hours(10);
+    return order;
+  }
+
+  void Trade(const char* symbol, TSide side, TPrice price, TQuantity quantity) {
+    TUserTrade trade;
+    trade.Order = 1;
+    trade.Symbol = symbol;
+    trade.Side = side;
+    trade.Price = price;
+    trade.Quantity = quantity;
+    Desk.TakeTrade(trade);
+  }
+
+  QTableView* Orders() { return View.findChild<QTableView*>(QStringLiteral("orders")); }
+  QTableView* Trades() { return View.findChild<QTableView*>(QStringLiteral("trades")); }
+  QString Text(const char* label) { return View.findChild<QLabel*>(QLatin1String(label))->text(); }
+
+  static QStringList Row(const QTableView* table, int row) {
+    QStringList texts;
+    for (int column = 0; column < table->model()->columnCount(); ++column)
+      texts.append(table->model()->index(row, column).data().toString());
+    return texts;
+  }
+
+  void Choose(int row, TModel::TColumn column = TModel::NumberColumn) {
+    Input::Click(Orders()->viewport(),
+                 Orders()->visualRect(Orders()->model()->index(row, column)).center());
+  }
+
+  TStepEdit* Editor() { return Orders()->findChild<TStepEdit*>(); }
+
+  TServices Services;
+  TOrderDesk Desk;
+  std::vector<TOrderRequest> Asked;
+  TBlotter View{Services, Desk};
+};
+
+TEST_F(Blotter, ShowsEveryOrderTheLatestFirst) {
+  Desk.TakeOrder(Order(1));
+  TUserOrder filled = Order(2, TOrderStatus::PartlyFilled);
+  filled.Side = TSide::Bid;
+  filled.Filled = 500;
+  filled.AveragePrice = 101.25;
+  Desk.TakeOrder(filled);
+  EXPECT_EQ(Row(Orders(), 0), (QStringList{"2", "10:00:00", "700", "Buy", "101.3", "2,000", "500",
+                                           "101.250", "Partly filled", ""}));
+  EXPECT_EQ(Row(Orders(), 1), (QStringList{"1", "10:00:00", "700", "Sell", "101.3", "2,000", "0",
+                                           "", "Working", ""}));
+}
+
+TEST_F(Blotter, FollowsAnOrderThatChanges) {
+  Desk.TakeOrder(Order(1));
+  Desk.TakeOrder(Order(2));
+  Desk.TakeOrder(Order(1, TOrderStatus::Cancelled));
+  ASSERT_EQ(Orders()->model()->rowCount(), 2);
+  EXPECT_EQ(Row(Orders(), 1)[TModel::StatusColumn], QStringLiteral("Cancelled"));
+  EXPECT_EQ(Row(Orders(), 0)[TModel::StatusColumn], QStringLiteral("Working"));
+}
+
+TEST_F(Blotter, TakesInAnOrderThatIsToldOfLate) {
+  Desk.TakeOrder(Order(2));
+  Desk.TakeOrder(Order(1));
+  EXPECT_EQ(Row(Orders(), 0)[TModel::NumberColumn], QStringLiteral("2"));
+  EXPECT_EQ(Row(Orders(), 1)[TModel::NumberColumn], QStringLiteral("1"));
+}
+
+TEST_F(Blotter, DeleteCancelsAnOrderThatIsAlive) {
+  Desk.TakeOrder(Order(1));
+  Desk.TakeOrder(Order(2, TOrderStatus::Filled));
+  Choose(0);
+  Input::PressKey(Orders(), Qt::Key_Delete);
+  EXPECT_TRUE(Asked.empty()) << "it is filled";
+  Choose(1);
+  Input::PressKey(Orders(), Qt::Key_Delete);
+  ASSERT_EQ(Asked.size(), 1u);
+  EXPECT_EQ(Asked[0].Action, TOrderAction::Cancel);
+  EXPECT_EQ(Asked[0].Number, 1);
+}
+
+TEST_F(Blotter, F2AndEnterChangeThePrice) {
+  for (const auto key : {Qt::Key_F2, Qt::Key_Return}) {
+    Asked.clear();
+    Desk.TakeOrder(Order(1));
+    Choose(0);
+    Input::PressKey(Orders(), key);
+    ASSERT_NE(Editor(), nullptr);
+    EXPECT_EQ(Editor()->text(), QStringLiteral("101.3"));
+    Input::PressKey(Editor(), Qt::Key_Up);
+    EXPECT_TRUE(Asked.empty());
+    Input::PressKey(Editor(), Qt::Key_Return);
+    Input::Deliver();
+    ASSERT_EQ(Asked.size(), 1u);
+    EXPECT_EQ(Asked[0].Action, TOrderAction::Change);
+    EXPECT_EQ(Asked[0].Number, 1);
+    EXPECT_EQ(Asked[0].Price, 101400);
+    EXPECT_EQ(Asked[0].Quantity, 2000);
+    EXPECT_EQ(Row(Orders(), 0)[TModel::PriceColumn], QStringLiteral("101.3"))
+        << "until the market has changed it";
+  }
+}
+
+TEST_F(Blotter, ChangesTheQuantityWhereThatIsChosen) {
+  Desk.TakeOrder(Order(1));
+  Choose(0, TModel::QuantityColumn);
+  Input::PressKey(Orders(), Qt::Key_F2);
+  ASSERT_NE(Editor(), nullptr);
+  Input::PressKey(Editor(), Qt::Key_Down);
+  Input::PressKey(Editor(), Qt::Key_Return);
+  Input::Deliver();
+  ASSERT_EQ(Asked.size(), 1u);
+  EXPECT_EQ(Asked[0].Price, 101300);
+  EXPECT_EQ(Asked[0].Quantity, 1500);
+}
+
+TEST_F(Blotter, EscapeLeavesTheOrderAlone) {
+  Desk.TakeOrder(Order(1));
+  Choose(0);
+  Input::PressKey(Orders(), Qt::Key_F2);
+  Input::PressKey(Editor(), Qt::Key_Up);
+  Input::PressKey(Editor(), Qt::Key_Escape);
+  Input::Deliver();
+  EXPECT_EQ(Editor(), nullptr);
+  EXPECT_TRUE(Asked.empty());
+}
+
+TEST_F(Blotter, AnOrderThatIsDoneCannotBeChanged) {
+  Desk.TakeOrder(Order(1, TOrderStatus::Filled));
+  Choose(0);
+  Input::PressKey(Orders(), Qt::Key_F2);
+  EXPECT_EQ(Editor(), nullptr);
+}
+
+TEST_F(Blotter, ShowsTradesAndWhatWasBoughtAndSoldInEachCurrency) {
+  Trade("700", TSide::Bid, 101000, 1000);
+  Trade("700", TSide::Ask, 102000, 500);
+  Trade("80700", TSide::Bid, 90000, 100);
+  EXPECT_EQ(Row(Trades(), 2),
+            (QStringList{"00:00:00", "1", "700", "Buy", "101.0", "1,000", "HKD 101,000.00"}));
+  const QString totals = Text("totals");
+  EXPECT_TRUE(
+      totals.contains(QStringLiteral("HKD  Bought 101,000.00  Sold 51,000.00  Net -50,000.00")))
+      << totals.toStdString();
+  EXPECT_TRUE(totals.contains(QStringLiteral("CNY  Bought 9,000.00  Sold 0.00  Net -9,000.00")))
+      << totals.toStdString();
+}
+
+TEST_F(Blotter, SaysWhyTheMarketRefused) {
+  Desk.TakeRefusal(3, "Term_StatusFilled");
+  EXPECT_EQ(Text("refusal"), QStringLiteral("Order 3: Filled"));
+  Desk.TakeOrder(Order(1));
+  EXPECT_EQ(Text("refusal"), QString());
+}
+
+TEST_F(Blotter, IsEmptyWhenTheMarketBeginsAnew) {
+  Desk.TakeOrder(Order(1));
+  Trade("700", TSide::Bid, 101000, 1000);
+  Desk.SetMarket({});
+  EXPECT_EQ(Orders()->model()->rowCount(), 0);
+  EXPECT_EQ(Trades()->model()->rowCount(), 0);
+  EXPECT_EQ(Text("totals"), QString());
+}
+
+TEST_F(Blotter, CountsOrdersAndTradesOnTheTabs) {
+  Desk.TakeOrder(Order(1));
+  Trade("700", TSide::Bid, 101000, 1000);
+  const auto* tabs = View.findChild<QTabWidget*>();
+  EXPECT_EQ(tabs->tabText(0), QStringLiteral("Orders (1)"));
+  EXPECT_EQ(tabs->tabText(1), QStringLiteral("Trades (1)"));
+}
+
+} // namespace
+} // namespace Terminal

@@ -1,0 +1,327 @@
+#include "terminal/windows/MainWindow.h"
+
+#include "host/ConstDef.h"
+#include "terminal/Fixture.h"
+#include "terminal/script/Input.h"
+#include "terminal/services/Services.h"
+#include "terminal/windows/CaptionBar.h"
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace Terminal {
+namespace {
+
+QStringList LabelTexts(const QWidget& widget) {
+  QStringList texts;
+  for (const auto* label : widget.findChildren<QLabel*>())
+    texts.append(label->text());
+  return texts;
+}
+
+class MainWindow : public testing::Test {
+protected:
+  MainWindow() { Services.Profile.Grant({"QuorPrice"}); }
+
+  std::unique_ptr<TMainWindow> NewWindow() {
+    return std::make_unique<TMainWindow>(
+        TMainWindow::TParts{Services, Descriptor, Player, Feed, State, Desk});
+  }
+
+  QTemporaryDir Folder;
+  TServices Services;
+  Fixture::TDescriptor Descriptor;
+  MarketPlayer Player;
+  TMarketFeed Feed{Services, Player};
+  TOrderDesk Desk;
+  TSavedState State{Folder.filePath(QStringLiteral("state.sqlite"))};
+};
+
+TEST_F(MainWindow, OpensOneViewWhereNothingWasSaved) {
+  const auto window = NewWindow();
+  window->RestoreViews("Symbol=700");
+  ASSERT_EQ(window->Views().Panes().size(), 1u);
+  EXPECT_EQ(Descriptor.Last->Layout, "Symbol=700");
+  EXPECT_TRUE(Services.Config.IsLayoutReady());
+}
+
+TEST_F(MainWindow, PutsTheViewsOfTheLastRunBack) {
+  {
+    const auto window = NewWindow();
+    window->RestoreViews("Symbol=700");
+    window->Views().Open("Symbol=5");
+    window->close();
+  }
+  const auto window = NewWindow();
+  window->RestoreViews("Symbol=1");
+  const auto panes = window->Views().Panes();
+  ASSERT_EQ(panes.size(), 2u);
+  EXPECT_EQ(panes[0]->LayoutData(), "Symbol=700");
+  EXPECT_EQ(panes[1]->LayoutData(), "Symbol=5");
+}
+
+TEST_F(MainWindow, HasTheViewInTheMenuThatTheDescriptorNames) {
+  const auto window = NewWindow();
+  QStringList menus;
+  for (const auto* menu : window->menuBar()->actions())
+    menus.append(menu->text());
+  EXPECT_EQ(menus, (QStringList{"File", "Market", "Settings", "Window"}));
+}
+
+TEST_F(MainWindow, KeysOpenAViewAndReachItsSymbolBox) {
+  const auto window = NewWindow();
+  window->show();
+  window->RestoreViews("Symbol=700");
+  Input::Activate(window.get());
+  Input::PressKey(window.get(), Qt::Key_N, Qt::ControlModifier);
+  ASSERT_EQ(window->Views().Panes().size(), 2u);
+  Input::Deliver();
+  Input::PressKey(window.get(), Qt::Key_L, Qt::ControlModifier);
+  EXPECT_TRUE(Descriptor.Last->Symbol->hasFocus());
+}
+
+TEST_F(MainWindow, SpacePlaysAndPauses) {
+  Player.Simulate({1, Market::DayStart});
+  Player.Step(0);
+  const auto window = NewWindow();
+  window->show();
+  Input::Activate(window.get());
+  Input::PressKey(window.get(), Qt::Key_Space);
+  EXPECT_EQ(Player.State(), MarketPlayer::TState::Playing);
+  Input::PressKey(window.get(), Qt::Key_Space);
+  EXPECT_EQ(Player.State(), MarketPlayer::TState::Paused);
+}
+
+TEST_F(MainWindow, MarksASimulatedMarketWhereTheTraderLooks) {
+  const auto window = NewWindow();
+  EXPECT_TRUE(LabelTexts(*window).contains(QStringLiteral("REPLAY")));
+  Player.Simulate({1, Market::DayStart});
+  Player.Step(0);
+  EXPECT_TRUE(LabelTexts(*window).contains(QStringLiteral("SIMULATED")));
+}
+
+TEST_F(MainWindow, MarksEveryViewOfASimulatedMarket) {
+  const auto window = NewWindow();
+  window->RestoreViews("Symbol=700");
+  const auto marked = [&window] { return LabelTexts(*window).count(QStringLiteral("SIMULATED")); };
+  EXPECT_EQ(marked(), 0);
+  Player.Simulate({1, Market::DayStart});
+  Player.Step(0);
+  EXPECT_EQ(marked(), 2) << "player bar and view";
+  window->Views().Open("Symbol=5");
+  EXPECT_EQ(marked(), 3);
+}
+
+QAction* ActionOf(const QWidget& window, const char* text) {
+  for (auto* action : window.findChildren<QAction*>())
+    if (action->text() == QLatin1String(text))
+      return action;
+  return nullptr;
+}
+
+TEST_F(MainWindow, OpensItsViewsAnewForAnotherDataFeed) {
+  const auto window = NewWindow();
+  window->RestoreViews("Symbol=700");
+  window->Views().Open("Symbol=5")->SetGroup("2");
+  const int last = window->Views().Panes().back()->Number();
+  auto* perClick = ActionOf(*window, "Snapshot per click");
+  ASSERT_NE(perClick, nullptr);
+  perClick->trigger();
+  Input::Deliver();
+  EXPECT_EQ(Services.Vendor.FeedType(), Constdef::FeedType_PerClick);
+  const auto panes = window->Views().Panes();
+  ASSERT_EQ(panes.size(), 2u);
+  EXPECT_EQ(panes[0]->LayoutData(), "Symbol=700");
+  EXPECT_EQ(panes[1]->LayoutData(), "Symbol=5");
+  EXPECT_EQ(panes[1]->Group(), "2");
+  EXPECT_GT(panes[0]->Number(), last);
+  Services.Subscriptions.Refresh("700");
+  EXPECT_TRUE(LabelTexts(*window).contains(QStringLiteral("Snapshots: 1")));
+}
+
+TEST_F(MainWindow, GoesBackToTheSimulatedMarketFromTheMenu) {
+  const auto window = NewWindow();
+  Player.Simulate({4, Market::DayStart});
+  Player.Close();
+  ActionOf(*window, "Simulated market")->trigger();
+  EXPECT_TRUE(Player.IsSimulating());
+  EXPECT_EQ(Player.Simulation().Seed, 4u);
+  EXPECT_EQ(Player.Simulation().Start, Market::DayStart);
+}
+
+TEST_F(MainWindow, SwitchesTheLanguageOfWindowAndViews) {
+  const auto window = NewWindow();
+  window->RestoreViews({});
+  Descriptor.Last->Told.clear();
+  for (auto* action : window->findChildren<QAction*>())
+    if (action->text() == QStringLiteral("繁體中文"))
+      action->trigger();
+  Input::Deliver();
+  EXPECT_EQ(window->menuBar()->actions().front()->text(), QStringLiteral("檔案"));
+  EXPECT_EQ(Descriptor.Last->Told, std::vector<std::string>{"language 1"});
+}
+
+TEST_F(MainWindow, ClosesAViewFromItsCaptionBar) {
+  const auto window = NewWindow();
+  window->show();
+  window->RestoreViews({});
+  const auto* dock = window->findChild<QDockWidget*>(QStringLiteral("view1"));
+  ASSERT_NE(dock, nullptr);
+  auto* bar = qobject_cast<TCaptionBar*>(dock->titleBarWidget());
+  ASSERT_NE(bar, nullptr);
+  emit bar->CloseClicked();
+  Input::Deliver();
+  EXPECT_TRUE(window->Views().Panes().empty());
+}
+
+TEST_F(MainWindow, HidesTheMenuOfAViewThatTheUserMayNotSee) {
+  class THidden : public Fixture::TDescriptor {
+    bool GetIsVisible() override { return false; }
+  };
+  THidden hidden;
+  const TMainWindow window({Services, hidden, Player, Feed, State, Desk});
+  EXPECT_EQ(window.menuBar()->actions().size(), 3);
+}
+
+TEST_F(MainWindow, SpacePressesTheButtonThatHasTheKeyboard) {
+  const auto window = NewWindow();
+  window->show();
+  Input::Activate(window.get());
+  auto* buy = window->findChild<QPushButton*>(QStringLiteral("buy"));
+  buy->setFocus();
+  Input::PressKey(buy, Qt::Key_Space);
+  EXPECT_TRUE(buy->isChecked());
+  EXPECT_EQ(Player.State(), MarketPlayer::TState::Closed);
+}
+
+class MainWindowTools : public MainWindow {
+protected:
+  MainWindowTools() : Window(NewWindow()) {
+    Services.Market.DefineInstrument("700", "HKD", "TESTCO");
+    Services.Market.DefineInstrument("5", "HKD", "Bank");
+    Window->show();
+    Window->RestoreViews("Symbol=700");
+    Window->resize(1366, 768);
+    Input::Activate(Window.get());
+  }
+
+  QDockWidget* Dock(const char* name) {
+    return Window->findChild<QDockWidget*>(QLatin1String(name));
+  }
+
+  void Press(Qt::Key key) { Input::PressKey(Window.get(), key, Qt::ControlModifier); }
+
+  std::unique_ptr<TMainWindow> Window;
+};
+
+TEST_F(MainWindowTools, StandBesideTheViewAndOrdersBelowIt) {
+  Input::Deliver();
+  const auto place = [](const QWidget* dock) { return dock->geometry(); };
+  const QRect view = place(Dock("view1"));
+  EXPECT_LT(view.right(), place(Dock("symbolList")).left());
+  EXPECT_LT(view.bottom(), place(Dock("blotter")).top());
+  EXPECT_LT(place(Dock("symbolList")).bottom(), place(Dock("orderTicket")).top());
+  EXPECT_LT(place(Dock("chartDock")).right(), place(Dock("orderTicket")).left());
+  for (const char* name : {"view1", "symbolList", "orderTicket", "chartDock", "blotter"})
+    EXPECT_TRUE(Window->rect().contains(place(Dock(name)))) << name;
+}
+
+TEST_F(MainWindowTools, KeysShowAndHideEveryDock) {
+  const std::pair<Qt::Key, const char*> keys[] = {{Qt::Key_1, "symbolList"},
+                                                  {Qt::Key_2, "orderTicket"},
+                                                  {Qt::Key_3, "chartDock"},
+                                                  {Qt::Key_4, "blotter"}};
+  for (const auto& [key, name] : keys) {
+    Press(key);
+    EXPECT_TRUE(Dock(name)->isHidden()) << name;
+    Press(key);
+    EXPECT_FALSE(Dock(name)->isHidden()) << name;
+  }
+}
+
+TEST_F(MainWindowTools, KeysBringTheKeyboardIntoEveryDock) {
+  const std::pair<Qt::Key, const char*> keys[] = {{Qt::Key_K, "symbolList"},
+                                                  {Qt::Key_E, "orderTicket"},
+                                                  {Qt::Key_H, "chartDock"},
+                                                  {Qt::Key_B, "blotter"}};
+  for (const auto& [key, name] : keys) {
+    Dock(name)->hide();
+    Press(key);
+    Input::Deliver();
+    EXPECT_FALSE(Dock(name)->isHidden()) << name;
+    EXPECT_TRUE(Dock(name)->isAncestorOf(QApplication::focusWidget())) << name;
+  }
+}
+
+TEST_F(MainWindowTools, TheChartBeginsWithTheFirstViewAndTurnsToTheOneAskedFor) {
+  EXPECT_EQ(Dock("chartDock")->windowTitle(), QStringLiteral("Chart 700 TESTCO"));
+  Dock("chartDock")->hide();
+  const auto parameters = Services.Orders.NewViewParameters();
+  parameters->SetSymbol("5");
+  Baseview::OpenCustomView(Descriptor.Last, Constdef::View_Chart, 0, parameters.get(), 0, true);
+  EXPECT_FALSE(Dock("chartDock")->isHidden());
+  EXPECT_EQ(Dock("chartDock")->windowTitle(), QStringLiteral("Chart 5 Bank"));
+  Baseview::OpenCustomView(Descriptor.Last, 999, 0, nullptr, 0, true);
+  EXPECT_EQ(Dock("chartDock")->windowTitle(), QStringLiteral("Chart 5 Bank"));
+}
+
+TEST_F(MainWindowTools, TheLinkingGroupIsChosenByKeyboard) {
+  Window->Views().Panes().front()->View()->setFocus();
+  const auto choose = [this](Qt::Key number) {
+    Input::Activate(Window.get());
+    // The menu runs a loop of its own until something is chosen.
+    QTimer::singleShot(0, [number] {
+      auto* menu = QApplication::activePopupWidget();
+      ASSERT_NE(menu, nullptr);
+      Input::PressKey(menu, number);
+    });
+    Press(Qt::Key_G);
+  };
+  choose(Qt::Key_3);
+  EXPECT_EQ(Window->Views().Panes().front()->Group(), "3");
+  Dock("symbolList")->findChild<QLineEdit*>()->setFocus();
+  choose(Qt::Key_4);
+  EXPECT_EQ(Window->Views().Panes().front()->Group(), "3");
+  EXPECT_EQ(Services.Config.ReadString(Constdef::Section_TradePlatform, "SymbolListGroup"), "4");
+}
+
+TEST_F(MainWindowTools, TakeTheScaleOfTheWindow) {
+  const int before = Dock("orderTicket")->widget()->font().pointSize();
+  for (auto* action : Window->findChildren<QAction*>())
+    if (action->text() == QStringLiteral("150 %"))
+      action->trigger();
+  Input::Deliver();
+  EXPECT_EQ(Dock("orderTicket")->widget()->font().pointSize(), before * 150 / 100);
+  EXPECT_EQ(Descriptor.Last->font().pointSize(), before * 150 / 100);
+}
+
+TEST_F(MainWindowTools, SpeakTheLanguage) {
+  for (auto* action : Window->findChildren<QAction*>())
+    if (action->text() == QStringLiteral("繁體中文"))
+      action->trigger();
+  Input::Deliver();
+  EXPECT_EQ(Dock("orderTicket")->windowTitle(), QStringLiteral("落盤"));
+  EXPECT_EQ(Dock("chartDock")->windowTitle(), QStringLiteral("圖表 700 TESTCO"));
+  EXPECT_TRUE(LabelTexts(*Dock("symbolList")).contains(QStringLiteral("股份列表")));
+}
+
+TEST_F(MainWindowTools, AViewStandsBesideTheOneBeforeOrBehindItWhereThereIsNoRoom) {
+  Window->Views().Open("Symbol=5");
+  Input::Deliver();
+  const auto docks = Window->findChildren<QDockWidget*>();
+  QList<QDockWidget*> views;
+  for (auto* dock : docks)
+    if (qobject_cast<TCaptionBar*>(dock->titleBarWidget()) && dock != Dock("symbolList"))
+      views.append(dock);
+  ASSERT_EQ(views.size(), 2);
+  EXPECT_TRUE(Window->tabifiedDockWidgets(views[0]).isEmpty());
+  EXPECT_LT(views[0]->geometry().right(), views[1]->geometry().left());
+  Window->Views().Open("Symbol=1");
+  EXPECT_EQ(Window->tabifiedDockWidgets(views[1]).size(), 1);
+}
+
+} // namespace
+} // namespace Terminal
