@@ -171,8 +171,8 @@ void TQuorPricePreferenceFrame::InitView() {
   header->setHighlightSections(false);
   header->setTextElideMode(Qt::ElideRight);
   const int deleteColumn = BrokerIDGridView->ColumnOf(tagDelete);
-  header->setSectionResizeMode(deleteColumn, QHeaderView::Fixed);
-  header->resizeSection(deleteColumn, DeleteColumnWidth);
+  header->setMinimumSectionSize(DeleteColumnWidth);
+  header->setSectionResizeMode(deleteColumn, QHeaderView::ResizeToContents);
   BrokerIDGrid->verticalHeader()->hide();
   BrokerIDGrid->setSelectionMode(QAbstractItemView::NoSelection);
   BrokerIDGrid->setEditTriggers(QAbstractItemView::AllEditTriggers);

@@ -9,6 +9,7 @@
 #include "terminal/script/ScriptSession.h"
 #include "terminal/windows/MainWindow.h"
 #include "terminal/windows/StoreSentence.h"
+#include "terminal/windows/TerminalStyle.h"
 
 #include <QApplication>
 #include <sys/stat.h>
@@ -227,7 +228,7 @@ int RunTerminal(int argc, char** argv) {
   ChoosePlatform(line, hasDisplay);
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("quorterminal"));
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setStyle(new TTerminalStyle);
   return Run(line, file.is_open() ? static_cast<std::istream&>(file) : std::cin, hasDisplay);
 }
 

@@ -52,7 +52,8 @@ const TTextRow resourceTexts[] = {
     {"Res_Side_Sell_Short", "沽", "卖", "Sell"},
     {"Res_UpperPrice", "上限價", "上限价", "Upper Px"},
     {"Res_VCM", "市調機制", "市调机制", "VCM"},
-    {"Res_VCMHint", "市場波動調節機制", "市场波动调节机制", "Volatility Control Mechanism"},
+    {"Res_VCMHint", "市況調節機制（市場波動調節機制）", "市况调节机制（市场波动调节机制）",
+     "Volatility Control Mechanism"},
 
     // The view, its caption buttons and its lists.
     {"Res_ActiveQuorPrice", "切換至報價", "切换到报价", "Go to price view"},

@@ -134,7 +134,15 @@ TEST_F(TBrokerGridTest, OnlyTheDeleteColumnIsNotEditable) {
   }
 }
 
+TEST_F(TBrokerGridTest, TheDeleteColumnGrowsWithItsCaption) {
+  host.language.SetText("Res_Delete", "Delete this broker");
+  OpenWithRows();
+  EXPECT_GE(Grid().columnWidth(Column(25)),
+            Grid().fontMetrics().horizontalAdvance(QStringLiteral("Delete this broker")));
+}
+
 TEST_F(TBrokerGridTest, ColumnsAreFittedAroundTheDeleteColumn) {
+  host.language.SetText("Res_Delete", "X");
   OpenWithRows();
   const auto& header = *Grid().horizontalHeader();
   for (const int width : {500, 700}) {

@@ -1,0 +1,25 @@
+#include "terminal/windows/TerminalStyle.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+namespace Terminal {
+
+TTerminalStyle::TTerminalStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+// Fusion derives the frame from the window's colour, a shade darker, which a dark window hides.
+void TTerminalStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                   QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  if (element != PE_IndicatorCheckBox)
+    return;
+  QColor frame = option->palette.color(QPalette::WindowText);
+  frame.setAlphaF(0.6F);
+  painter->save();
+  painter->setPen(frame);
+  painter->setBrush(Qt::NoBrush);
+  painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  painter->restore();
+}
+
+} // namespace Terminal
