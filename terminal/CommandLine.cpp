@@ -63,8 +63,9 @@ std::map<std::string, TTakeValue> OptionsInto(TCommandLine& line) {
        }},
       {"--seconds",
        [&line](const std::string& value) {
+         constexpr double wholeDay = 24 * 60 * 60;
          line.Seconds = PositiveNumber(value);
-         return line.Seconds.has_value();
+         return line.Seconds && *line.Seconds <= wholeDay;
        }},
       {"--mode",
        [&line](const std::string& value) {

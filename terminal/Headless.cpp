@@ -2,6 +2,7 @@
 
 #include "platform/Grid.h"
 #include "terminal/TextTable.h"
+#include "terminal/windows/WindowTexts.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -30,7 +31,8 @@ void RunFor(milliseconds time) {
 }
 
 std::string Headline(const THeadlessRun& run) {
-  return run.View.Caption() + "   " + (run.Feed.IsSimulated() ? "SIMULATED" : "REPLAY") + "   " +
+  const char* market = run.Feed.IsSimulated() ? "Term_Simulated" : "Term_Replay";
+  return run.View.Caption() + "   " + WindowText(market).toUpper().toStdString() + "   " +
          TimeOfDayText(run.Player.Position()).substr(0, 8);
 }
 
@@ -38,6 +40,7 @@ std::string Headline(const THeadlessRun& run) {
 QPixmap Picture(const THeadlessRun& run) {
   const QPixmap view = run.View.View()->grab();
   QLabel mark(QString::fromStdString(Headline(run)));
+  mark.setFont(run.View.View()->font());
   mark.setMargin(4);
   const QPixmap line = mark.grab();
   QPixmap picture(std::max(view.width(), line.width()), view.height() + line.height());

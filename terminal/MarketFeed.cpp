@@ -28,6 +28,11 @@ TRecordChange WithoutQueue(TRecordChange change) {
   return change;
 }
 
+TRecordChange WithoutTrades(TRecordChange change) {
+  change.Trades.clear();
+  return change;
+}
+
 } // namespace
 
 TMarketFeed::TMarketFeed(TServices& services, MarketPlayer& player)
@@ -42,18 +47,22 @@ TMarketFeed::TMarketFeed(TServices& services, MarketPlayer& player)
 TMarketFeed::~TMarketFeed() { services_.Subscriptions.OnRefresh = nullptr; }
 
 void TMarketFeed::SetFeedType(int type) {
-  if (feedType_ == type)
+  const bool isType = type == Constdef::FeedType_Streaming || type == Constdef::FeedType_PerClick ||
+                      type == Constdef::FeedType_Delayed;
+  if (!isType || feedType_ == type)
     return;
-  const bool wasPerClick = feedType_ == Constdef::FeedType_PerClick;
-  auto present = Present();
-  if (feedType_ == Constdef::FeedType_Delayed || type == Constdef::FeedType_Delayed)
+  const bool isDelayChanged =
+      feedType_ == Constdef::FeedType_Delayed || type == Constdef::FeedType_Delayed;
+  const auto present = Present();
+  if (isDelayChanged)
     player_.SetDelay(type == Constdef::FeedType_Delayed ? TTimeOfDay(Delay) : TTimeOfDay{});
   feedType_ = type;
   services_.Vendor.SetFeedType(type);
-  if (wasPerClick || type == Constdef::FeedType_PerClick) {
-    ForgetRecords();
-    TakeBatch(present);
-  }
+  ForgetRecords();
+  if (isDelayChanged && player_.IsSimulating())
+    return; // the market of the other moment comes by itself
+  for (const auto& change : present)
+    Take(change);
 }
 
 std::optional<double> TMarketFeed::Age() const {
@@ -63,8 +72,8 @@ std::optional<double> TMarketFeed::Age() const {
 }
 
 std::vector<TRecordChange> TMarketFeed::Present() const {
-  if (feedType_ == Constdef::FeedType_PerClick)
-    return unasked_.Changes();
+  if (feedType_ != Constdef::FeedType_Streaming)
+    return market_.Changes();
   std::vector<TRecordChange> records;
   for (const auto& [symbol, fields] : given_) {
     const auto* record = services_.Subscriptions.Find(symbol);
@@ -103,13 +112,17 @@ void TMarketFeed::TakeHeader(const TRecordingHeader& header) {
 
 void TMarketFeed::TakeBatch(const std::vector<TRecordChange>& changes) {
   for (const auto& change : changes)
-    if (feedType_ == Constdef::FeedType_PerClick)
-      unasked_.Merge(change);
-    else
-      Apply(change);
+    Take(change);
   lastData_.start();
   if (!changes.empty())
     TellStart(changes.front().Symbol);
+}
+
+void TMarketFeed::Take(const TRecordChange& change) {
+  if (feedType_ != Constdef::FeedType_Streaming)
+    market_.Merge(WithoutTrades(change));
+  if (feedType_ != Constdef::FeedType_PerClick)
+    Apply(change);
 }
 
 void TMarketFeed::Apply(const TRecordChange& change) {
@@ -131,15 +144,13 @@ void TMarketFeed::TakeSnapshot(std::string_view symbol) {
   if (feedType_ != Constdef::FeedType_PerClick)
     return;
   emit SnapshotTaken(++snapshots_);
-  for (TRecordChange record : unasked_.Changes())
-    if (record.Symbol == symbol) {
-      record.Trades.clear();
-      Apply(record);
-    }
+  for (const auto& record : market_.Changes())
+    if (record.Symbol == symbol)
+      return Apply(TRecordChange(record));
 }
 
 void TMarketFeed::ForgetRecords() {
-  unasked_.Clear();
+  market_.Clear();
   for (const auto& [symbol, fields] : std::exchange(given_, {})) {
     TRecordChange nothing;
     nothing.Symbol = symbol;

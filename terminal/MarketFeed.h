@@ -31,8 +31,8 @@ public:
   TMarketFeed(TServices& services, MarketPlayer& player);
   ~TMarketFeed() override;
 
-  /// Constdef::FeedType_... A view keeps to the type that it was opened with, so those that are
-  /// open are to be opened anew.
+  /// Constdef::FeedType_...; another number changes nothing. A view keeps to the type that it was
+  /// opened with, so those that are open are to be opened anew. Trades told before are gone.
   void SetFeedType(int type);
   int FeedType() const { return feedType_; }
   /// Snapshots that were asked for while quotes come per click.
@@ -54,6 +54,7 @@ signals:
 private:
   void TakeHeader(const TRecordingHeader& header);
   void TakeBatch(const std::vector<TRecordChange>& changes);
+  void Take(const TRecordChange& change);
   void Apply(const TRecordChange& change);
   void TakeSnapshot(std::string_view symbol);
   void ForgetRecords();
@@ -63,7 +64,7 @@ private:
   MarketPlayer& player_;
   int feedType_ = 0;
   int snapshots_ = 0;
-  Conflator unasked_; ///< per click: every record, for whoever asks
+  Conflator market_; ///< every record without its trades, while views are told less than that
   bool simulated_ = false;
   bool started_ = false;
   QElapsedTimer lastData_;

@@ -35,7 +35,7 @@ void MarketPlayer::Simulate(const Market::TSimulation& simulation) {
   Begin(std::move(reader));
 }
 
-void MarketPlayer::Begin(std::unique_ptr<MarketReader> reader) {
+void MarketPlayer::Begin(std::shared_ptr<MarketReader> reader) {
   reader_ = std::move(reader);
   reader_->SetSpeed(speed_);
   reader_->SetAtEnd(atEnd_);
@@ -94,8 +94,10 @@ void MarketPlayer::Step(int milliseconds) {
 }
 
 void MarketPlayer::Jump(Market::TJump to) {
-  if (simulation_)
-    simulation_->Jump(to);
+  if (!simulation_)
+    return;
+  simulation_->Jump(to);
+  TellState();
 }
 
 void MarketPlayer::Request(const Market::TOrderRequest& request) {
@@ -129,30 +131,35 @@ void MarketPlayer::Wake() {
 }
 
 /// Tells the news of the reading thread. A slot may open, close or seek meanwhile: what is told
-/// here is this function's own.
+/// here is this function's own, and the rest of it is dropped when its reader is gone.
 void MarketPlayer::Deliver() {
   if (!reader_)
     return;
+  const std::weak_ptr<MarketReader> teller = reader_;
+  const auto tell = [this, &teller](auto signal, const auto&... what) {
+    if (!teller.expired())
+      (this->*signal)(what...);
+  };
   const TReaderNews news = reader_->Take();
+  batchTime_ = news.Time;
   for (const TReaderProgress& progress : news.Progress)
-    emit Progress(progress.Activity, progress.PerCent);
-  if (news.Index) {
+    tell(&MarketPlayer::Progress, progress.Activity, progress.PerCent);
+  if (news.Index && !teller.expired()) {
     index_ = news.Index;
     emit HeaderRead(news.Index->Header);
   }
   if (news.Reset)
-    emit Reset();
-  batchTime_ = news.Time;
+    tell(&MarketPlayer::Reset);
   if (!news.Changes.empty())
-    emit Batch(news.Changes);
+    tell(&MarketPlayer::Batch, news.Changes);
   for (const Market::TOrderReport& report : news.Reports)
-    emit Reported(report);
+    tell(&MarketPlayer::Reported, report);
   if (!news.CoolingOff.empty())
-    emit CoolingOffReached(QString::fromStdString(news.CoolingOff));
+    tell(&MarketPlayer::CoolingOffReached, QString::fromStdString(news.CoolingOff));
   if (news.Reset || State() != TState::Playing)
     TellPosition();
   if (news.Finished)
-    emit Finished();
+    tell(&MarketPlayer::Finished);
   TellState();
 }
 

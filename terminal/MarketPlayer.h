@@ -110,7 +110,7 @@ signals:
   void StateChanged(Terminal::MarketPlayer::TState state);
 
 private:
-  void Begin(std::unique_ptr<MarketReader> reader);
+  void Begin(std::shared_ptr<MarketReader> reader);
   void Wake();
   void Deliver();
   void TellPosition();
@@ -125,7 +125,7 @@ private:
   TTimeOfDay batchTime_{};
   TTimeOfDay delay_{};
   std::shared_ptr<const TRecordingIndex> index_;
-  std::unique_ptr<MarketReader> reader_;
+  std::shared_ptr<MarketReader> reader_;           ///< nobody else keeps it
   Market::SimulationReader* simulation_ = nullptr; ///< the reader, when it is one
   QTimer positionTimer_;
 };

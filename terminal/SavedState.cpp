@@ -86,7 +86,8 @@ void TSavedState::OpenToRead() {
   status_ = TStoreStatus::InUse;
   auto database = Database();
   database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
-  database.open();
+  if (!database.open())
+    Lose(database.lastError().text());
 }
 
 void TSavedState::OpenToKeep() {

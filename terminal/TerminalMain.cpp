@@ -2,6 +2,7 @@
 
 #include "terminal/CommandLine.h"
 #include "terminal/Headless.h"
+#include "terminal/LayoutSymbol.h"
 #include "terminal/OrderDesk.h"
 #include "terminal/PackageLoader.h"
 #include "terminal/market/SimulationRecording.h"
@@ -90,7 +91,7 @@ std::string FirstLayout(TServices& services, const TCommandLine& line, const QSt
   constexpr int fiveLevels = 0;
   constexpr int tenLevels = 2;
   const int mode = line.Levels == 5 ? fiveLevels : tenLevels;
-  return "Symbol=" + line.Symbol.value_or(symbol.toStdString()) +
+  return SymbolItem(line.Symbol.value_or(symbol.toStdString())) +
          ",DisplayMode=" + std::to_string(mode);
 }
 

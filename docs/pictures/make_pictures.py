@@ -42,9 +42,9 @@ def run(*command, **options):
     return subprocess.run([str(part) for part in command], check=True, **options)
 
 
-def shrink(source, target, *operations, colours=128):
+def shrink(source, target, *operations):
     """A picture of few colours in an indexed file, which is a third as large."""
-    run("convert", source, *operations, "-dither", "None", "-colors", colours, "-strip",
+    run("convert", source, *operations, "-dither", "None", "-colors", 128, "-strip",
         f"PNG8:{target}")
 
 
@@ -59,8 +59,9 @@ class Home:
         self.folder = folder
 
     def environment(self, platform="offscreen", **more):
-        return {**os.environ, "XDG_DATA_HOME": str(self.folder), "QT_QPA_PLATFORM": platform,
-                **more}
+        own = str(self.folder)
+        return {**os.environ, "XDG_DATA_HOME": own, "XDG_RUNTIME_DIR": own,
+                "QT_QPA_PLATFORM": platform, **more}
 
     def run(self, *options):
         run(self.terminal, *options, env=self.environment())
@@ -82,7 +83,7 @@ class Home:
 
 def new_home(terminal, scratch, name):
     folder = scratch / name
-    folder.mkdir()
+    folder.mkdir(mode=0o700)
     return Home(terminal, folder)
 
 
@@ -330,7 +331,7 @@ def main():
     kinds = {"sheet": make_sheet, "tour": lambda *where: Tour(*where).make(),
              "windows": make_windows}
     for kind in kinds:
-        parser.add_argument(f"--{kind}", action="store_true", help=f"make the pictures of the {kind}")
+        parser.add_argument(f"--{kind}", action="store_true", help=f"makes those of the {kind}")
     parser.add_argument("--terminal", type=pathlib.Path, default=BUILT)
     parser.add_argument("--out", type=pathlib.Path, default=HERE)
     arguments = parser.parse_args()

@@ -15,10 +15,12 @@ TInstrumentSettings SettingsOf(const TInstrument& instrument) {
   settings.Symbol = instrument.Symbol;
   settings.BoardLot = instrument.BoardLot;
   settings.PreviousClose = instrument.PreviousClose;
-  settings.HasOpeningAuction = instrument.HasAuctions();
-  settings.HasClosingAuction = instrument.HasAuctions();
-  settings.VolatilityPercent = instrument.VolatilityPercent();
-  settings.IsSuspended = instrument.Standing != TStanding::Trading;
+  // No mechanism of the day is in force for what does not trade.
+  const bool trades = instrument.Standing == TStanding::Trading;
+  settings.IsSuspended = !trades;
+  settings.HasOpeningAuction = trades && instrument.HasAuctions();
+  settings.HasClosingAuction = trades && instrument.HasAuctions();
+  settings.VolatilityPercent = trades ? instrument.VolatilityPercent() : 0;
   return settings;
 }
 

@@ -7,7 +7,6 @@ namespace Terminal::Market {
 
 namespace {
 
-constexpr int ReachInTicks = 9;
 constexpr TPrice FurthestMultiple = 9;
 constexpr int OpeningPercent = 15;
 constexpr int ClosingPercent = 5;
@@ -135,6 +134,8 @@ TRejection TInstrumentMarket::CheckEntry(TQuantity quantity) const {
     return TRejection::PhaseRefuses;
   if (quantity <= 0 || quantity % settings_.BoardLot != 0)
     return TRejection::QuantityNotInLots;
+  if (quantity > LargestOrderInLots * settings_.BoardLot)
+    return TRejection::QuantityTooLarge;
   return TRejection::None;
 }
 

@@ -13,6 +13,11 @@ class TInstrumentMarket;
 /// Money in thousandths of the currency unit.
 using TAmount = std::int64_t;
 
+/// A price in continuous trading may go this many ticks beyond the best opposite one.
+inline constexpr int ReachInTicks = 9;
+/// Board lots in one order, at most.
+inline constexpr TQuantity LargestOrderInLots = 3000;
+
 struct TInstrumentSettings {
   std::string Symbol;
   TQuantity BoardLot = 1;
@@ -38,10 +43,11 @@ enum class TRejection {
   Suspended,
   PhaseRefuses,      ///< no order or no cancellation in this phase
   QuantityNotInLots, ///< not a whole number of board lots above 0
+  QuantityTooLarge,  ///< more than LargestOrderInLots
   PriceOffTick,      ///< not a price of the spread table
   OutsideLimits,     ///< beyond the auction's limits
   TooFarFromNominal, ///< nine times the nominal price or more, a ninth or less
-  BeyondReach,       ///< more than nine ticks beyond the best opposite price
+  BeyondReach,       ///< more than ReachInTicks beyond the best opposite price
   NoOppositePrice,   ///< a market order in continuous trading with nobody to trade with
   VolatilityControl, ///< the trade would be outside its limits, or the price in a cooling-off is
   UnknownOrder       ///< not in the book, perhaps filled meanwhile

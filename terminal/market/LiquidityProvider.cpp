@@ -23,13 +23,11 @@ constexpr double LookPause = 0.3;
 // Quotes in lots, at the best price and the parts of it that stand behind.
 constexpr int LeastLots = 60;
 constexpr int MoreLots = 60;
+static_assert(LeastLots + MoreLots <= LargestOrderInLots);
 constexpr double Parts[TLiquidityProvider::Levels] = {1, 0.7, 0.5, 0.35, 0.25};
 
 /// A quote of which less than this part is left is filled up.
 constexpr double LeastLeft = 0.5;
-
-/// Ticks beyond the opposite best price, further than which the exchange accepts no order.
-constexpr int FurthestReach = 9;
 
 double YearsUntil(std::chrono::year_month_day expiry, std::chrono::year_month_day date) {
   const auto days = (std::chrono::sys_days(expiry) - std::chrono::sys_days(date)).count();
@@ -158,8 +156,8 @@ TPrice TLiquidityProvider::WithinReach(const TOrderBook& book, const TQuote& quo
   if (!opposite)
     return quote.Price;
   return quote.Side == TSide::Bid
-             ? std::min(quote.Price, book.Grid().Moved(*opposite, FurthestReach))
-             : std::max(quote.Price, book.Grid().Moved(*opposite, -FurthestReach));
+             ? std::min(quote.Price, book.Grid().Moved(*opposite, ReachInTicks))
+             : std::max(quote.Price, book.Grid().Moved(*opposite, -ReachInTicks));
 }
 
 } // namespace Terminal::Market

@@ -35,9 +35,6 @@ constexpr int FurthestDistance = 70;
 /// How much sooner orders near the best price are withdrawn than those far from it.
 constexpr double Impatience = 0.6;
 
-/// The furthest an order that trades at once may reach beyond the opposite best price.
-constexpr int FurthestReach = 9;
-
 // Sizes in lots.
 constexpr double SizeExponent = 1.6;
 constexpr double LargestSize = 400; ///< in multiples of the mean
@@ -61,6 +58,17 @@ const THabits& HabitsIn(const TInstrument& instrument) {
 
 int Outward(TSide side, int ticks) { return side == TSide::Bid ? -ticks : ticks; }
 
+/// While a cooling-off keeps the price from the fair value, what lies beyond its limits is worth
+/// no more than the limit: who would pay more finds sellers there, and both go on.
+double WithinCoolingOff(const TInstrumentMarket& market, double fairTick) {
+  const auto coolingOff = market.CoolingOff();
+  if (!coolingOff)
+    return fairTick;
+  const TTickGrid& grid = market.Book().Grid();
+  return std::clamp<double>(fairTick, grid.TickAtOrAbove(coolingOff->Limits.Lower),
+                            grid.TickAtOrBelow(coolingOff->Limits.Upper));
+}
+
 } // namespace
 
 double TickPosition(const TTickGrid& grid, double price) {
@@ -83,7 +91,7 @@ void TOrderFlow::Act(TInstrumentMarket& market, double fair, double liveliness, 
   if (fair > 0 && AcceptsOrders(phase)) {
     const double fairTick = TickPosition(market.Book().Grid(), fair);
     if (IsContinuous(phase))
-      ActInContinuous(market, fairTick, id);
+      ActInContinuous(market, WithinCoolingOff(market, fairTick), id);
     else
       ActInAuction(market, fairTick, id);
   }
@@ -111,17 +119,21 @@ void TOrderFlow::ActInContinuous(TInstrumentMarket& market, double fairTick, TOr
   const TOrderBook& book = market.Book();
   const auto bid = book.BestPrice(TSide::Bid);
   const auto ask = book.BestPrice(TSide::Ask);
+  const THabits& habits = HabitsIn(instrument_);
+  const double cancel = habits.Cancel * Crowding();
   if (!bid || !ask) {
-    Quote(market, fairTick, id);
+    if (random_.Uniform() * (habits.Quote + cancel) < habits.Quote)
+      Quote(market, fairTick, id);
+    else
+      CancelOne(market, fairTick);
     return;
   }
   const TTickGrid& grid = book.Grid();
   const double middle = (grid.TickAtOrBelow(*bid) + grid.TickAtOrBelow(*ask)) / 2.0;
   const double gap = fairTick - middle;
   const double urgency = std::min(std::abs(gap) / UrgentTicks, 1.0);
-  const THabits& habits = HabitsIn(instrument_);
   const double take = habits.Take + UrgentTake * urgency * urgency;
-  const double chosen = random_.Uniform() * (habits.Quote + take + habits.Cancel * Crowding());
+  const double chosen = random_.Uniform() * (habits.Quote + take + cancel);
   if (chosen < take)
     Take(market, fairTick, gap, id);
   else if (chosen < take + habits.Quote)
@@ -144,7 +156,7 @@ void TOrderFlow::Take(TInstrumentMarket& market, double fairTick, double gap, TO
   TQuantity quantity = Quantity();
   if (random_.Chance(ContentWithBest))
     quantity = std::min(quantity, book.LevelAt(against, best).Quantity);
-  const int reach = std::clamp(static_cast<int>(favour), 0, FurthestReach);
+  const int reach = std::clamp(static_cast<int>(favour), 0, ReachInTicks);
   Enter(market, {Opposite(against), bestTick + Outward(against, reach)}, quantity, id);
 }
 
@@ -225,6 +237,8 @@ void TOrderFlow::Enter(TInstrumentMarket& market, TPlace place, TQuantity quanti
   TPrice price = grid.PriceAt(place.Tick);
   if (const auto limits = market.AuctionLimits())
     price = std::clamp(price, limits->Lower, limits->Upper);
+  if (const auto coolingOff = market.CoolingOff())
+    price = std::clamp(price, coolingOff->Limits.Lower, coolingOff->Limits.Upper);
   if (instrument_.DailyLimit > 0)
     price = std::clamp(price, instrument_.LimitDown(grid), instrument_.LimitUp(grid));
   Note(market.Enter({.Id = id,
@@ -246,7 +260,7 @@ TQuantity TOrderFlow::Quantity() {
   auto lots = 1 + static_cast<TQuantity>(std::min(beyondOne, LargestSize * mean));
   if (lots > 10 && random_.Chance(0.5)) // people like round numbers
     lots = (lots + 5) / 10 * 10;
-  return lots * instrument_.BoardLot;
+  return std::min(lots, LargestOrderInLots) * instrument_.BoardLot;
 }
 
 } // namespace Terminal::Market

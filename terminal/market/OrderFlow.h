@@ -13,7 +13,8 @@ namespace Terminal::Market {
 /// from the opposite best price (J.-P. Bouchaud, M. Mezard, M. Potters, Quantitative Finance 2,
 /// 2002); cancellations by distance too (R. Cont, S. Stoikov, R. Talreja, Operations Research 58,
 /// 2010). Sizes have a Pareto tail. Buyers and sellers lean a little to a fair value, so that the
-/// price follows it. No order hides a part of its quantity.
+/// price follows it; in a cooling-off they go on within its limits, as though nothing were worth
+/// more or less. No order hides a part of its quantity.
 class TOrderFlow {
 public:
   /// `instrument`, `day` and `brokers` outlive this.

@@ -25,6 +25,7 @@ inline constexpr const char* Refused_Halted = "Term_RefusedHalted";
 inline constexpr const char* Refused_Phase = "Term_RefusedPhase"; ///< not in this part of the day
 inline constexpr const char* Refused_Tick = "Term_RefusedTick";   ///< no price of the spread table
 inline constexpr const char* Refused_Lot = "Term_RefusedLot";     ///< no multiple of the board lot
+inline constexpr const char* Refused_Size = "Term_RefusedSize";   ///< over the largest order
 inline constexpr const char* Refused_Limit = "Term_RefusedLimit"; ///< price beyond today's limits
 inline constexpr const char* Refused_Done = "Term_RefusedDone";   ///< the order is no longer alive
 inline constexpr const char* Refused_CoolingOff = "Term_RefusedCoolingOff"; ///< volatility control

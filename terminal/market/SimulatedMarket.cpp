@@ -10,9 +10,6 @@ namespace Terminal::Market {
 
 namespace {
 
-/// Of one instrument between two calls of TakeChanges: enough for the matching of an auction.
-constexpr std::size_t MaximumTrades = 2000;
-
 constexpr const char* NoDataText = "NO MARKET DATA";
 constexpr const char* CalledText = "MANDATORY CALL";
 

@@ -17,11 +17,13 @@ inline constexpr TTimeOfDay DayEnd = std::chrono::hours(16) + std::chrono::minut
 /// requests at the same moments bring the same records, in whatever steps time goes on.
 class TSimulatedMarket : private TMarketListener {
 public:
+  /// Told of one instrument at once: some hours of a busy one, so that a chart has them.
+  static constexpr std::size_t MaximumTrades = 4000;
+
   /// Begins at midnight.
   explicit TSimulatedMarket(std::uint64_t seed);
   ~TSimulatedMarket() override;
 
-  const TTradingDay& Day() const { return day_; }
   /// Reference data for the whole day.
   TRecordingHeader Header() const;
 

@@ -37,9 +37,15 @@ TReaderNews SimulationReader::Take() {
   const TLock lock(mutex_);
   isAnnounced_ = false;
   TReaderNews news = std::exchange(news_, {});
-  if (IsOnItsWay()) // what was told before stands until there is something to take its place
+  if (news.Index)
+    requests_.clear();
+  if (IsOnItsWay() || delayRequest_) { // what was told before stands until it can be replaced
     news_.Reset = std::exchange(news.Reset, false);
-  news.Changes = conflator_.Take();
+    news_.CoolingOff = std::exchange(news.CoolingOff, {});
+    news_.Finished = std::exchange(news.Finished, false);
+  } else {
+    news.Changes = conflator_.Take();
+  }
   news.Time = position_;
   Command();
   return news;
@@ -159,9 +165,9 @@ bool SimulationReader::MayStartOver() const {
 void SimulationReader::Work(const std::stop_token& stop) {
   TLock lock(mutex_);
   while (!stop.stop_requested()) {
-    if (seekRequest_ || jumpRequest_)
+    if (seekRequest_ || (jumpRequest_ && !run_))
       StartRun(lock);
-    else if (!requests_.empty())
+    else if (!requests_.empty() && !news_.Index)
       Answer(lock);
     else if (delayRequest_)
       ChangeDelay(lock, stop);
@@ -180,8 +186,11 @@ void SimulationReader::Work(const std::stop_token& stop) {
 
 /// The day anew, without anything that the user did in it.
 void SimulationReader::Begin(TLock& lock) {
+  const bool isDelayed = delay_ > TTimeOfDay{};
   lock.unlock();
   market_ = std::make_unique<TSimulatedMarket>(simulation_.Seed);
+  if (isDelayed)
+    delayed_ = std::make_unique<TSimulatedMarket>(simulation_.Seed);
   heard_.clear();
   heardDelayed_ = 0;
   auto index = std::make_shared<TRecordingIndex>();
@@ -189,26 +198,32 @@ void SimulationReader::Begin(TLock& lock) {
   index->Start = DayStart;
   index->End = DayEnd;
   lock.lock();
-  if (delay_ > TTimeOfDay{})
-    delayed_ = std::make_unique<TSimulatedMarket>(simulation_.Seed);
   position_ = DayStart;
   isFinishTold_ = false;
+  requests_.clear();
   conflator_.Clear();
   news_.Reports.clear();
   news_.Index = std::move(index);
   news_.Reset = true;
+  news_.Finished = false;
 }
 
+/// To where was sought, or else on to where a jump leads from here.
 void SimulationReader::StartRun(TLock& lock) {
   TRun run;
-  run.Target = seekRequest_ ? *seekRequest_ : JumpTarget(*jumpRequest_);
-  run.IsToCoolingOff = !seekRequest_ && jumpRequest_ == TJump::CoolingOff;
-  jumpRequest_.reset();
-  seekRequest_.reset();
-  if (!market_ || run.Target < position_)
+  if (seekRequest_) {
+    run.Target = *std::exchange(seekRequest_, std::nullopt);
+  } else {
+    const TJump to = *std::exchange(jumpRequest_, std::nullopt);
+    run.Target = JumpTarget(to);
+    run.IsToCoolingOff = to == TJump::CoolingOff;
+  }
+  news_.CoolingOff.clear();
+  const bool isAhead = market_ && run.Target >= position_;
+  run_ = std::move(run); // on its way from now on, also while the lock is open
+  if (!isAhead)
     Begin(lock);
-  run.From = position_;
-  run_ = run;
+  run_->From = position_;
 }
 
 TTimeOfDay SimulationReader::JumpTarget(TJump to) const {
@@ -218,12 +233,13 @@ TTimeOfDay SimulationReader::JumpTarget(TJump to) const {
   const auto& afternoon = day_.SpanOf(TPhase::Afternoon);
   if (to == TJump::ClosingAuction)
     return day_.SpanOf(TPhase::ReferenceFixing).Start;
-  const bool isMorningOver = position_ >= morning.Start && position_ < afternoon.Start;
-  return isMorningOver ? afternoon.Start : morning.Start;
+  const bool hasMorningBegun = position_ >= morning.Start && position_ < afternoon.Start;
+  return hasMorningBegun ? afternoon.Start : morning.Start;
 }
 
 /// What has been told is forgotten, as after any jump, and the whole market follows.
 void SimulationReader::EndRun(TLock& lock) {
+  news_.CoolingOff = run_->CoolingOff;
   run_.reset();
   SetClock(clock_.IsRunning);
   news_.Reset = true;
@@ -270,7 +286,7 @@ void SimulationReader::AdvanceSlice(TTimeOfDay until, TLock& lock) {
   position_ = until;
   if (run_ && run_->IsToCoolingOff && market_->CoolingOffs().size() > coolingOffs) {
     run_->Target = position_;
-    news_.CoolingOff = market_->CoolingOffs().back();
+    run_->CoolingOff = market_->CoolingOffs().back();
   }
 }
 
@@ -285,7 +301,7 @@ void SimulationReader::AdvanceDelayed(TTimeOfDay time) {
 }
 
 void SimulationReader::ChangeDelay(TLock& lock, const std::stop_token& stop) {
-  delay_ = *std::exchange(delayRequest_, std::nullopt);
+  delay_ = *delayRequest_;
   const TTimeOfDay target = position_ - delay_;
   lock.unlock();
   heardDelayed_ = 0;
@@ -302,6 +318,8 @@ void SimulationReader::ChangeDelay(TLock& lock, const std::stop_token& stop) {
     lock.unlock();
   }
   lock.lock();
+  if (delayRequest_ == delay_)
+    delayRequest_.reset();
   conflator_.Clear();
   news_.Reset = true;
   if (!run_)

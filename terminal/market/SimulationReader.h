@@ -53,9 +53,10 @@ public:
 
   /// Runs on as fast as it can; where that is not ahead in this day, through a new one.
   void Jump(TJump to);
-  /// The market answers at the moment where it is, also while paused.
+  /// The market answers at the moment where it is, also while paused. A request made before the
+  /// index of a new day was taken is to the day that is over, and has no answer.
   void Request(const TOrderRequest& request);
-  /// Changes come `delay` behind the market; orders and clock do not.
+  /// Changes come `delay` behind the market; orders and clock do not. None come until all can.
   void SetDelay(TTimeOfDay delay);
 
 private:
@@ -66,6 +67,7 @@ private:
     TTimeOfDay From{};
     TTimeOfDay Target{};
     bool IsToCoolingOff = false; ///< ends with the first that begins
+    std::string CoolingOff;      ///< the symbol of that one
   };
 
   void Work(const std::stop_token& stop);
@@ -123,7 +125,7 @@ private:
   std::optional<TTimeOfDay> delayRequest_;
   TTimeOfDay delay_{};
   int perCent_ = 0; ///< told last
-  Conflator conflator_;
+  Conflator conflator_{TSimulatedMarket::MaximumTrades};
   TReaderNews news_;
 
   std::jthread thread_; ///< last: joined before anything else goes

@@ -16,6 +16,8 @@ const char* ReasonOf(TRejection rejection) {
     return Refused_Phase;
   case TRejection::QuantityNotInLots:
     return Refused_Lot;
+  case TRejection::QuantityTooLarge:
+    return Refused_Size;
   case TRejection::PriceOffTick:
     return Refused_Tick;
   case TRejection::OutsideLimits:
@@ -53,7 +55,7 @@ void TUserAccount::Apply(const TOrderRequest& request, TInstrumentMarket* market
 }
 
 void TUserAccount::Submit(const TOrderRequest& request, TInstrumentMarket* market, TOrderId id) {
-  TOwnOrder& order = orders_[request.Number];
+  TOwnOrder& order = orders_.insert_or_assign(request.Number, TOwnOrder()).first->second;
   order.Number = request.Number;
   order.Symbol = request.Symbol;
   order.Side = request.Side;

@@ -8,7 +8,6 @@ namespace Terminal {
 namespace {
 
 using TFields = decltype(TRecordChange::Fields);
-using TTrades = decltype(TRecordChange::Trades);
 
 void MergeFields(TFields& into, TFields&& from) {
   for (auto& [number, value] : from) {
@@ -19,12 +18,6 @@ void MergeFields(TFields& into, TFields&& from) {
     else
       found->second = std::move(value);
   }
-}
-
-void MergeTrades(TTrades& into, TTrades&& from) {
-  std::ranges::move(from, std::back_inserter(into));
-  if (into.size() > Conflator::MaximumTrades)
-    into.erase(into.begin(), into.end() - Conflator::MaximumTrades);
 }
 
 } // namespace
@@ -40,12 +33,27 @@ void Conflator::Merge(TRecordChange change) {
   if (change.Status)
     into.Status = std::move(change.Status);
   MergeFields(into.Fields, std::move(change.Fields));
-  MergeTrades(into.Trades, std::move(change.Trades));
+  MergeTrades(into, change);
+}
+
+/// The earliest go many at a time, so that a trade costs the same however many are kept.
+void Conflator::MergeTrades(TRecordChange& into, TRecordChange& from) const {
+  std::ranges::move(from.Trades, std::back_inserter(into.Trades));
+  if (into.Trades.size() >= 2 * maximumTrades_)
+    KeepLatestTrades(into);
+}
+
+void Conflator::KeepLatestTrades(TRecordChange& change) const {
+  auto& trades = change.Trades;
+  if (trades.size() > maximumTrades_)
+    trades.erase(trades.begin(), trades.end() - static_cast<std::ptrdiff_t>(maximumTrades_));
 }
 
 std::vector<TRecordChange> Conflator::Take() {
   indexBySymbol_.clear();
   mergedCount_ = 0;
+  for (auto& change : changes_)
+    KeepLatestTrades(change);
   return std::exchange(changes_, {});
 }
 

@@ -14,6 +14,7 @@ namespace Terminal {
 
 void TMainWindow::BuildMenu() {
   menuBar()->clear();
+  qDeleteAll(menuBar()->findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
   BuildFileMenu();
   BuildViewMenu();
   BuildSettingsMenu();

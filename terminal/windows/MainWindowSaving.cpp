@@ -1,6 +1,7 @@
 #include "terminal/windows/MainWindow.h"
 
 #include "host/ConstDef.h"
+#include "terminal/LayoutSymbol.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/CaptionBar.h"
 #include "terminal/windows/StoreSentence.h"
@@ -20,14 +21,6 @@ namespace Terminal {
 namespace {
 
 constexpr int SaveDelay = 500; // milliseconds, so that a burst of changes is one write
-
-/// The symbol of a view's layout data, where it is the first item; empty when there is none.
-std::string SymbolOf(const std::string& layoutData) {
-  constexpr std::string_view name = "Symbol=";
-  if (!layoutData.starts_with(name))
-    return {};
-  return layoutData.substr(name.size(), layoutData.find(',') - name.size());
-}
 
 } // namespace
 

@@ -311,7 +311,7 @@ void TOrderTicket::Advance() {
   send_->setFocus(Qt::TabFocusReason);
 }
 
-void TOrderTicket::Send(const TDraft& draft) {
+void TOrderTicket::Send(TDraft draft) {
   Disarm();
   price_->setFocus(Qt::TabFocusReason);
   sent_ = desk_.Submit(symbol_, draft.Side, draft.Price, draft.Quantity);

@@ -71,7 +71,7 @@ private:
   std::optional<TDraft> Draft();
   /// Shows the order for confirmation, or sends the one that was shown.
   void Advance();
-  void Send(const TDraft& draft);
+  void Send(TDraft draft);
   /// The order must be shown again before it can be sent.
   void Disarm();
   void FormChanged();

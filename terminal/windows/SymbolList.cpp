@@ -79,8 +79,9 @@ void TSymbolList::FitColumns() {
   header->setFont(font()); // headers have a font of their own
   header->setMinimumSectionSize(metrics.height());
   for (int column = 0; column < TSymbolListModel::Columns; ++column)
-    header->resizeSection(column,
-                          metrics.horizontalAdvance(QLatin1String(samples[column])) + CellMargin);
+    header->resizeSection(
+        column, std::max(metrics.horizontalAdvance(QLatin1String(samples[column])) + CellMargin,
+                         header->sectionSizeHint(column)));
   header->resizeSection(TSymbolListModel::NameColumn, NarrowestName);
   header->setSectionResizeMode(TSymbolListModel::NameColumn, QHeaderView::Stretch);
   table_->verticalHeader()->setDefaultSectionSize(metrics.height() + 6);
@@ -91,6 +92,7 @@ void TSymbolList::SetTexts() {
   find_->setAccessibleName(WindowText("Term_FindSymbol"));
   table_->setAccessibleName(WindowText("Term_Symbols"));
   emit model_.headerDataChanged(Qt::Horizontal, 0, TSymbolListModel::Columns - 1);
+  FitColumns();
 }
 
 void TSymbolList::FocusFilter() {

@@ -67,8 +67,7 @@ QVariant TSymbolListModel::data(const QModelIndex& index, int role) const {
   case Qt::TextAlignmentRole:
     return int(Qt::AlignVCenter | (column >= LastColumn ? Qt::AlignRight : Qt::AlignLeft));
   case Qt::ForegroundRole:
-    return column >= LastColumn && column <= ChangePercentColumn ? QVariant(ColourOf(row))
-                                                                 : QVariant();
+    return column >= LastColumn && column <= ChangePercentColumn ? ColourOf(row) : QVariant();
   case SortRole:
     return column == SymbolColumn ? QVariant(SymbolOrder(text))
            : column == NameColumn ? QVariant(text)
@@ -88,13 +87,14 @@ QVariant TSymbolListModel::headerData(int section, Qt::Orientation orientation, 
   return {};
 }
 
-// The sign of the change, as it is shown, says which way the price went.
-QColor TSymbolListModel::ColourOf(const TRow& row) const {
+// The sign of the change, as it is shown, says which way the price went; the palette's colour where
+// it went nowhere.
+QVariant TSymbolListModel::ColourOf(const TRow& row) const {
   const QString& change = row.Texts[ChangeColumn];
   const char* name = change.startsWith(u'+')   ? "coUpText"
                      : change.startsWith(u'-') ? "coDownText"
                                                : nullptr;
-  return name ? Platform::ToQColor(services_.Skin.GetColour(0, name)) : QColor();
+  return name ? QVariant(Platform::ToQColor(services_.Skin.GetColour(0, name))) : QVariant();
 }
 
 void TSymbolListModel::Update() {

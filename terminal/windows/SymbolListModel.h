@@ -56,7 +56,7 @@ private:
   void AddListed();
   void MarkStale(std::size_t row);
   TTexts TextsOf(std::size_t row) const;
-  QColor ColourOf(const TRow& row) const;
+  QVariant ColourOf(const TRow& row) const;
 
   TServices& services_;
   System::TObject owner_;

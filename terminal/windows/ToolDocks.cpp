@@ -138,7 +138,8 @@ void TToolDocks::ShareRoom(QDockWidget* view) {
   window_.resizeDocks({view, symbolsDock_}, {left, right}, Qt::Horizontal);
   window_.resizeDocks({chartDock_, ticketDock_}, {3 * right / 5, 2 * right / 5}, Qt::Horizontal);
   const int height = window_.height();
-  window_.resizeDocks({view, blotterDock_}, {view->sizeHint().height(), height / 3}, Qt::Vertical);
+  const int top = view->sizeHint().height();
+  window_.resizeDocks({view, blotterDock_}, {top, height - top}, Qt::Vertical);
   window_.resizeDocks({symbolsDock_, ticketDock_}, {height / 2, height / 2}, Qt::Vertical);
 }
 

@@ -266,11 +266,72 @@ TEST_F(MarketFeed, DelayedQuotesAreAQuarterOfAnHourOldAndHaveNoQueue) {
   Feed.SetFeedType(Constdef::FeedType_Delayed);
   Player.Simulate({simulation.Seed, 9h + 55min});
   Player.Step(0);
-  const auto delayed = Feed.Present();
-  ASSERT_EQ(delayed.size(), early.size());
-  for (std::size_t i = 0; i < early.size(); ++i)
-    EXPECT_EQ(delayed[i].Fields, early[i].Fields) << early[i].Symbol;
+  ASSERT_EQ(Feed.Present().size(), early.size());
+  for (const auto& record : early) {
+    const auto* shown = Services.Subscriptions.Find(record.Symbol);
+    for (const auto& [field, value] : record.Fields)
+      EXPECT_EQ(shown->GetText(field), *value) << record.Symbol << " " << field;
+    EXPECT_FALSE(shown->HasValue(120)) << record.Symbol;
+    EXPECT_FALSE(shown->HasValue(121)) << record.Symbol;
+  }
   EXPECT_EQ(Player.Position(), 9h + 55min);
+}
+
+TEST_F(MarketFeed, RecordingShowsItsQueueWhereverQuotesAreNotDelayed) {
+  Play("{\"t\":\"09:30:00\",\"s\":\"700\",\"f\":{\"1\":\"5\",\"120\":\"B\",\"121\":\"A\"}}\n");
+  Player.Step(0);
+  EXPECT_EQ(Record().GetText(120), "B");
+  Feed.SetFeedType(Constdef::FeedType_Delayed);
+  EXPECT_EQ(Record().GetText(1), "5");
+  EXPECT_FALSE(Record().HasValue(120));
+  EXPECT_FALSE(Record().HasValue(121));
+  Feed.SetFeedType(Constdef::FeedType_Streaming);
+  EXPECT_EQ(Record().GetText(1), "5");
+  EXPECT_EQ(Record().GetText(120), "B");
+  EXPECT_EQ(Record().GetText(121), "A");
+}
+
+TEST_F(MarketFeed, RealTimeQuotesOfASimulationAreGoneAsSoonAsItIsDelayed) {
+  Player.Simulate(simulation);
+  Player.Step(0);
+  const std::string symbol = Feed.Present().at(0).Symbol;
+  ASSERT_EQ(Services.Subscriptions.Find(symbol)->GetState(), Constdef::RecordState_Ready);
+  Feed.SetFeedType(Constdef::FeedType_Delayed);
+  EXPECT_EQ(Services.Subscriptions.Find(symbol)->GetState(), Constdef::RecordState_None);
+  EXPECT_TRUE(Feed.Present().empty());
+  Player.Step(0);
+  EXPECT_EQ(Services.Subscriptions.Find(symbol)->GetState(), Constdef::RecordState_Ready);
+}
+
+TEST_F(MarketFeed, AnotherFeedTypeMakesNoDataNew) {
+  Feed.SetFeedType(Constdef::FeedType_PerClick);
+  EXPECT_FALSE(Feed.Age());
+}
+
+TEST_F(MarketFeed, UnknownFeedTypeChangesNothing) {
+  Play(market);
+  Player.Step(0);
+  for (const int type : {0, 4, -1}) {
+    Feed.SetFeedType(type);
+    EXPECT_EQ(Feed.FeedType(), Constdef::FeedType_Streaming);
+    EXPECT_EQ(Services.Vendor.FeedType(), Constdef::FeedType_Streaming);
+  }
+  EXPECT_EQ(Record().GetText(1), "5");
+}
+
+TEST_F(MarketFeed, PresentHasNoTradesPerClickEither) {
+  Feed.SetFeedType(Constdef::FeedType_PerClick);
+  Play("{\"t\":\"09:30:00\",\"s\":\"700\",\"f\":{\"1\":\"5\"},\"trade\":{\"time\":\"09:30:00\","
+       "\"side\":\"B\",\"qty\":\"100\",\"price\":\"5\"}}\n");
+  int trades = 0;
+  QObject::connect(&Player, &MarketPlayer::Batch, [&trades](const auto& changes) {
+    for (const auto& change : changes)
+      trades += static_cast<int>(change.Trades.size());
+  });
+  Player.Step(0);
+  EXPECT_EQ(trades, 1);
+  ASSERT_EQ(Feed.Present().size(), 1u);
+  EXPECT_TRUE(Feed.Present()[0].Trades.empty());
 }
 
 TEST_F(MarketFeed, DeskTradesInTheSimulatedMarketAndNotInARecording) {

@@ -242,4 +242,33 @@ TEST(MarketPlayer, ASlotMayOpenTheNextRecording) {
   EXPECT_EQ(listener.Market["7"][3], "y");
 }
 
+TEST(MarketPlayer, NothingMoreIsToldOfARecordingThatASlotHasReplaced) {
+  const TemporaryFile first(ThreeSeconds());
+  const TemporaryFile second(Line("12:00:00", "7", 3, "x"));
+  MarketPlayer player;
+  Listener listener(player);
+  player.Open(PathOf(first));
+  QObject::connect(&player, &MarketPlayer::Reset, &player, [&] {
+    if (player.Path() == PathOf(first))
+      player.Open(PathOf(second));
+  });
+  player.Step(60000);
+  EXPECT_EQ(listener.Taken(), "header reset ");
+  EXPECT_EQ(player.State(), MarketPlayer::TState::Indexing);
+  player.Step(0);
+  EXPECT_EQ(listener.Taken(), "header reset batch finished ");
+  EXPECT_FALSE(listener.Market.contains("5"));
+}
+
+TEST(MarketPlayer, IsNoLongerFinishedOnceAJumpWasAskedFor) {
+  MarketPlayer player;
+  player.Simulate({5, 16h + 10min});
+  player.Step(0);
+  ASSERT_EQ(player.State(), MarketPlayer::TState::Finished);
+  QSignalSpy states(&player, &MarketPlayer::StateChanged);
+  player.Jump(Market::TJump::Opening);
+  ASSERT_EQ(states.size(), 1);
+  EXPECT_EQ(states[0][0].value<MarketPlayer::TState>(), MarketPlayer::TState::Paused);
+}
+
 } // namespace

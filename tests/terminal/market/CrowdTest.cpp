@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <memory>
 #include <set>
 
@@ -125,6 +126,67 @@ TEST(Crowd, AShockBringsACoolingOffWithinAMinuteAndAHalf) {
   EXPECT_GT(market.CoolingOff()->Start, shock.Time);
 }
 
+/// What happens in one instrument between two looks at its book.
+struct TActs {
+  int Bids = 0, Asks = 0, Cancels = 0;
+  std::vector<TPrice> Prices; ///< of the orders entered
+};
+
+std::map<TOrderId, TBookOrder> OrdersOf(const TOrderBook& book) {
+  std::map<TOrderId, TBookOrder> orders;
+  for (const TSide side : {TSide::Bid, TSide::Ask})
+    book.VisitOrders(side, [&](const TBookOrder& order, int) {
+      orders.emplace(order.Id, order);
+      return true;
+    });
+  return orders;
+}
+
+TActs ActsUntil(TCrowdRun& run, std::size_t position, TTimeOfDay time) {
+  TActs acts;
+  auto before = OrdersOf(run.Owned[position]->Book());
+  while (run.Crowd->NextDue() <= time) {
+    const std::size_t trades = run.Ears.Trades.size();
+    if (run.Crowd->Act() != position)
+      continue;
+    auto after = OrdersOf(run.Owned[position]->Book());
+    acts.Cancels += after.size() < before.size() && run.Ears.Trades.size() == trades ? 1 : 0;
+    for (const auto& [id, order] : after)
+      if (!before.contains(id)) {
+        ++(order.Side == TSide::Bid ? acts.Bids : acts.Asks);
+        acts.Prices.push_back(order.Price);
+      }
+    before = std::move(after);
+  }
+  return acts;
+}
+
+/// The number is the seed.
+class CrowdInCoolingOff : public testing::TestWithParam<std::uint64_t> {};
+
+TEST_P(CrowdInCoolingOff, KeepsBiddingOfferingAndCancellingWithinTheLimits) {
+  TCrowdRun run(GetParam());
+  const TShock shock = run.Crowd->Shocks().front();
+  TInstrumentMarket& market = *run.Owned[shock.Instrument];
+  run.RunUntil(shock.Time);
+  while (!market.CoolingOff())
+    run.Crowd->Act();
+  const TCoolingOff coolingOff = *market.CoolingOff();
+  for (TTimeOfDay minute = coolingOff.Start + 1min; minute <= coolingOff.End; minute += 1min) {
+    SCOPED_TRACE(minute / 1s);
+    const std::int64_t trades = market.Figures().Trades;
+    const TActs acts = ActsUntil(run, shock.Instrument, minute - 1us);
+    EXPECT_GT(acts.Bids, 5);
+    EXPECT_GT(acts.Asks, 5);
+    EXPECT_GT(acts.Cancels, 5);
+    EXPECT_GT(market.Figures().Trades, trades);
+    for (const TPrice price : acts.Prices)
+      EXPECT_TRUE(coolingOff.Limits.Hold(price)) << price;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(UpAndDown, CrowdInCoolingOff, testing::Values(4, 700));
+
 TEST(Crowd, ACalledContractStopsTrading) {
   TCrowdRun run(4);
   run.RunUntil(9h + 45min);
@@ -137,7 +199,7 @@ TEST(Crowd, ACalledContractStopsTrading) {
   const auto figures = [&] { return underlying.Figures(); };
   for (int sold = 0; sold < 100 && *figures().Low > 295'000; ++sold)
     underlying.Enter(
-        {run.Crowd->NewOrderId(), TSide::Ask, TOrderKind::Market, 0, 1'000'000, UserBroker});
+        {run.Crowd->NewOrderId(), TSide::Ask, TOrderKind::Market, 0, 300'000, UserBroker});
   ASSERT_LE(*figures().Low, 295'000);
   EXPECT_TRUE(run.Crowd->IsCalled(bull));
   run.RunUntil(9h + 46min);

@@ -98,6 +98,16 @@ TEST_F(MarketInstrument, WhatIsNoOrderIsRejected) {
   EXPECT_EQ(Market.Book().OrderCount(), 0u);
 }
 
+TEST_F(MarketInstrument, AnOrderHasThreeThousandBoardLotsAtMost) {
+  Market.AdvanceTo(10h);
+  EXPECT_EQ(Rig.Bid(50'000, 300'100).Rejection, TRej::QuantityTooLarge);
+  EXPECT_EQ(Rig.AtMarket(TSide::Bid, 300'100).Rejection, TRej::QuantityTooLarge);
+  EXPECT_EQ(Market.Book().OrderCount(), 0u);
+  EXPECT_EQ(Rig.Bid(50'000, 300'000).Open, 300'000);
+  EXPECT_EQ(Market.Change(Rig.LastId, 50'000, 300'100).Rejection, TRej::QuantityTooLarge);
+  EXPECT_EQ(Market.Book().Find(Rig.LastId)->Quantity, 300'000);
+}
+
 TEST(MarketInstrumentCheap, OrdersNineTimesOrANinthOfTheNominalPriceAreRejected) {
   TInstrumentSettings settings = TMarketRig::Usual();
   settings.PreviousClose = 9'000;

@@ -31,7 +31,9 @@ struct TFlowRun {
       Times.push_back(*Flow.Due());
       const std::size_t before = Market.Book().OrderCount();
       Flow.Act(Market, Fair, 1, ++LastId);
-      Entered += Market.Book().Find(LastId) ? 1 : 0;
+      const TBookOrder* entered = Market.Book().Find(LastId);
+      Entered += entered ? 1 : 0;
+      Largest = std::max(Largest, entered ? entered->Quantity : 0);
       Cancelled += Market.Book().OrderCount() < before && LastTrades == Ears.Trades.size() ? 1 : 0;
       LastTrades = Ears.Trades.size();
     }
@@ -60,6 +62,7 @@ struct TFlowRun {
   TOrderId LastId = 0;
   std::vector<TTimeOfDay> Times;
   int Entered = 0, Cancelled = 0;
+  TQuantity Largest = 0; ///< of the orders that came to stand in the book
   std::size_t LastTrades = 0;
 };
 
@@ -181,6 +184,12 @@ TEST(OrderFlow, SizesHaveAHeavyTail) {
   // Of an exponential distribution the two ratios would be 2 and 1.5.
   EXPECT_GT(quantile(0.99) / quantile(0.9), 2.5);
   EXPECT_GT(quantile(0.999) / quantile(0.99), 2);
+}
+
+TEST(OrderFlow, LargeOrdersStopAtWhatTheExchangeAccepts) {
+  TFlowRun run(1, "600816"); // the largest mean size
+  run.RunUntil(12h);
+  EXPECT_EQ(run.Largest, 3000 * run.Instrument.BoardLot);
 }
 
 TEST(OrderFlow, ThePriceFollowsTheFairValue) {

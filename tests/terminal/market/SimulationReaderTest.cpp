@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <semaphore>
 
 namespace {
 
@@ -176,15 +178,75 @@ TEST_F(SimulationReader, SlowOwnerFindsOneChangeASymbol) {
   EXPECT_GT(news.Changes.size(), 10u);
 }
 
-TEST(SimulationReaderEnd, StopsInTheMidstOfARun) {
-  int progress = 0;
-  {
-    Market::SimulationReader reader({seed, 16h}, [] {});
-    while (progress == 0)
-      for (const auto& news : reader.Take().Progress)
-        progress = news.PerCent;
+TEST_F(SimulationReader, RequestToADayThatIsOverHasNoAnswerInTheNext) {
+  const auto request = [this](int number) {
+    Reader.Request({TOrderAction::Submit, number, "nothing", TSide::Bid, 1, 1});
+  };
+  Step();
+  Reader.Seek(9h + 30min);
+  Reader.Step(0ms); // the new day stands, and nobody has heard of it
+  request(7);
+  EXPECT_TRUE(Step().Reports.empty());
+  EXPECT_TRUE(Step().Reports.empty());
+  request(1);
+  const auto reports = Step().Reports;
+  ASSERT_EQ(reports.size(), 1u);
+  EXPECT_EQ(std::get<TUserOrder>(reports[0]).Number, 1);
+}
+
+TEST_F(SimulationReader, JumpWaitsForTheSeekThatWasAskedForBefore) {
+  Reader.Seek(9h + 40min);
+  Reader.Jump(TJump::Opening);
+  Step();
+  EXPECT_EQ(Reader.Position(), 13h);
+}
+
+TEST_F(SimulationReader, SeekTakesBackWhatWasNotToldYet) {
+  Step();
+  Reader.Jump(TJump::CoolingOff);
+  Reader.Step(0ms);
+  Reader.Seek(16h + 10min);
+  EXPECT_TRUE(Reader.Take().CoolingOff.empty());
+  Reader.Step(0ms);
+  ASSERT_TRUE(Reader.IsAtEnd());
+  Reader.Seek(9h);
+  EXPECT_FALSE(Reader.Take().Finished);
+  const auto news = Step();
+  EXPECT_EQ(news.Time, 9h);
+  EXPECT_TRUE(news.CoolingOff.empty());
+  EXPECT_FALSE(news.Finished);
+}
+
+TEST_F(SimulationReader, NoChangeOfTheMarketComesOnceItIsToBeDelayed) {
+  Step();
+  Reader.Step(1s);
+  Reader.SetDelay(15min);
+  const auto news = Reader.Take();
+  EXPECT_TRUE(news.Changes.empty() || news.Reset);
+}
+
+TEST(SimulationReaderRun, CoolingOffIsNamedTogetherWithItsBatch) {
+  std::binary_semaphore told(0);
+  std::binary_semaphore taken(0);
+  std::atomic<bool> isOver = false;
+  const auto wake = [&] {
+    if (isOver)
+      return;
+    told.release();
+    taken.acquire();
+  };
+  Market::SimulationReader reader({seed, 9h + 31min}, wake);
+  reader.Jump(TJump::CoolingOff);
+  TReaderNews news;
+  while (news.CoolingOff.empty() && !news.Finished) {
+    told.acquire();
+    news = reader.Take();
+    isOver = !news.CoolingOff.empty() || news.Finished;
+    taken.release();
   }
-  EXPECT_LT(progress, 50);
+  const auto isIt = [&news](const auto& change) { return change.Symbol == news.CoolingOff; };
+  EXPECT_FALSE(news.CoolingOff.empty());
+  EXPECT_TRUE(std::ranges::any_of(news.Changes, isIt));
 }
 
 } // namespace

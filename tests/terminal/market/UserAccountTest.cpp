@@ -158,8 +158,9 @@ TEST_F(UserAccount, RejectionsSayWhy) {
     const char* Reason;
   };
   int number = 0;
-  for (const TCase& wrong : {TCase{4'995, 500, Refused_Tick}, TCase{4'990, 400, Refused_Lot},
-                             TCase{5'100, 500, Refused_Limit}}) {
+  for (const TCase& wrong :
+       {TCase{4'995, 500, Refused_Tick}, TCase{4'990, 400, Refused_Lot},
+        TCase{4'990, 1'500'500, Refused_Size}, TCase{5'100, 500, Refused_Limit}}) {
     Submit(++number, TSide::Bid, wrong.Price, wrong.Quantity);
     const auto order = Only<TUserOrder>();
     EXPECT_EQ(order.Status, TOrderStatus::Rejected);
@@ -178,6 +179,18 @@ TEST_F(UserAccount, NoOrderIsTakenAtLunchButOneMayBeCancelled) {
   EXPECT_EQ(Only<TUserOrder>().Reason, Refused_Phase);
   Cancel(1);
   EXPECT_EQ(Only<TUserOrder>().Status, TOrderStatus::Cancelled);
+}
+
+TEST_F(UserAccount, NumberThatIsUsedAgainStartsAfresh) {
+  Submit(1, TSide::Bid, 4'990, 1'000);
+  Other(TSide::Ask, 4'990, 500);
+  Cancel(1);
+  Account.TakeReports();
+  Submit(1, TSide::Bid, 4'980, 500);
+  const auto order = Only<TUserOrder>();
+  EXPECT_EQ(order.Status, TOrderStatus::Working);
+  EXPECT_EQ(order.Filled, 0);
+  EXPECT_EQ(order.AveragePrice, 0);
 }
 
 TEST_F(UserAccount, OrderThatIsLeftAtTheEndOfTheDayIsCancelled) {

@@ -80,6 +80,18 @@ TEST(Conflator, KeepsTheLatestTradesOldestFirst) {
   EXPECT_EQ(trades.back().Quantity, std::to_string(count - 1));
 }
 
+TEST(Conflator, KeepsAsManyTradesAsItIsAskedTo) {
+  Conflator conflator(5);
+  for (int i = 0; i < 1000; ++i) {
+    conflator.Merge(TradeOf(i));
+    ASSERT_LT(conflator.Changes()[0].Trades.size(), 10u);
+  }
+  const auto trades = conflator.Take()[0].Trades;
+  ASSERT_EQ(trades.size(), 5u);
+  EXPECT_EQ(trades.front().Quantity, "995");
+  EXPECT_EQ(trades.back().Quantity, "999");
+}
+
 TEST(Conflator, DoesNotGrowWithTheNumberOfChanges) {
   Conflator conflator;
   for (int i = 0; i < 10000; ++i)
