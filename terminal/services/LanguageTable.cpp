@@ -60,7 +60,7 @@ const TTextRow resourceTexts[] = {
     {"Res_HideQtyBtn", "隱藏數量按鈕", "隐藏数量按钮", "Hide quantity buttons"},
     {"Res_Less", "收起", "收起", "Less"},
     {"Res_Linked", "同資產產品", "同标的产品", "Linked"},
-    {"Res_LiqProvider", "流通量提供者", "流通量提供者", "Liq Provider"},
+    {"Res_LiqProvider", "莊家", "做市商", "LP"},
     {"Res_Lock", "鎖定", "锁定", "Lock"},
     {"Res_Market", "市場", "市场", "Market"},
     {"Res_More", "展開", "展开", "More"},
