@@ -206,6 +206,8 @@ TEST_F(THintsTest, AnotherSymbolForgetsTheLastRow) {
 }
 
 TEST_F(THintsTest, TheQueueOfTheMomentIsNamedAlsoBeforeTheRefresh) {
+  frameInterval = 2000; // long enough for a busy machine to come before the refresh
+  host.config.SetCurrent("QuorPriceUpdateInterval", std::to_string(frameInterval).c_str());
   Show();
   host.Record("700").Set(120, "5678").Update();
   MoveTo(1, 55);
