@@ -6,7 +6,8 @@
 
 namespace Baseconfigmanager {
 
-/// Configuration values by section and key, with change notification.
+/// Configuration values by section and key (Constdef::Section_... and Key_...), with change
+/// notification.
 class QUOR_EXPORT TCustomConfigManager : public Host::TService<TCustomConfigManager> {
 public:
   ~TCustomConfigManager() override;

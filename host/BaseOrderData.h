@@ -18,6 +18,7 @@ public:
   virtual void SetPrice(double price) = 0;
   /// In shares.
   virtual void SetQuantity(double quantity) = 0;
+  /// A value by name: Constdef::OrderValue_...
   virtual void SetValue(std::string_view name, std::string_view value) = 0;
 };
 

@@ -10,9 +10,9 @@ class QUOR_EXPORT TCustomSubscribeAdapter : public Host::TService<TCustomSubscri
 public:
   ~TCustomSubscribeAdapter() override;
 
-  /// The record of `symbol` from the data set `source`, shared by all its subscribers; each call
-  /// is undone by one Unsubscribe or Release. Null when the symbol is empty. `flag`: packages
-  /// pass true.
+  /// The record of `symbol` from the data set `source`, Constdef::DataSet_..., shared by all its
+  /// subscribers; each call is undone by one Unsubscribe or Release. Null when the symbol is empty.
+  /// `flag`: packages pass true.
   virtual Basesubscribedata::TCustomSubItem* Subscribe(std::string_view symbol,
                                                        std::string_view source, bool flag) = 0;
   /// Undoes one Subscribe. The record must not be used afterwards.

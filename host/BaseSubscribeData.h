@@ -6,8 +6,8 @@
 
 namespace Basesubscribedata {
 
-/// One symbol's market-data record: texts by field number. Host-owned; valid from subscription
-/// until the subscriber's release. User-interface thread only.
+/// One symbol's market-data record: texts by field number, Host::Field::... Host-owned; valid from
+/// subscription until the subscriber's release. User-interface thread only.
 class QUOR_EXPORT TCustomSubItem : public System::TObject {
 public:
   ~TCustomSubItem() override;

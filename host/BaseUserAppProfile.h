@@ -11,6 +11,7 @@ class QUOR_EXPORT TCustomUserAppProfile : public Host::TService<TCustomUserAppPr
 public:
   ~TCustomUserAppProfile() override;
 
+  /// `function`: Constdef::Function_...
   virtual bool IsFunctionGranted(std::string_view function) = 0;
 };
 

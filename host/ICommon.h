@@ -17,10 +17,10 @@ public:
   /// A size or a volume, in shares. Zero is "0".
   virtual bool FormatVolume(const Basesubscribedata::TCustomSubItem& record, int field,
                             std::string& text) = 0;
-  /// Change against the previous close, in currency units, with its sign: field 48, or nominal less
-  /// previous close where the feed leaves it out.
+  /// Change against the previous close, in currency units, with its sign: Host::Field::Change, or
+  /// nominal less previous close where the feed leaves it out.
   virtual bool FormatChange(const Basesubscribedata::TCustomSubItem& record, std::string& text) = 0;
-  /// The same in per cent: field 130, or worked out likewise.
+  /// The same in per cent: Host::Field::ChangePercent, or worked out likewise.
   virtual bool FormatChangePercent(const Basesubscribedata::TCustomSubItem& record,
                                    std::string& text) = 0;
 };

@@ -26,10 +26,9 @@ bool IsNumber(std::string_view text) {
 }
 
 std::string_view WithoutFirstCharacter(std::string_view text) {
-  const auto isContinuation = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
   do
     text.remove_prefix(1);
-  while (!text.empty() && isContinuation(text.front()));
+  while (!text.empty() && IsContinuation(text.front()));
   return text;
 }
 

@@ -5,7 +5,6 @@
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
 #include "model/DepthLadder.h"
-#include "model/RecordFields.h"
 
 #include <algorithm>
 
@@ -16,26 +15,12 @@ using Baseorderadapter::TCustomOrderAdapter;
 
 namespace {
 
-constexpr std::string_view OrderFlagsName = "OrderFlags";
 constexpr std::string_view OrderFlagsOfBid = "1";
 
-std::optional<int> SideOfDepthColumn(int column) {
-  switch (column) {
-  case Column::BidPrice:
-  case Column::BidSize:
-    return Side::Bid;
-  case Column::AskPrice:
-  case Column::AskSize:
-    return Side::Ask;
-  default:
-    return std::nullopt;
-  }
-}
-
 bool IsHeaderPrice(int field) {
-  constexpr std::array prices = {
-      Field::Nominal, Field::StrikePrice,     Field::PreviousClose,   Field::Low,
-      Field::High,    Field::PriceUpperLimit, Field::PriceLowerLimit, Field::Open};
+  constexpr std::array prices = {Field::Nominal,    Field::StrikePrice, Field::PreviousClose,
+                                 Field::Low,        Field::High,        Field::UpperLimit,
+                                 Field::LowerLimit, Field::Open};
   return std::find(prices.begin(), prices.end(), field) != prices.end();
 }
 
@@ -66,19 +51,18 @@ std::optional<double> LevelPrice(const TCopySource& source, int field, TLevelPos
 
 /// In the default style, a click on the best size asks for that size by its column.
 int QuantityField(int field, TLevelPosition position, int column) {
-  const bool isBestSize =
-      position.Level == 0 &&
-      column == (position.Side == Side::Bid ? Column::BidSize : Column::AskSize);
+  const bool isBestSize = position.Level == 0 &&
+                          DepthColumnOf(column) == TDepthColumn{position.Side, TDepthColumn::Size};
   return isBestSize ? column : field;
 }
 
 } // namespace
 
 int DepthCellField(TQuorMode mode, int row, int column) {
-  const auto side = SideOfDepthColumn(column);
-  if (!side)
+  const auto depthColumn = DepthColumnOf(column);
+  if (!depthColumn)
     return Field::None;
-  const auto& prices = FieldsOf(*side)->Price;
+  const auto& prices = FieldsOf(depthColumn->Side)->Price;
   const TDepthRow depthRow = DepthRowAt(mode, row);
   switch (depthRow.Kind) {
   case TDepthRow::BestPrice:
@@ -98,7 +82,7 @@ double CopyPriceQuantity(const TCustomSubItem* record, TCopyPriceQtyMode mode, i
     return field == Field::BestBidSize || field == Field::BestAskSize ? record->GetNumber(field)
                                                                       : 0;
   case cpqmOneLot:
-    return record->GetNumber(Field::LotSize);
+    return record->GetNumber(Field::BoardLot);
   case cpqmSummary: {
     const auto position = LevelOfPriceField(field);
     return position ? SizeDownTo(*record, *position) : 0;
@@ -130,7 +114,7 @@ void TCopiedOrder::FillFromLevel(const TCopySource& source, int field, TLevelPos
       source.Mode == cpqmDefault ? QuantityField(field, position, column) : field;
   order_->SetQuantity(CopyPriceQuantity(&source.Record, source.Mode, quantityField));
   if (position.Side == Side::Bid)
-    order_->SetValue(OrderFlagsName, OrderFlagsOfBid);
+    order_->SetValue(Constdef::OrderValue_Flags, OrderFlagsOfBid);
 }
 
 void TCopiedOrder::FillFromHeader(const TCopySource& source, int field) {

@@ -3,7 +3,6 @@
 #include "host/BaseFormatter.h"
 #include "host/BaseMarketAdapter.h"
 #include "host/ConstDef.h"
-#include "model/RecordFields.h"
 
 namespace Quorpricedatacontrol {
 
@@ -12,24 +11,17 @@ using Basemarketadapter::TCustomMarketAdapter;
 
 namespace {
 
-/// Grid rows of a layout's depth part.
-struct TDepthRows {
-  int BestPrice, PriceStep, FirstLevel;
-};
-
-constexpr TDepthRows SimpleRows = {1, 2, 3};
-constexpr TDepthRows FullRows = {6, 7, 8};
 constexpr int LevelsOfFiveLevelLayout = 5;
 
-bool IsLevel(int level) { return level >= 0 && level < DepthLevels; }
+bool IsLevel(int level) { return level >= 0 && level < Field::DepthLevels; }
 
-int FieldOf(const std::array<int, DepthLevels>& fields, int level) {
+int FieldOf(const std::array<int, Field::DepthLevels>& fields, int level) {
   return fields[static_cast<std::size_t>(level)];
 }
 
 /// The best level is no evidence: its fields exist in every feed.
-TMarketDataType DetectOnSide(const TCustomSubItem& record, const TLevelFields& fields) {
-  for (int level = 1; level < DepthLevels; ++level)
+TMarketDataType DetectOnSide(const TCustomSubItem& record, const Field::TSide& fields) {
+  for (int level = 1; level < Field::DepthLevels; ++level)
     if (record.HasValue(FieldOf(fields.Size, level)))
       return record.HasValue(FieldOf(fields.Price, level)) ? mdtPriced : mdtOrderCount;
   return mdtUnknown;
@@ -44,27 +36,46 @@ std::string OrderCountText(const TCustomSubItem* record, int field) {
 
 } // namespace
 
-const TLevelFields* FieldsOf(int side) {
+const Field::TSide* FieldsOf(int side) {
   if (side == Side::Bid)
-    return &BidFields;
-  return side == Side::Ask ? &AskFields : nullptr;
+    return &Field::Bid;
+  return side == Side::Ask ? &Field::Ask : nullptr;
 }
 
 std::optional<TLevelPosition> LevelOfPriceField(int field) {
   for (const int side : {Side::Bid, Side::Ask})
-    for (int level = 0; level < DepthLevels; ++level)
+    for (int level = 0; level < Field::DepthLevels; ++level)
       if (FieldOf(FieldsOf(side)->Price, level) == field)
         return TLevelPosition{side, level};
   return std::nullopt;
 }
 
+std::optional<TDepthColumn> DepthColumnOf(int column) {
+  switch (column) {
+  case Column::BidPrice:
+    return TDepthColumn{Side::Bid, TDepthColumn::Price};
+  case Column::BidSize:
+    return TDepthColumn{Side::Bid, TDepthColumn::Size};
+  case Column::AskPrice:
+    return TDepthColumn{Side::Ask, TDepthColumn::Price};
+  case Column::AskSize:
+    return TDepthColumn{Side::Ask, TDepthColumn::Size};
+  default:
+    return std::nullopt;
+  }
+}
+
+TDepthRows DepthRowsOf(TQuorMode mode) {
+  return mode == qm10Simple ? TDepthRows{1, 2, 3} : TDepthRows{6, 7, 8};
+}
+
 TDepthRow DepthRowAt(TQuorMode mode, int row) {
-  const TDepthRows& rows = mode == qm10Simple ? SimpleRows : FullRows;
+  const TDepthRows rows = DepthRowsOf(mode);
   if (row == rows.BestPrice)
     return {TDepthRow::BestPrice};
   if (row == rows.PriceStep)
     return {TDepthRow::PriceStep};
-  if (row >= rows.FirstLevel && row < rows.FirstLevel + DepthLevels)
+  if (row >= rows.FirstLevel && row < rows.FirstLevel + Field::DepthLevels)
     return {TDepthRow::Level, row - rows.FirstLevel};
   return {};
 }
@@ -77,17 +88,17 @@ TDepthRow ShownDepthRowAt(TQuorMode mode, int row) {
 }
 
 TMarketDataType DetectMarketDataType(const TCustomSubItem& record) {
-  const TMarketDataType type = DetectOnSide(record, BidFields);
-  return type != mdtUnknown ? type : DetectOnSide(record, AskFields);
+  const TMarketDataType type = DetectOnSide(record, Field::Bid);
+  return type != mdtUnknown ? type : DetectOnSide(record, Field::Ask);
 }
 
 std::string BestPriceText(const TCustomSubItem* record, int side) {
-  const TLevelFields* fields = FieldsOf(side);
+  const Field::TSide* fields = FieldsOf(side);
   return fields ? PriceText(record, fields->Price.front()) : std::string();
 }
 
 std::string BestPriceStepText(const TCustomSubItem* record, int side) {
-  const TLevelFields* fields = FieldsOf(side);
+  const Field::TSide* fields = FieldsOf(side);
   if (!fields || !IsReady(record) || record->GetText(fields->Price.front()).empty())
     return {};
   const auto* table = ReadySpreadTable(*record);
@@ -99,7 +110,7 @@ std::string BestPriceStepText(const TCustomSubItem* record, int side) {
 
 std::string LevelPriceText(const TCustomSubItem* record, TMarketDataType type, int level,
                            int side) {
-  const TLevelFields* fields = FieldsOf(side);
+  const Field::TSide* fields = FieldsOf(side);
   if (!fields || !IsLevel(level) || type == mdtUnknown)
     return {};
   return type == mdtPriced ? PriceText(record, FieldOf(fields->Price, level))
@@ -107,13 +118,13 @@ std::string LevelPriceText(const TCustomSubItem* record, TMarketDataType type, i
 }
 
 std::string LevelSizeText(const TCustomSubItem* record, int level, int side) {
-  const TLevelFields* fields = FieldsOf(side);
+  const Field::TSide* fields = FieldsOf(side);
   return fields && IsLevel(level) ? VolumeText(record, FieldOf(fields->Size, level))
                                   : std::string();
 }
 
 const Basemarketadapter::TCustomSpreadTable* ReadySpreadTable(const TCustomSubItem& record) {
-  const std::string_view code = record.GetText(Field::SpreadTable);
+  const std::string_view code = record.GetText(Field::SpreadCode);
   const auto* table =
       code.empty() ? nullptr : TCustomMarketAdapter::GetInstance()->GetSpreadTable(code);
   return table && table->State() == Constdef::SpreadState_Ready ? table : nullptr;

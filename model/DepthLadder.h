@@ -4,7 +4,6 @@
 #include "model/QuorTypes.h"
 #include "model/RecordText.h"
 
-#include <array>
 #include <optional>
 #include <string>
 
@@ -12,28 +11,8 @@
 /// how they read. Everything that does not exist has an empty text.
 namespace Quorpricedatacontrol {
 
-inline constexpr int DepthLevels = 10;
-
-/// Record fields of one side's levels, best level first.
-struct TLevelFields {
-  std::array<int, DepthLevels> Price;
-  std::array<int, DepthLevels> Size;
-  std::array<int, DepthLevels> Count; ///< numbers of orders
-};
-
-inline constexpr TLevelFields BidFields = {
-    {1, 81, 82, 83, 84, 3180, 3181, 3182, 3183, 3184},
-    {16, 51, 52, 53, 54, 3155, 3156, 3157, 3158, 3159},
-    {55, 56, 57, 58, 59, 3136, 3137, 3138, 3139, 3140},
-};
-inline constexpr TLevelFields AskFields = {
-    {2, 91, 92, 93, 94, 3190, 3191, 3192, 3193, 3194},
-    {19, 61, 62, 63, 64, 3165, 3166, 3167, 3168, 3169},
-    {65, 66, 67, 68, 69, 3146, 3147, 3148, 3149, 3150},
-};
-
 /// Null for anything but a side.
-const TLevelFields* FieldsOf(int side);
+const Field::TSide* FieldsOf(int side);
 
 /// A level of one side, counted from 0, the best.
 struct TLevelPosition {
@@ -43,6 +22,25 @@ struct TLevelPosition {
 
 /// The level whose price a field holds; nothing for any other field.
 std::optional<TLevelPosition> LevelOfPriceField(int field);
+
+/// Where a price or size column of the depth grid stands.
+struct TDepthColumn {
+  enum TKind { Price, Size };
+  int Side = Side::Bid;
+  TKind Kind = Price;
+
+  bool operator==(const TDepthColumn&) const = default;
+};
+
+/// Nothing for a column that shows neither prices nor sizes of the book.
+std::optional<TDepthColumn> DepthColumnOf(int column);
+
+/// Grid rows of a layout's depth part. What stands above the best price is header.
+struct TDepthRows {
+  int BestPrice, PriceStep, FirstLevel;
+};
+
+TDepthRows DepthRowsOf(TQuorMode mode);
 
 /// What a grid row shows of the book.
 struct TDepthRow {

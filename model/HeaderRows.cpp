@@ -5,7 +5,7 @@
 #include "host/BaseMarketAdapter.h"
 #include "host/ICommon.h"
 #include "model/QuorDetailDataControl.h"
-#include "model/RecordFields.h"
+#include "model/QuorTypes.h"
 #include "model/ResourceText.h"
 
 #include <algorithm>
@@ -69,7 +69,7 @@ std::string_view CaptionKey(int field) {
     return "Res_Volume";
   case Field::Currency:
     return "Res_Currency";
-  case Field::LotSize:
+  case Field::BoardLot:
     return "Res_LotSize";
   case Field::PreviousClose:
     return "Res_PreClose";
@@ -81,9 +81,9 @@ std::string_view CaptionKey(int field) {
     return "Res_TurnOver";
   case Field::Change:
     return "Res_PRCChange";
-  case Field::PriceUpperLimit:
+  case Field::UpperLimit:
     return "Res_Price_UpLimit";
-  case Field::PriceLowerLimit:
+  case Field::LowerLimit:
     return "Res_Price_DownLimit";
   case Field::AccruedInterest:
     return "Res_AccruedInt";
@@ -115,15 +115,15 @@ std::string HeaderValueText(const TCustomSubItem* record, int field) {
   case Field::PreviousClose:
   case Field::Low:
   case Field::High:
-  case Field::PriceUpperLimit:
-  case Field::PriceLowerLimit:
+  case Field::UpperLimit:
+  case Field::LowerLimit:
   case Field::High52Weeks:
   case Field::Low52Weeks:
   case Field::Open:
     return PriceText(record, field);
   case Field::Volume:
     return VolumeText(record, field);
-  case Field::LotSize:
+  case Field::BoardLot:
     return QuantityText(record, field);
   case Field::Turnover:
     return TurnoverText(*record);
@@ -156,7 +156,7 @@ int THeaderRows::RowOf(int field) const {
 void THeaderRows::SetHeaderAttribute() {
   attributes_ = {Field::None,     Field::High,          Field::Low,     Field::PreviousClose,
                  Field::Change,   Field::ChangePercent, Field::Nominal, Field::Volume,
-                 Field::Turnover, Field::LotSize,       Field::Currency};
+                 Field::Turnover, Field::BoardLot,      Field::Currency};
 }
 
 void THeaderRows::Build(const TCustomSubItem& record) {
@@ -168,9 +168,9 @@ void THeaderRows::Build(const TCustomSubItem& record) {
     attributes_.front() = Field::Open;
   if (record.HasValue(Field::AccruedInterest))
     attributes_.insert(attributes_.begin() + AccruedInterestRow, Field::AccruedInterest);
-  if (record.HasValue(Field::PriceUpperLimit) && record.HasValue(Field::PriceLowerLimit)) {
-    attributes_.insert(attributes_.begin() + PriceUpperLimitRow, Field::PriceUpperLimit);
-    attributes_.insert(attributes_.begin() + PriceLowerLimitRow, Field::PriceLowerLimit);
+  if (record.HasValue(Field::UpperLimit) && record.HasValue(Field::LowerLimit)) {
+    attributes_.insert(attributes_.begin() + PriceUpperLimitRow, Field::UpperLimit);
+    attributes_.insert(attributes_.begin() + PriceLowerLimitRow, Field::LowerLimit);
   }
   ownCount_ = Count();
 }

@@ -1,6 +1,6 @@
 #include "model/InstrumentFigures.h"
 
-#include "model/RecordFields.h"
+#include "model/QuorTypes.h"
 
 #include <cmath>
 
@@ -14,20 +14,16 @@ constexpr int CategoryPosition = 8;
 
 /// First byte of the character at a position counted in characters; 0 beyond the end.
 char CharacterAt(std::string_view text, int position) {
-  for (const char c : text) {
-    const bool isContinuation = (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-    if (!isContinuation && position-- == 0)
+  for (const char c : text)
+    if (!IsContinuation(c) && position-- == 0)
       return c;
-  }
   return 0;
 }
 
+/// True when the first "#" stands at the mark's position.
 bool IsMarkedCBBC(std::string_view name) {
-  return CharacterAt(name, CBBCMarkPosition) == '#' &&
-         CharacterAt(name.substr(0, name.find('#') + 1), CBBCMarkPosition) == '#';
+  return CharacterAt(name.substr(0, name.find('#') + 1), CBBCMarkPosition) == '#';
 }
-
-double Number(const TCustomSubItem* record, int field) { return record->GetNumber(field); }
 
 } // namespace
 
@@ -63,19 +59,19 @@ double GetPrice(const TCustomSubItem* record) {
   const auto status = TextOf(record, Field::Status);
   if (!IsReady(record) || status == "0" || status == "-1")
     return 0;
-  if (const double nominal = Number(record, Field::Nominal); !IsZero(nominal))
+  if (const double nominal = record->GetNumber(Field::Nominal); !IsZero(nominal))
     return nominal;
-  const double bid = Number(record, Field::BestBid), ask = Number(record, Field::BestAsk);
+  const double bid = record->GetNumber(Field::BestBid), ask = record->GetNumber(Field::BestAsk);
   if (const double middle = (bid + ask) / 2; !IsZero(bid) && !IsZero(ask) && !IsZero(middle))
     return middle;
-  return Number(record, Field::PreviousClose);
+  return record->GetNumber(Field::PreviousClose);
 }
 
 double GetGearing(const TCustomSubItem* record, const TCustomSubItem* underlying) {
   if (!record || !underlying)
     return 0;
   const double price = GetPrice(record), underlyingPrice = GetPrice(underlying);
-  const double ratio = Number(record, Field::ConversionRatio);
+  const double ratio = record->GetNumber(Field::ConversionRatio);
   if (IsZero(price) || IsZero(underlyingPrice) || IsZero(ratio))
     return 0;
   return underlyingPrice / price * ratio;
@@ -85,8 +81,8 @@ double GetPremium(const TCustomSubItem* record, const TCustomSubItem* underlying
   if (!record || !underlying)
     return 0;
   const double price = GetPrice(record), underlyingPrice = GetPrice(underlying);
-  const double strike = Number(record, Field::StrikePrice);
-  const double ratio = Number(record, Field::ConversionRatio);
+  const double strike = record->GetNumber(Field::StrikePrice);
+  const double ratio = record->GetNumber(Field::ConversionRatio);
   if (IsZero(price) || IsZero(underlyingPrice) || IsZero(strike) || IsZero(ratio))
     return 0;
   switch (GetCallPutFlag(record)) {
@@ -100,7 +96,7 @@ double GetPremium(const TCustomSubItem* record, const TCustomSubItem* underlying
 }
 
 double GetMarketCap(const TCustomSubItem* record) {
-  return record ? GetPrice(record) * Number(record, Field::IssueSize) : 0;
+  return record ? GetPrice(record) * record->GetNumber(Field::IssueSize) : 0;
 }
 
 } // namespace Quorpricedatacontrol

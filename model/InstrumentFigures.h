@@ -8,10 +8,6 @@
 /// record may be null; a figure that cannot be worked out is 0.
 namespace Quorpricedatacontrol {
 
-/// Kinds of instrument by record field 22 that have details.
-inline constexpr int ProductType_Stock = 1;
-inline constexpr int ProductType_Warrant = 4; ///< CBBCs too
-
 enum TCallPutFlag { cpfUnknown = -1, cpfCall = 0, cpfPut = 1 };
 
 /// What an instrument's name tells of a callable bull/bear contract.

@@ -1,7 +1,7 @@
 #include "model/MarketMechanisms.h"
 
 #include "host/BaseFormatter.h"
-#include "model/RecordFields.h"
+#include "model/QuorTypes.h"
 #include "model/ResourceText.h"
 
 namespace Quorpricedatacontrol {

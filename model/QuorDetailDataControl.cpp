@@ -2,7 +2,7 @@
 
 #include "host/BaseFormatter.h"
 #include "host/BaseSubscribeAdapter.h"
-#include "model/RecordFields.h"
+#include "host/ConstDef.h"
 #include "model/ResourceText.h"
 
 #include <cmath>
@@ -26,9 +26,9 @@ constexpr int TwoDecimals = 1;
 
 std::vector<int> FieldsOfInstrument(int productType, bool isCBBC) {
   using namespace Field;
-  if (productType == ProductType_Stock)
-    return {IssueSize, MarketCapitalisation, PriceEarnings, Yield};
-  if (productType != ProductType_Warrant)
+  if (productType == Constdef::ProductType_Stock)
+    return {IssueSize, MarketCap, PriceEarnings, DividendYield};
+  if (productType != Constdef::ProductType_Warrant)
     return {};
   if (isCBBC)
     return {Underlying,  ExpiryDate,      StrikePrice, CallPrice, CallPut, Category,
@@ -56,16 +56,16 @@ std::string_view HeaderKey(int field, int productType) {
   case Field::ConversionRatio:
     return "Res_Conversion_Ratio";
   case Field::IssueSize:
-    return productType == ProductType_Warrant ? "Res_IssueSize" : "Res_IssuedShares";
+    return productType == Constdef::ProductType_Warrant ? "Res_IssueSize" : "Res_IssuedShares";
   case Field::Premium:
     return "Res_Premium";
   case Field::Gearing:
     return "Res_Gearing";
-  case Field::MarketCapitalisation:
+  case Field::MarketCap:
     return "Res_MarketCap";
   case Field::PriceEarnings:
     return "Res_PE";
-  case Field::Yield:
+  case Field::DividendYield:
     return "Res_Yield";
   default:
     return {};
@@ -147,7 +147,7 @@ void TCustomQuorDetailDataControl::SetSymbol(std::string symbol) {
 
 TCustomSubItem* TCustomQuorDetailDataControl::Subscribe(std::string_view symbol) {
   auto* adapter = TCustomSubscribeAdapter::GetInstance();
-  TCustomSubItem* record = adapter->Subscribe(symbol, PriceDataSet, true);
+  TCustomSubItem* record = adapter->Subscribe(symbol, Constdef::DataSet_Prices, true);
   if (record)
     adapter->SetUpdateHandler(
         record,
@@ -214,7 +214,7 @@ std::string TCustomQuorDetailDataControl::GetDisplayText(int field) const {
   case Field::Underlying:
   case Field::ExpiryDate:
   case Field::PriceEarnings:
-  case Field::Yield:
+  case Field::DividendYield:
     return std::string(record_->GetText(field));
   case Field::StrikePrice:
   case Field::CallPrice:
@@ -233,7 +233,7 @@ std::string TCustomQuorDetailDataControl::GetDisplayText(int field) const {
     return PremiumText();
   case Field::Gearing:
     return GearingText();
-  case Field::MarketCapitalisation:
+  case Field::MarketCap:
     return MarketCapText();
   default:
     return {};
@@ -249,20 +249,20 @@ std::string TCustomQuorDetailDataControl::IssueSizeText() const {
 }
 
 std::string TCustomQuorDetailDataControl::PremiumText() const {
-  if (productType_ == ProductType_Warrant)
+  if (productType_ == Constdef::ProductType_Warrant)
     return NumberTextUnlessZero(GetPremium(record_, underlying_), TwoDecimals);
   return FeedFigureText(*record_, Field::Premium, 100, TwoDecimals);
 }
 
 std::string TCustomQuorDetailDataControl::GearingText() const {
-  if (productType_ == ProductType_Warrant)
+  if (productType_ == Constdef::ProductType_Warrant)
     return NumberTextUnlessZero(GetGearing(record_, underlying_), TwoDecimals);
   return FeedFigureText(*record_, Field::Gearing, 1, TwoDecimals);
 }
 
 std::string TCustomQuorDetailDataControl::MarketCapText() const {
-  if (productType_ != ProductType_Stock)
-    return FeedFigureText(*record_, Field::MarketCapitalisation, 1, WholeNumber);
+  if (productType_ != Constdef::ProductType_Stock)
+    return FeedFigureText(*record_, Field::MarketCap, 1, WholeNumber);
   const double capitalisation = GetMarketCap(record_);
   return IsZero(capitalisation) ? std::string() : AmountText(*record_, capitalisation);
 }

@@ -1,7 +1,6 @@
 #include "model/QuorPerclickDataControl.h"
 
 #include "host/BaseSubscribeAdapter.h"
-#include "model/RecordFields.h"
 #include "model/ResourceText.h"
 
 namespace Quorpricedatacontrol {
@@ -9,9 +8,6 @@ namespace Quorpricedatacontrol {
 using Basesubscribeadapter::TCustomSubscribeAdapter;
 
 namespace {
-
-/// Rows of the best-price grid.
-enum TBestPriceRow { rowPrice, rowStep, rowSize, BestPriceRowCount };
 
 std::string LabelText(int side, std::string_view ofBid, std::string_view ofAsk) {
   return ResourceText(side == Side::Bid ? ofBid : ofAsk);
@@ -33,9 +29,6 @@ int BestPriceCellField(int column) {
   }
 }
 
-/// Rows of the summary grid.
-enum TInfoRow { rowUpperLabel, rowUpperValue, rowLowerLabel, rowLowerValue, InfoRowCount };
-
 /// A label over a value, and the price field that a click on either copies.
 struct TInfoPair {
   std::string_view LabelKey;
@@ -53,7 +46,7 @@ constexpr TInfoColumn InfoColumns[] = {
     {{"Res_OpenPrice", Field::Open, Field::Open}, {"Res_Volume", Field::Volume, Field::Nominal}},
     {{"Res_HighPrice", Field::High, Field::High},
      {"Res_TurnOver", Field::Turnover, Field::Nominal}},
-    {{"Res_LowPrice", Field::Low, Field::Low}, {"Res_LotSize", Field::LotSize, Field::Nominal}},
+    {{"Res_LowPrice", Field::Low, Field::Low}, {"Res_LotSize", Field::BoardLot, Field::Nominal}},
     {{"Res_PreClose", Field::PreviousClose, Field::PreviousClose},
      {"Res_High_52wks", Field::High52Weeks, Field::High52Weeks}},
     {{"Res_Currency", Field::Currency, Field::Nominal},
@@ -62,36 +55,27 @@ constexpr TInfoColumn InfoColumns[] = {
 
 /// Null for a cell that does not exist.
 const TInfoPair* InfoPairAt(int row, int column) {
-  if (row < 0 || row >= InfoRowCount || column < Column::InfoOpen || column > Column::InfoCurrency)
+  if (row < 0 || row >= InfoRow::Count || column < Column::InfoOpen ||
+      column > Column::InfoCurrency)
     return nullptr;
   const TInfoColumn& infoColumn = InfoColumns[column - Column::InfoOpen];
-  return row <= rowUpperValue ? &infoColumn.Upper : &infoColumn.Lower;
+  return row <= InfoRow::UpperValue ? &infoColumn.Upper : &infoColumn.Lower;
 }
 
 } // namespace
 
-int TPerclickQuorMarketDataControl::GetCount() const { return BestPriceRowCount; }
+int TPerclickQuorMarketDataControl::GetCount() const { return BestPriceRow::Count; }
 
 std::string TPerclickQuorMarketDataControl::GetDisplayValue(int row, int column) const {
-  switch (column) {
-  case Column::BidPrice:
-    return GetPriceValue(row, Side::Bid);
-  case Column::AskPrice:
-    return GetPriceValue(row, Side::Ask);
-  case Column::BidSize:
-    return GetSizeValue(row, Side::Bid);
-  case Column::AskSize:
-    return GetSizeValue(row, Side::Ask);
-  default:
-    return {};
-  }
+  const auto depthColumn = DepthColumnOf(column);
+  return depthColumn ? GetDepthValue(row, *depthColumn) : std::string();
 }
 
 std::string TPerclickQuorMarketDataControl::GetPriceValue(int row, int side) const {
   switch (row) {
-  case rowPrice:
+  case BestPriceRow::Price:
     return GetBestPrice(side);
-  case rowStep:
+  case BestPriceRow::Step:
     return GetBestPriceSpread(side);
   default:
     return {};
@@ -102,11 +86,11 @@ std::string TPerclickQuorMarketDataControl::GetSizeValue(int row, int side) cons
   if (!FieldsOf(side))
     return {};
   switch (row) {
-  case rowPrice:
+  case BestPriceRow::Price:
     return LabelText(side, "Res_Bid", "Res_Ask");
-  case rowStep:
+  case BestPriceRow::Step:
     return LabelText(side, "Res_BidSize", "Res_AskSize");
-  case rowSize:
+  case BestPriceRow::Size:
     return LevelSizeText(Record(), 0, side);
   default:
     return {};
@@ -135,13 +119,13 @@ void TPerclickQuorMarketDataControl::RefreshPrice() {
     TCustomSubscribeAdapter::GetInstance()->Refresh(Record()->Symbol());
 }
 
-int TPerclickQuorInfoMarketDataControl::GetCount() const { return InfoRowCount; }
+int TPerclickQuorInfoMarketDataControl::GetCount() const { return InfoRow::Count; }
 
 std::string TPerclickQuorInfoMarketDataControl::GetDisplayValue(int row, int column) const {
   const TInfoPair* pair = InfoPairAt(row, column);
   if (!pair)
     return {};
-  const bool isLabel = row == rowUpperLabel || row == rowLowerLabel;
+  const bool isLabel = row == InfoRow::UpperLabel || row == InfoRow::LowerLabel;
   return isLabel ? ResourceText(pair->LabelKey) : GetCellHeaderDisplayData(pair->ValueField);
 }
 

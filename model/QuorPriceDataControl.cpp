@@ -5,7 +5,6 @@
 #include "host/BaseMarketAdapter.h"
 #include "host/BaseSubscribeAdapter.h"
 #include "host/MarketTradeSideDetector.h"
-#include "model/RecordFields.h"
 #include "model/ResourceText.h"
 
 #include <algorithm>
@@ -21,19 +20,19 @@ using Markettradesidedetector::TMarketTradeSideDetector;
 
 namespace {
 
-constexpr int LeastRowCount = 13;
 constexpr int FullTenLevelRowCount = 18;
 constexpr int UnknownProductType = -1;
 
 TConcealedExchanges ReadConcealedExchanges() {
   auto* config = TCustomConfigManager::GetInstance();
   return ParseConcealedExchanges(
-      config->ReadString(config->CurrentSection(), "ConcealMktDataByExch"));
+      config->ReadString(config->CurrentSection(), Constdef::Key_ConcealedExchanges));
 }
 
 TCopyPriceQtyMode ReadCopyPriceQtyMode() {
   auto* config = TCustomConfigManager::GetInstance();
-  const std::string style = config->ReadString(config->CurrentSection(), "CopyPriceStyle");
+  const std::string style =
+      config->ReadString(config->CurrentSection(), Constdef::Key_CopyPriceStyle);
   switch (style.empty() ? ' ' : style.front()) {
   case 'n':
   case 'N':
@@ -146,7 +145,8 @@ void TCustomQuorMarketDataControl::ForgetSymbol() {
 }
 
 void TCustomQuorMarketDataControl::SubscribeRecord() {
-  record_ = TCustomSubscribeAdapter::GetInstance()->Subscribe(symbol_, PriceDataSet, true);
+  record_ =
+      TCustomSubscribeAdapter::GetInstance()->Subscribe(symbol_, Constdef::DataSet_Prices, true);
   if (record_)
     record_->AddRealtimeListener([this](System::TObject* sender) { SymbolRealtimeUpdate(sender); },
                                  this);
@@ -181,7 +181,7 @@ void TCustomQuorMarketDataControl::ConfigUpdate(System::TObject* sender, System:
   TCustomDataControl::ConfigUpdate(sender, data);
   copyPriceQtyMode_ = ReadCopyPriceQtyMode();
   auto* config = TCustomConfigManager::GetInstance();
-  const int mode = config->ReadInteger(config->CurrentSection(), "DenominatorModeValue");
+  const int mode = config->ReadInteger(config->CurrentSection(), Constdef::Key_DenominatorMode);
   if (mode == denominatorMode_)
     return;
   denominatorMode_ = mode;
@@ -203,7 +203,7 @@ void TCustomQuorMarketDataControl::SymbolUpdate(System::TObject*, System::TObjec
 
 void TCustomQuorMarketDataControl::SpreadUpdate(System::TObject*, System::TObject* data) {
   const auto* codes = dynamic_cast<const TChangedKeys*>(data);
-  if (!codes || !record_ || !codes->Contains(record_->GetText(Field::SpreadTable)))
+  if (!codes || !record_ || !codes->Contains(record_->GetText(Field::SpreadCode)))
     return;
   Changed();
   RebuildMechanisms();
@@ -324,15 +324,9 @@ std::string TCustomQuorMarketDataControl::GetDisplayValue(int row, int column) c
   if (const auto part = TradePartOf(column); part && displayMode_ != qm10Simple)
     if (TTradeInfo trade = GetTradeInfo(row); trade.Found)
       return std::move(trade.*part);
+  if (const auto depthColumn = DepthColumnOf(column))
+    return GetDepthValue(row, *depthColumn);
   switch (column) {
-  case Column::BidPrice:
-    return GetPriceValue(row, Side::Bid);
-  case Column::AskPrice:
-    return GetPriceValue(row, Side::Ask);
-  case Column::BidSize:
-    return GetSizeValue(row, Side::Bid);
-  case Column::AskSize:
-    return GetSizeValue(row, Side::Ask);
   case Column::HeaderCaption:
     return GetCellHeader(row);
   case Column::HeaderValue:
@@ -340,6 +334,11 @@ std::string TCustomQuorMarketDataControl::GetDisplayValue(int row, int column) c
   default:
     return showBrokerQueue_ ? GetQueueCell(row, column) : std::string();
   }
+}
+
+std::string TCustomQuorMarketDataControl::GetDepthValue(int row, TDepthColumn column) const {
+  return column.Kind == TDepthColumn::Price ? GetPriceValue(row, column.Side)
+                                            : GetSizeValue(row, column.Side);
 }
 
 std::string TCustomQuorMarketDataControl::GetPriceValue(int row, int side) const {

@@ -59,6 +59,7 @@ public:
   int DenominatorMode() const { return denominatorMode_; }
 
   // Cells.
+  static constexpr int LeastRowCount = 13; ///< what a new control has
   int GetCount() const override { return rowCount_; }
   std::string GetDisplayValue(int row, int column) const override;
   virtual std::string GetPriceValue(int row, int side) const;
@@ -122,6 +123,8 @@ public:
   virtual void UpdateRelated();
 
 protected:
+  /// The text of a price or size column.
+  std::string GetDepthValue(int row, TDepthColumn column) const;
   /// Null without a symbol.
   const TCustomSubItem* Record() const { return record_; }
   /// An order of the symbol, otherwise empty.

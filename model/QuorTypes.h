@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/RecordFields.h"
+
 #include <cstdint>
 
 namespace Quorpricedatacontrol {
@@ -25,6 +27,13 @@ enum TMarketDataType : std::uint8_t {
   mdtPriced,    ///< each level with its price
   mdtOrderCount ///< each level, one price step apart, with its number of orders
 };
+
+/// The fields of the record, and the numbers that rows have beside them.
+namespace Field {
+using namespace Host::Field;
+inline constexpr int None = -1;       ///< of a row that shows nothing
+inline constexpr int Category = 3000; ///< of a CBBC, worked out from its name
+} // namespace Field
 
 /// Sides of the book.
 namespace Side {
@@ -57,6 +66,16 @@ enum Identifier : int {
   InfoCurrency = 10004
 };
 } // namespace Column
+
+/// Rows of the best-price grid.
+namespace BestPriceRow {
+enum Identifier : int { Price, Step, Size, Count };
+} // namespace BestPriceRow
+
+/// Rows of the summary grid: labels over values.
+namespace InfoRow {
+enum Identifier : int { UpperLabel, UpperValue, LowerLabel, LowerValue, Count };
+} // namespace InfoRow
 
 /// Columns of the detail list.
 namespace DetailColumn {

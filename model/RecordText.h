@@ -11,9 +11,6 @@ namespace Quorpricedatacontrol {
 
 using Basesubscribedata::TCustomSubItem;
 
-/// Name of the data set of real-time prices.
-inline constexpr std::string_view PriceDataSet = "PRCDDS";
-
 /// True when there is a record and it holds data.
 bool IsReady(const TCustomSubItem* record);
 
@@ -26,6 +23,9 @@ std::string PriceText(const TCustomSubItem* record, int field);
 std::string VolumeText(const TCustomSubItem* record, int field);
 /// The field as a quantity in shares; empty when the record does not give it.
 std::string QuantityText(const TCustomSubItem* record, int field);
+
+/// True for a byte of a UTF-8 character that is not its first.
+inline bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
 /// Without blanks at either end.
 std::string_view Trim(std::string_view text);

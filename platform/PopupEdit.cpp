@@ -9,8 +9,6 @@ namespace Platform {
 
 namespace {
 
-constexpr int EnterKey = 13;
-
 bool IsEnter(const QKeyEvent& event) {
   return event.key() == Qt::Key_Enter || event.key() == Qt::Key_Return;
 }

@@ -13,6 +13,9 @@ class Q_DECL_EXPORT TcxPopupEdit : public QLineEdit {
   Q_OBJECT
 
 public:
+  /// Stands for Enter and Return alike in the signals of keys.
+  static constexpr int EnterKey = 13;
+
   explicit TcxPopupEdit(QWidget* parent = nullptr);
 
   /// The resolved text; empty when nothing was resolved yet.
@@ -29,9 +32,9 @@ signals:
   /// The box was left, or told so. A pop-up that opens over it, or another window that becomes
   /// active, does not count as leaving.
   void Exited();
-  /// A key went down; `key` is a Qt::Key, 13 standing for Enter and Return alike.
+  /// A key went down; `key` is a Qt::Key or EnterKey.
   void KeyDown(int key);
-  /// A character was typed and is in the text; 13 for Enter and Return.
+  /// A character was typed and is in the text, or EnterKey was pressed.
   void KeyPress(int character);
 
 protected:

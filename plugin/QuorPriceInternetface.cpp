@@ -3,6 +3,7 @@
 #include "host/BaseLanguageManager.h"
 #include "host/BaseUserAppProfile.h"
 #include "host/BaseVendorDDSModel.h"
+#include "host/ConstDef.h"
 #include "preferences/QuorPricePreference.h"
 #include "view/QuorPriceView.h"
 
@@ -45,7 +46,8 @@ std::string TIQuorPrice::GetMenuCaption(int entry) {
 int TIQuorPrice::GetMenuGroupIndex(int) { return 0; }
 
 bool TIQuorPrice::GetIsVisible() {
-  if (Baseuserappprofile::TCustomUserAppProfile::GetInstance()->IsFunctionGranted("QuorPrice"))
+  if (Baseuserappprofile::TCustomUserAppProfile::GetInstance()->IsFunctionGranted(
+          Constdef::Function_QuorPrice))
     return true;
   auto* vendor = Basevendorddsmodel::TCustomVendorDDSModel::GetInstance();
   return vendor && vendor->FeedType() >= Constdef::FeedType_Streaming;
@@ -86,23 +88,23 @@ int TIQuorPricePreference::GetViewID() { return ViewID; }
 int TIQuorPricePreference::GetWidth() { return PreferenceWidth; }
 
 int TIQuorPricePreference::GetHeight() {
-  for (const auto& [handle, frame] : frames_)
-    if (auto* page = dynamic_cast<TQuorPricePreferenceFrame*>(frame.get()))
+  for (auto* frame : TIBasePreferenceView::GetView())
+    if (auto* page = dynamic_cast<TQuorPricePreferenceFrame*>(frame))
       return page->GetHeight();
   return PreferenceHeight;
 }
 
 std::vector<Baseview::TBasePreferenceFrame*> TIQuorPricePreference::GetView() {
-  if (frames_.empty())
+  if (TIBasePreferenceView::GetView().empty())
     AddView(std::make_unique<TQuorPricePreferenceFrame>());
   return TIBasePreferenceView::GetView();
 }
 
 void Initialize() {
   if (initializations++ == 0)
-    System::Classes::RegisterClass("TIQuorPrice", [](System::Classes::TComponent* owner) {
-      return std::make_unique<TIQuorPrice>(owner);
-    });
+    System::Classes::RegisterClass(
+        Constdef::Class_QuorPrice,
+        [](System::Classes::TComponent* owner) { return std::make_unique<TIQuorPrice>(owner); });
 }
 
 void Finalize() { --initializations; }

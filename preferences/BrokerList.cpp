@@ -2,64 +2,42 @@
 
 #include "platform/ColourText.h"
 
+#include <QByteArrayList>
+
 namespace Quorpricepreference {
 
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n";
-  const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos)
-    return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
 /// An empty text has no pieces.
-std::vector<std::string_view> Split(std::string_view text) {
-  std::vector<std::string_view> pieces;
-  while (!text.empty()) {
-    const auto comma = text.find(',');
-    pieces.push_back(text.substr(0, comma));
-    if (comma == std::string_view::npos)
-      break;
-    text.remove_prefix(comma + 1);
-    if (text.empty())
-      pieces.emplace_back();
-  }
-  return pieces;
+QByteArrayList Split(const std::string& text) {
+  return text.empty() ? QByteArrayList() : QByteArray::fromStdString(text).split(',');
 }
 
 } // namespace
 
 TStoredBrokers StoreBrokers(const std::vector<TBrokerRow>& rows) {
-  TStoredBrokers stored;
-  bool first = true;
+  QByteArrayList ids, colours;
   for (const auto& row : rows) {
-    const auto id = Trimmed(row.ID ? std::string_view(*row.ID) : std::string_view());
-    if (id.empty())
+    const auto id = QByteArray::fromStdString(row.ID.value_or(std::string())).trimmed();
+    if (id.isEmpty())
       continue;
-    if (!first) {
-      stored.IDs += ',';
-      stored.Colours += ',';
-    }
-    first = false;
-    stored.IDs += id;
-    if (row.Colour)
-      stored.Colours += Platform::ColourText(*row.Colour);
+    ids << id;
+    colours << QByteArray::fromStdString(row.Colour ? Platform::ColourText(*row.Colour) : "");
   }
-  return stored;
+  return {ids.join(',').toStdString(), colours.join(',').toStdString()};
 }
 
 void LoadBrokers(const TStoredBrokers& stored, std::vector<TBrokerRow>& rows) {
   const auto ids = Split(stored.IDs);
   const auto colours = Split(stored.Colours);
-  if (ids.empty())
+  if (ids.isEmpty())
     return;
-  rows.resize(ids.size());
-  for (std::size_t i = 0; i < ids.size(); ++i) {
-    rows[i].ID = std::string(ids[i]);
+  rows.resize(static_cast<std::size_t>(ids.size()));
+  for (qsizetype i = 0; i < ids.size(); ++i) {
+    auto& row = rows[static_cast<std::size_t>(i)];
+    row.ID = ids[i].toStdString();
     if (i < colours.size())
-      rows[i].Colour = Platform::ParseColour(colours[i]).value_or(System::clWindow);
+      row.Colour = Platform::ParseColour(colours[i].toStdString()).value_or(System::clWindow);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/BaseConfigManager.h"
 #include "host/BaseLanguageManager.h"
+#include "host/ConstDef.h"
 
 #include <QHeaderView>
 #include <QVBoxLayout>
@@ -39,10 +40,9 @@ struct TColumnKey {
   int Width;
 };
 
-// The delete column's width is set to DeleteColumnWidth afterwards.
 constexpr std::array<TColumnKey, 3> BrokerColumns{{{tagBrokerID, "Res_BrokerID", 100},
                                                    {tagColour, "Res_Color", 100},
-                                                   {tagDelete, "Res_Delete", 20}}};
+                                                   {tagDelete, "Res_Delete", DeleteColumnWidth}}};
 
 QString GetResource(const char* key) {
   return QString::fromStdString(TCustomLanguageManager::GetInstance()->GetResource(key));
@@ -63,17 +63,17 @@ std::string StoredStyle(int index) {
 }
 
 /// Reads and writes in the current section, asked for at each use.
-std::string Read(const char* key) {
+std::string Read(std::string_view key) {
   auto* config = TCustomConfigManager::GetInstance();
   return config->ReadString(config->CurrentSection(), key);
 }
 
-bool ReadBoolean(const char* key) {
+bool ReadBoolean(std::string_view key) {
   auto* config = TCustomConfigManager::GetInstance();
   return config->ReadBoolean(config->CurrentSection(), key);
 }
 
-void Write(const char* key, const std::string& value) {
+void Write(std::string_view key, const std::string& value) {
   auto* config = TCustomConfigManager::GetInstance();
   config->WriteString(config->CurrentSection(), key, value, true);
 }
@@ -156,9 +156,7 @@ void TQuorPricePreferenceFrame::InitView() {
 
   std::vector<Columninfo::TColumnInfo> columns;
   for (const auto& column : BrokerColumns)
-    Columninfo::AddColumn(columns, column.Tag,
-                          column.Tag == tagDelete ? DeleteColumnWidth : column.Width, false,
-                          column.Key);
+    Columninfo::AddColumn(columns, column.Tag, column.Width, false, column.Key);
   BrokerIDGridView =
       Named("BrokerIDGridView", new TBrokerListModel(std::move(columns), BrokerIDGrid));
   BrokerIDGrid->setModel(BrokerIDGridView);
@@ -216,13 +214,14 @@ void TQuorPricePreferenceFrame::UpdateGridHeader() {
 }
 
 void TQuorPricePreferenceFrame::ConfigUpdate(System::TObject*, System::TObject*) {
-  cmbCopyPriceStyle->setCurrentIndex(IndexOfStyle(Read("CopyPriceStyle")));
-  cbBrokerID->setChecked(ReadBoolean("SpecBrokerChecked"));
+  cmbCopyPriceStyle->setCurrentIndex(IndexOfStyle(Read(Constdef::Key_CopyPriceStyle)));
+  cbBrokerID->setChecked(ReadBoolean(Constdef::Key_SpecBrokerChecked));
   InitBrokerColor();
 }
 
 void TQuorPricePreferenceFrame::InitBrokerColor() {
-  const TStoredBrokers stored{Read("DetailSpecialBroker"), Read("DetailSpecialBrokerColor")};
+  const TStoredBrokers stored{Read(Constdef::Key_DetailSpecialBroker),
+                              Read(Constdef::Key_DetailSpecialBrokerColor)};
   if (stored.IDs.empty())
     return;
   auto rows = BrokerIDGridView->Rows();
@@ -237,10 +236,10 @@ bool TQuorPricePreferenceFrame::Execute() {
   const bool highlight = cbBrokerID->isChecked();
   auto rows = BrokerIDGridView->Rows();
 
-  if (style != Read("CopyPriceStyle"))
-    Write("CopyPriceStyle", style);
-  if (highlight != ReadBoolean("SpecBrokerChecked"))
-    Write("SpecBrokerChecked", highlight ? "Y" : "N");
+  if (style != Read(Constdef::Key_CopyPriceStyle))
+    Write(Constdef::Key_CopyPriceStyle, style);
+  if (highlight != ReadBoolean(Constdef::Key_SpecBrokerChecked))
+    Write(Constdef::Key_SpecBrokerChecked, highlight ? "Y" : "N");
   SaveBrokerID(StoreBrokers(rows));
   // Reloads between the writes mixed what was stored before into the rows.
   BrokerIDGridView->SetRows(std::move(rows));
@@ -249,8 +248,8 @@ bool TQuorPricePreferenceFrame::Execute() {
 }
 
 void TQuorPricePreferenceFrame::SaveBrokerID(const TStoredBrokers& brokers) {
-  Write("DetailSpecialBroker", brokers.IDs);
-  Write("DetailSpecialBrokerColor", brokers.Colours);
+  Write(Constdef::Key_DetailSpecialBroker, brokers.IDs);
+  Write(Constdef::Key_DetailSpecialBrokerColor, brokers.Colours);
 }
 
 void TQuorPricePreferenceFrame::CommitOpenEditor() {

@@ -1,19 +1,14 @@
 #include "view/CaptionImages.h"
 
+#include "platform/DrawnIcon.h"
 #include "platform/ImageList.h"
 
-#include <QGuiApplication>
-#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
-#include <QPalette>
 
 namespace Quorpriceview {
 
 namespace {
-
-// Every image is drawn on a square of 16 units.
-constexpr qreal Unit = 16;
 
 void DrawChevron(QPainter& painter, bool up) {
   const qreal tip = up ? 5 : 11;
@@ -103,41 +98,11 @@ void DrawImage(QPainter& painter, int image) {
   }
 }
 
-class TCaptionIconEngine : public QIconEngine {
-public:
-  explicit TCaptionIconEngine(int image) : image_(image) {}
-
-  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->translate(rect.topLeft());
-    painter->scale(rect.width() / Unit, rect.height() / Unit);
-    painter->setPen(QPen(QGuiApplication::palette().color(group, QPalette::ButtonText), 1.4,
-                         Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    DrawImage(*painter, image_);
-    painter->restore();
-  }
-
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap pixmap(size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    paint(&painter, QRect(QPoint(), size), mode, state);
-    return pixmap;
-  }
-
-  QIconEngine* clone() const override { return new TCaptionIconEngine(image_); }
-
-private:
-  int image_;
-};
-
 } // namespace
 
 void AddCaptionImages(Platform::TcxImageList& images) {
   for (int image = 0; image < CaptionImageCount; ++image)
-    images.Add(QIcon(new TCaptionIconEngine(image)));
+    images.Add(Platform::DrawnIcon([image](QPainter& painter) { DrawImage(painter, image); }));
 }
 
 } // namespace Quorpriceview

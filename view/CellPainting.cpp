@@ -9,15 +9,6 @@ using namespace Quorpricedatacontrol;
 
 namespace {
 
-// Rows of the best price and of the labels below it; fixed to the row layout.
-constexpr int SimplePriceRow = 1;
-constexpr int SimpleLabelRow = 2;
-constexpr int FullPriceRow = 6;
-constexpr int FullLabelRow = 7;
-constexpr int LastHeaderRow = 5;
-constexpr int PerclickPriceRow = 0;
-constexpr int PerclickLabelRow = 1;
-
 struct TSideColours {
   System::TColor Background;
   System::TColor Text;
@@ -30,48 +21,37 @@ TSideColours ColoursOf(const TColourTable& colours, int side) {
   return {colours.AskBackground, colours.AskText, colours.AskLabelColor};
 }
 
-bool IsPriceColumn(int column) { return column == Column::BidPrice || column == Column::AskPrice; }
-
-/// The side of a price or size column; empty for any other.
-std::optional<int> SideOfDepthColumn(int column) {
-  switch (column) {
-  case Column::BidPrice:
-  case Column::BidSize:
-    return Side::Bid;
-  case Column::AskPrice:
-  case Column::AskSize:
-    return Side::Ask;
-  default:
-    return std::nullopt;
-  }
+/// A best price is large.
+void StyleBestPrice(TCellStyle& style, TDepthColumn::TKind kind) {
+  if (kind != TDepthColumn::Price)
+    return;
+  style.Bold = true;
+  style.FontGrowth = BigFontGrowth;
 }
 
-void DrawBestPrice(TCellStyle& style, int column) {
+void DrawBestPrice(TCellStyle& style, TDepthColumn::TKind kind) {
+  StyleBestPrice(style, kind);
   style.DrawnByFrame = true;
-  if (IsPriceColumn(column)) {
-    style.Bold = true;
-    style.FontGrowth = BigFontGrowth;
-    style.DrawFlags = Platform::DT_VCENTER;
-  } else {
-    style.DrawFlags = Platform::DT_CENTER | Platform::DT_VCENTER;
-  }
+  style.DrawFlags = Platform::DT_VCENTER;
+  if (kind == TDepthColumn::Size)
+    style.DrawFlags |= Platform::DT_CENTER;
 }
 
 void StyleDepthCell(TCellStyle& style, TQuorMode mode, const TSideColours& side, int row,
-                    int column) {
-  const bool simple = mode == qm10Simple;
-  if (row == (simple ? SimpleLabelRow : FullLabelRow)) {
+                    TDepthColumn::TKind kind) {
+  const TDepthRows rows = DepthRowsOf(mode);
+  if (row == rows.PriceStep) {
     style.Brush = side.Label;
-  } else if (row > (simple ? 0 : LastHeaderRow)) {
+  } else if (row >= rows.BestPrice) {
     style.Brush = side.Background;
     style.Font = side.Text;
   }
-  if (!simple && row == FullPriceRow)
-    DrawBestPrice(style, column);
-  if (simple && row == SimplePriceRow && IsPriceColumn(column)) {
-    style.Bold = true;
-    style.FontGrowth = BigFontGrowth;
-  }
+  if (row != rows.BestPrice)
+    return;
+  if (mode == qm10Simple)
+    StyleBestPrice(style, kind);
+  else
+    DrawBestPrice(style, kind);
 }
 
 void StyleQueueCell(TCellStyle& style, const TCustomQuorMarketDataControl& control,
@@ -106,8 +86,9 @@ TCellStyle DepthCellStyle(const TCustomQuorMarketDataControl* control, const TCo
     return style;
   if (column == Column::HeaderValue)
     style.Bold = row == control->GetHeaderLastPriceIndex();
-  else if (const auto side = SideOfDepthColumn(column))
-    StyleDepthCell(style, control->DisplayMode(), ColoursOf(colours, *side), row, column);
+  else if (const auto depth = DepthColumnOf(column))
+    StyleDepthCell(style, control->DisplayMode(), ColoursOf(colours, depth->Side), row,
+                   depth->Kind);
   else if (const auto queue = QueueColumnOf(column))
     StyleQueueCell(style, *control, ColoursOf(colours, queue->Side), highlight, row, column);
   return style;
@@ -117,24 +98,24 @@ TCellStyle PerclickPriceCellStyle(bool hasControl, const TColourTable& colours, 
                                   int column) {
   TCellStyle style;
   style.FontGrowth = CellFontGrowth;
-  const auto side = SideOfDepthColumn(column);
-  if (!side || !hasControl)
+  const auto depth = DepthColumnOf(column);
+  if (!depth || !hasControl)
     return style;
-  const auto sideColours = ColoursOf(colours, *side);
-  if (row == PerclickLabelRow) {
+  const auto sideColours = ColoursOf(colours, depth->Side);
+  if (row == BestPriceRow::Step) {
     style.Brush = sideColours.Label;
   } else {
     style.Brush = sideColours.Background;
     style.Font = sideColours.Text;
   }
-  if (row == PerclickPriceRow)
-    DrawBestPrice(style, column);
+  if (row == BestPriceRow::Price)
+    DrawBestPrice(style, depth->Kind);
   return style;
 }
 
 TCellStyle PerclickInfoCellStyle(bool hasControl, const TColourTable& colours, int row) {
   TCellStyle style;
-  if (row == 0 || row == 2) {
+  if (row == InfoRow::UpperLabel || row == InfoRow::LowerLabel) {
     style.Brush = colours.LabelBackground;
   } else if (hasControl) {
     style.DrawnByFrame = true;
@@ -145,6 +126,8 @@ TCellStyle PerclickInfoCellStyle(bool hasControl, const TColourTable& colours, i
   return style;
 }
 
-bool IsPerclickInfoValueRow(int row) { return row == 1 || row == 3; }
+bool IsPerclickInfoValueRow(int row) {
+  return row == InfoRow::UpperValue || row == InfoRow::LowerValue;
+}
 
 } // namespace Quorpriceview

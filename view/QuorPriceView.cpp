@@ -6,6 +6,7 @@
 #include "host/BaseVendorDDSModel.h"
 #include "host/view/EditorManager.h"
 #include "view/FeedType.h"
+#include "view/ScaleSteps.h"
 
 #include <algorithm>
 
@@ -22,15 +23,6 @@ using Editormanager::TEditorManager;
 namespace {
 
 constexpr int MinimumUpdateInterval = 50; // milliseconds
-constexpr int EnterKey = 13;
-constexpr int GridMargin = 20; // what a grid is wider than its columns
-
-int SumOfWidths(const std::vector<Columninfo::TColumnInfo>& columns) {
-  int sum = 0;
-  for (const auto& column : columns)
-    sum += column.Width;
-  return sum;
-}
 
 } // namespace
 
@@ -79,7 +71,7 @@ TQuorPriceFrame::~TQuorPriceFrame() {
 
 void TQuorPriceFrame::CreateRefreshTimer() {
   auto* config = TCustomConfigManager::GetInstance();
-  const int interval = config->ReadInteger(config->CurrentSection(), "QuorPriceUpdateInterval");
+  const int interval = config->ReadInteger(config->CurrentSection(), Constdef::Key_UpdateInterval);
   refreshTimer_ = std::make_unique<TTimer>();
   refreshTimer_->setObjectName(QStringLiteral("RefreshTimer"));
   refreshTimer_->setTimerType(Qt::PreciseTimer); // a coarse one may come early
@@ -124,11 +116,10 @@ void TQuorPriceFrame::Initialize() {
     AddColumn(perclickInfoColumns_, infoColumn, PerclickInfoMinimumWidth, true);
 
   AddGridColumns(*PriceGridView, priceColumns_);
-  frameWidth_ = SumOfWidths(priceColumns_) + GridMargin;
-  PriceGrid->setFixedWidth(frameWidth_);
   DetectRowHeight();
   liDelay->SetVisibleFlag(IsDelayedFeed());
   InitializePerclick();
+  SetGridWidths(FrameMargin(Constdef::ScalePPI_100));
 }
 
 void TQuorPriceFrame::InitializePerclick() {
@@ -140,7 +131,6 @@ void TQuorPriceFrame::InitializePerclick() {
     return;
   AddGridColumns(*PerclickPriceGridView, perclickPriceColumns_);
   AddGridColumns(*PerclickInfoGridView, perclickInfoColumns_);
-  SetPerclickWidths(SumOfWidths(perclickPriceColumns_), SumOfWidths(perclickInfoColumns_));
 }
 
 void TQuorPriceFrame::AddGridColumns(TcxGridTableView& view,
@@ -308,12 +298,12 @@ void TQuorPriceFrame::EnterSymbol(const std::string& symbol) {
 void TQuorPriceFrame::edtSymbolExit() { SetSymbol(AppliedSymbol()); }
 
 void TQuorPriceFrame::edtSymbolKeyDown(int key) {
-  if (key == EnterKey)
+  if (key == TcxPopupEdit::EnterKey)
     edtSymbolExit();
 }
 
 void TQuorPriceFrame::edtSymbolKeyPress(int character) {
-  if (character == EnterKey)
+  if (character == TcxPopupEdit::EnterKey)
     edtSymbol->selectAll();
 }
 

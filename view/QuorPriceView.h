@@ -138,8 +138,8 @@ private:
   int QueueColumnWidth() const;
   void SetQueueColumnWidth();
   void ResetSize();
-  /// From the sums of the column widths of the two per-click grids.
-  void SetPerclickWidths(int priceColumns, int infoColumns);
+  /// Fits the frame and the grids to the columns. `margin`: what the frame is wider, in pixels.
+  void SetGridWidths(int margin);
   void PriceGridResize();
   void SetGridHeights();
   void SetDisplayModeHeight();

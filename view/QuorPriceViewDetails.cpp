@@ -16,8 +16,6 @@ using Quordetailview::TQuorDetailFrame;
 
 namespace {
 
-constexpr int ProductTypeStock = 1;
-constexpr int ProductTypeWarrant = 4;
 constexpr int PopupWidth = 210;
 constexpr int PopupHeight = 100;
 constexpr int WarrantPopupHeight = 200;
@@ -37,7 +35,7 @@ QString CaptionWithSymbol(const std::string& symbol) {
 
 void TQuorPriceFrame::SymbolProductTypeUpdate(TObject*) {
   const int type = priceControl_ ? priceControl_->ProductType() : -1;
-  mDetail->setVisible(type == ProductTypeStock || type == ProductTypeWarrant);
+  mDetail->setVisible(type == Constdef::ProductType_Stock || type == Constdef::ProductType_Warrant);
 }
 
 void TQuorPriceFrame::mDetailClick() {
@@ -55,7 +53,7 @@ void TQuorPriceFrame::mDetailClick() {
   layout->addWidget(detail);
   form->resize(PopupWidth, PopupHeight);
   if (priceControl_) {
-    if (priceControl_->ProductType() == ProductTypeWarrant)
+    if (priceControl_->ProductType() == Constdef::ProductType_Warrant)
       form->resize(PopupWidth, WarrantPopupHeight);
     detail->SetSymbol(priceControl_->Symbol());
     form->setWindowTitle(CaptionWithSymbol(detail->Symbol()));

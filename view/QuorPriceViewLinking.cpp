@@ -2,7 +2,6 @@
 #include "host/BaseLanguageManager.h"
 #include "host/BaseOrderData.h"
 #include "host/DataDef.h"
-#include "model/RecordFields.h"
 #include "view/QuorPriceView.h"
 
 #include <QSignalBlocker>
@@ -17,8 +16,6 @@ using Baseglobalchannelmanager::TCustomListObject;
 using Baselanguagemanager::TCustomLanguageManager;
 
 namespace {
-
-constexpr int ProductTypeWarrant = 4;
 
 /// Fills a box with the symbols of a blank-separated list, in order, and shows its item when there
 /// is one.
@@ -36,7 +33,8 @@ void ShowSymbols(TcxComboBox* box, TdxLayoutItem* item, const std::string& list)
 } // namespace
 
 const char* TQuorPriceFrame::WarrantHintKey() const {
-  const bool linked = priceControl_ && priceControl_->ProductType() == ProductTypeWarrant;
+  const bool linked =
+      priceControl_ && priceControl_->ProductType() == Constdef::ProductType_Warrant;
   return linked ? "Res_Linked" : "Res_ProdType_Warrant";
 }
 

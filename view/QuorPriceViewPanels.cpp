@@ -21,7 +21,7 @@ QString Label(const char* key) {
          QLatin1Char(':');
 }
 
-System::TColor SkinColour(const char* name) {
+System::TColor SkinColour(std::string_view name) {
   return TCustomLookAndFeelService::GetInstance()->GetColour(0, name);
 }
 
@@ -69,7 +69,7 @@ void TQuorPriceFrame::ShowMessageTexts() {
 
   const auto& state = priceControl_->Mechanisms();
   if (state.PosInForce) {
-    lblPOSColor->SetColor(SkinColour("coPOSBgColor"));
+    lblPOSColor->SetColor(SkinColour(Constdef::Colour_PosBackground));
     liPOSCaption->SetCaption(Label("Res_POS"));
     SetText(lblPOSCaption, state.PosStateText);
     SetText(lblPOSRefPrice, state.PosRefPrice);
@@ -80,10 +80,10 @@ void TQuorPriceFrame::ShowMessageTexts() {
   }
   // The closing auction wins when both are in force.
   if (state.CasInForce) {
-    lblVCMCASColor->SetColor(SkinColour("coCASBgColor"));
+    lblVCMCASColor->SetColor(SkinColour(Constdef::Colour_CasBackground));
     liVCMCAS->SetCaption(Label("Res_CAS"));
   } else if (state.VcmInForce) {
-    lblVCMCASColor->SetColor(SkinColour("coVCMBgColor"));
+    lblVCMCASColor->SetColor(SkinColour(Constdef::Colour_VcmBackground));
     liVCMCAS->SetCaption(Label("Res_VCM"));
   }
   if (state.VcmInForce || state.CasInForce) {

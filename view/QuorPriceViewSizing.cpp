@@ -19,13 +19,9 @@ namespace {
 
 constexpr int TextMargin = 4;       // around a measured text
 constexpr int GridBorder = 6;       // what a grid is higher than its rows
-constexpr int GridMargin = 20;      // what a per-click grid is wider than its columns
+constexpr int PerclickMargin = 20;  // what a per-click grid is wider than its columns
 constexpr int QueueColumnExtra = 5; // room between two queue columns
 constexpr int MinimumHeight = 300;
-constexpr int RowsWithoutControl = 13;
-constexpr int FullRows = 18; // of the ten-level layout
-constexpr int PerclickPriceRows = 3;
-constexpr int PerclickInfoRows = 4;
 constexpr int PerclickGroupMargin = 20;
 
 const QString NumberSample = QStringLiteral("99999999");
@@ -105,24 +101,24 @@ void TQuorPriceFrame::ResetSize() {
     PriceGridView->SetColumnWidth(column.get(), ColumnWidth(column->Tag));
   SetQueueColumnWidth();
   PriceGridView->EndUpdate();
-  frameWidth_ = SumOfWidths(*PriceGridView) + FrameMargin(scale_);
-  PriceGrid->setFixedWidth(frameWidth_);
-
   for (const auto& column : PerclickPriceGridView->Columns())
     PerclickPriceGridView->SetColumnWidth(column.get(), ColumnWidth(column->Tag));
   for (const auto& column : PerclickInfoGridView->Columns())
     PerclickInfoGridView->SetColumnWidth(column.get(),
                                          DetectColWidth(PerclickInfoMinimumWidth, NumberSample));
-  SetPerclickWidths(SumOfWidths(*PerclickPriceGridView), SumOfWidths(*PerclickInfoGridView));
+  SetGridWidths(FrameMargin(scale_));
 
   if (frameWidth_ != oldWidth)
     Baseview::SendViewNotify(this, Constdef::Notify_SizeChanged);
 }
 
-void TQuorPriceFrame::SetPerclickWidths(int priceColumns, int infoColumns) {
-  lgPrice->setFixedWidth(priceColumns + GridMargin);
-  PerclickPriceGrid->setFixedWidth(priceColumns + GridMargin);
-  PerclickInfoGrid->setFixedWidth(infoColumns + GridMargin);
+void TQuorPriceFrame::SetGridWidths(int margin) {
+  frameWidth_ = SumOfWidths(*PriceGridView) + margin;
+  PriceGrid->setFixedWidth(frameWidth_);
+  const int perclickWidth = SumOfWidths(*PerclickPriceGridView) + PerclickMargin;
+  lgPrice->setFixedWidth(perclickWidth);
+  PerclickPriceGrid->setFixedWidth(perclickWidth);
+  PerclickInfoGrid->setFixedWidth(SumOfWidths(*PerclickInfoGridView) + PerclickMargin);
 }
 
 int TQuorPriceFrame::GetWidth() {
@@ -142,7 +138,7 @@ int TQuorPriceFrame::GetHeight() {
 }
 
 int TQuorPriceFrame::RowCount() const {
-  return priceControl_ ? priceControl_->GetCount() : RowsWithoutControl;
+  return priceControl_ ? priceControl_->GetCount() : TPriceControl::LeastRowCount;
 }
 
 int TQuorPriceFrame::PriceGridHeight(int rows) const {
@@ -160,9 +156,9 @@ void TQuorPriceFrame::PriceGridResize() {
 
 void TQuorPriceFrame::SetGridHeights() {
   PriceGrid->setFixedHeight(PriceGridHeight(RowCount()));
-  PerclickPriceGrid->setFixedHeight(PerclickPriceRows * PerclickPriceGridView->DataRowHeight() +
+  PerclickPriceGrid->setFixedHeight(BestPriceRow::Count * PerclickPriceGridView->DataRowHeight() +
                                     GridBorder);
-  PerclickInfoGrid->setFixedHeight(PerclickInfoRows * PerclickInfoGridView->DataRowHeight() +
+  PerclickInfoGrid->setFixedHeight(InfoRow::Count * PerclickInfoGridView->DataRowHeight() +
                                    GridBorder);
   lgPerclick->setFixedHeight(liPerclickPriceGrid->sizeHint().height() +
                              liLast->sizeHint().height() + liChange->sizeHint().height() +
@@ -170,15 +166,13 @@ void TQuorPriceFrame::SetGridHeights() {
 }
 
 void TQuorPriceFrame::SetDisplayModeHeight() {
-  if (displayMode_ == qm5Full)
+  if (displayMode_ != qm10Simple)
     PriceGrid->setFixedHeight(PriceGridHeight(RowCount()));
-  else if (displayMode_ == qm10Full)
-    PriceGrid->setFixedHeight(PriceGridHeight(FullRows));
 }
 
 void TQuorPriceFrame::ScaleLayoutComp(TObject*, TObject*) {
   const int configured = TCustomConfigManager::GetInstance()->ReadInteger(
-      Constdef::Section_TradePlatform, "ScaleSize");
+      Constdef::Section_TradePlatform, Constdef::Key_ScaleSize);
   if (SnappedScale(configured) != scale_)
     return;
   DetectRowHeight();

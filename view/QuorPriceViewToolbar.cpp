@@ -111,7 +111,8 @@ void TQuorPriceFrame::CreateCaptionButtons() {
     btnDisplayMode_ = AddCaptionButton(&TQuorPriceFrame::btnDisplayModeClick);
   btnShowHide_ = AddCaptionButton(&TQuorPriceFrame::btnShowHideClick);
   btnLock_ = AddCaptionButton(&TQuorPriceFrame::btnLockClick);
-  if (Baseuserappprofile::TCustomUserAppProfile::GetInstance()->IsFunctionGranted("ProChart"))
+  if (Baseuserappprofile::TCustomUserAppProfile::GetInstance()->IsFunctionGranted(
+          Constdef::Function_Chart))
     btnProChart_ = AddCaptionButton(&TQuorPriceFrame::btnProChartClick);
   if (!HasVendorModel() || IsFeedType(Constdef::FeedType_Streaming))
     btnHideBrokerQueue_ = AddCaptionButton(&TQuorPriceFrame::btnHideBrokerQueueClick);
@@ -122,7 +123,8 @@ void TQuorPriceFrame::SetQtyButtonCaption() {
   bool found = false;
   for (int i = 1; i <= QtyButtonCount; ++i) {
     const auto caption =
-        config->ReadString(Constdef::Section_QtyButtonCaption, "Btn" + std::to_string(i));
+        config->ReadString(Constdef::Section_QtyButtonCaption,
+                           std::string(Constdef::KeyPrefix_QtyButton) + std::to_string(i));
     if (caption.empty())
       continue;
     btnQty[static_cast<std::size_t>(i - 1)]->setText(PlainCaption(caption));

@@ -16,11 +16,6 @@ using Baselookandfeelservice::TCustomLookAndFeelService;
 
 namespace {
 
-constexpr int SkinBidBackground = 6;
-constexpr int SkinBidText = 7;
-constexpr int SkinAskBackground = 8;
-constexpr int SkinAskText = 9;
-
 QString Text(const char* key) {
   return QString::fromStdString(TCustomLanguageManager::GetInstance()->GetResource(key));
 }
@@ -77,24 +72,24 @@ void TQuorPriceFrame::SetTexts() {
 
 bool TQuorPriceFrame::SetSkin(const std::string&) {
   auto* skin = TCustomLookAndFeelService::GetInstance();
-  const auto named = [skin](const char* name) { return skin->GetColour(0, name); };
+  const auto named = [skin](std::string_view name) { return skin->GetColour(0, name); };
   const auto standard = [skin](int index) { return skin->GetColour(index, {}); };
-  const auto invalid = TCustomConfigManager::GetInstance()->ReadString(skin->CurrentSkinSection(),
-                                                                       "coLabelInvalidBground");
+  const auto invalid = TCustomConfigManager::GetInstance()->ReadString(
+      skin->CurrentSkinSection(), Constdef::Colour_LabelInvalidBackground);
 
-  colours_.LabelBackground = named("coLabelBground");
+  colours_.LabelBackground = named(Constdef::Colour_LabelBackground);
   colours_.LabelInvalidBackground =
-      invalid.empty() ? System::clRed : named("coLabelInvalidBground");
-  colours_.BidBackground = standard(SkinBidBackground);
-  colours_.BidText = standard(SkinBidText);
-  colours_.BidLabelColor = named("coBuyColorLabel");
-  colours_.AskBackground = standard(SkinAskBackground);
-  colours_.AskText = standard(SkinAskText);
-  colours_.AskLabelColor = named("coSellColorLabel");
+      invalid.empty() ? System::clRed : named(Constdef::Colour_LabelInvalidBackground);
+  colours_.BidBackground = standard(Constdef::Colour_BidBackground);
+  colours_.BidText = standard(Constdef::Colour_BidText);
+  colours_.BidLabelColor = named(Constdef::Colour_BidLabel);
+  colours_.AskBackground = standard(Constdef::Colour_AskBackground);
+  colours_.AskText = standard(Constdef::Colour_AskText);
+  colours_.AskLabelColor = named(Constdef::Colour_AskLabel);
 
-  lblVCM->SetColor(named("coVCMBgColor"));
-  lblCAS->SetColor(named("coCASBgColor"));
-  lblPOS->SetColor(named("coPOSBgColor"));
+  lblVCM->SetColor(named(Constdef::Colour_VcmBackground));
+  lblCAS->SetColor(named(Constdef::Colour_CasBackground));
+  lblPOS->SetColor(named(Constdef::Colour_PosBackground));
   for (auto* marker : {lblVCM, lblCAS, lblPOS})
     marker->SetTextColor(System::clBlack);
   // The cells keep the colours that they were described with.
@@ -105,14 +100,15 @@ bool TQuorPriceFrame::SetSkin(const std::string&) {
 
 void TQuorPriceFrame::ConfigUpdate(TObject*, TObject*) {
   auto* config = TCustomConfigManager::GetInstance();
-  const int scale = SnappedScale(config->ReadInteger(Constdef::Section_TradePlatform, "ScaleSize"));
+  const int scale =
+      SnappedScale(config->ReadInteger(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize));
   if (scale != scale_) {
     scale_ = scale;
     UpdateScale();
   }
   defaultGroupDataMode_ =
       Quorpricedatacontrol::ParseInteger(
-          config->ReadString(Constdef::Section_TradePlatform, "DefaultGroupDataMode"))
+          config->ReadString(Constdef::Section_TradePlatform, Constdef::Key_DefaultGroupDataMode))
           .value_or(-1);
 
   bool changed = false;
@@ -120,10 +116,12 @@ void TQuorPriceFrame::ConfigUpdate(TObject*, TObject*) {
     changed = changed || field != value;
     field = std::move(value);
   };
-  store(highlightEnabled_, config->ReadBoolean(config->CurrentSection(), "SpecBrokerChecked"));
-  store(specialBrokers_, config->ReadString(config->CurrentSection(), "DetailSpecialBroker"));
+  store(highlightEnabled_,
+        config->ReadBoolean(config->CurrentSection(), Constdef::Key_SpecBrokerChecked));
+  store(specialBrokers_,
+        config->ReadString(config->CurrentSection(), Constdef::Key_DetailSpecialBroker));
   store(specialBrokerColours_,
-        config->ReadString(config->CurrentSection(), "DetailSpecialBrokerColor"));
+        config->ReadString(config->CurrentSection(), Constdef::Key_DetailSpecialBrokerColor));
   InitBrokerColor();
   if (changed)
     PriceGridView->Repaint();

@@ -30,11 +30,11 @@ std::string QueueText(int front) {
 /// A liquid share in the middle of the day, as the control sees it.
 struct TMarket {
   TMarket() {
-    for (std::size_t level = 0; level < DepthLevels; ++level) {
-      record.Set(BidFields.Price[level], std::to_string(318 - static_cast<int>(level)));
-      record.Set(AskFields.Price[level], std::to_string(319 + static_cast<int>(level)));
-      record.Set(BidFields.Size[level], std::to_string(120000 + level));
-      record.Set(AskFields.Size[level], std::to_string(130000 + level));
+    for (std::size_t level = 0; level < Field::DepthLevels; ++level) {
+      record.Set(Field::Bid.Price[level], std::to_string(318 - static_cast<int>(level)));
+      record.Set(Field::Ask.Price[level], std::to_string(319 + static_cast<int>(level)));
+      record.Set(Field::Bid.Size[level], std::to_string(120000 + level));
+      record.Set(Field::Ask.Size[level], std::to_string(130000 + level));
     }
     record.Set({{3, "318.4"}, {17, "12345600"}, {22, "1"}, {23, "HKD"}, {24, "100"}});
     record.Set({{31, "317"}, {32, "316"}, {37, "320"}, {38, "3940000000"}, {48, "+1.4"}});
@@ -57,7 +57,7 @@ struct TMarket {
     if (step % 10 == 0)
       record.Set(120, queueTexts[step / 10 % queueTexts.size()]);
     else
-      record.Set(BidFields.Size[step % 10], sizeTexts[step % sizeTexts.size()]);
+      record.Set(Field::Bid.Size[step % 10], sizeTexts[step % sizeTexts.size()]);
   }
 
   Fakes::THostFakes host;

@@ -6,6 +6,9 @@
 
 namespace Viewinterface {
 
+/// Names one open instance of a view, or one of its preference pages. Never 0 for an open one.
+using TInstanceHandle = std::int64_t;
+
 /// A button on a view's caption. The view owns it and tells its host of changes with the layout
 /// notification.
 class QUOR_EXPORT TCaptionButton : public System::TObject {

@@ -1,10 +1,9 @@
 #include "terminal/services/ImageResources.h"
 
-#include <QGuiApplication>
-#include <QIconEngine>
+#include "platform/DrawnIcon.h"
+
 #include <QPainter>
 #include <QPainterPath>
-#include <QPalette>
 
 namespace Terminal {
 
@@ -49,44 +48,11 @@ QPainterPath Chart() {
   return path;
 }
 
-/// Draws an outline in the palette's text colour, at whatever size and pixel ratio it is asked.
-class TDrawnImage : public QIconEngine {
-public:
-  explicit TDrawnImage(const QPainterPath& outline) : outline_(outline) {}
-
-  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-    const auto role = mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::ButtonText;
-    const auto side = std::min(rect.width(), rect.height());
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->translate(QRectF(rect).center() - QPointF(side, side) / 2);
-    painter->scale(side / 16.0, side / 16.0);
-    painter->setPen(QPen(QGuiApplication::palette().color(group, role), 1.4, Qt::SolidLine,
-                         Qt::RoundCap, Qt::RoundJoin));
-    painter->drawPath(outline_);
-    painter->restore();
-  }
-
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap image(size);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    paint(&painter, image.rect(), mode, state);
-    return image;
-  }
-
-  QIconEngine* clone() const override { return new TDrawnImage(*this); }
-
-private:
-  QPainterPath outline_;
-};
-
 } // namespace
 
 TImageResources::TImageResources() {
   for (const auto& outline : {Add(), Edit(), Bin(), Chart()})
-    images_.Add(QIcon(new TDrawnImage(outline)));
+    images_.Add(Platform::DrawnIcon([outline](QPainter& painter) { painter.drawPath(outline); }));
 }
 
 } // namespace Terminal

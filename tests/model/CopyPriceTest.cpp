@@ -107,7 +107,7 @@ TEST_P(CopyLevelTest, EachLevelCopiesItsOwnPriceOnEitherColumnOfItsSide) {
   control.SetDisplayMode(GetParam().mode);
   EXPECT_EQ(Click(GetParam().bestRow, Column::BidPrice).price, 99);
   EXPECT_EQ(Click(GetParam().bestRow, Column::AskSize).price, 101);
-  for (int level = 0; level < DepthLevels; ++level) {
+  for (int level = 0; level < Field::DepthLevels; ++level) {
     const int row = GetParam().firstLevelRow + level;
     EXPECT_EQ(Click(row, Column::BidPrice).price, 99 - level) << level;
     EXPECT_EQ(Click(row, Column::BidSize).price, 99 - level) << level;
@@ -163,7 +163,7 @@ protected:
 TEST_F(CopyDerivedPriceTest, ALevelLiesAsManyStepsFromTheBestPriceAsItIsDeep) {
   const double bids[] = {101, 99, 98.5, 98, 97.5, 97, 96.5, 96, 95.5, 95};
   const double asks[] = {99, 99.5, 100, 102, 104, 106, 108, 110, 112, 114};
-  for (int level = 0; level < DepthLevels; ++level) {
+  for (int level = 0; level < Field::DepthLevels; ++level) {
     EXPECT_EQ(Click(8 + level, Column::BidPrice).price, bids[level]) << level;
     EXPECT_EQ(Click(8 + level, Column::AskPrice).price, asks[level]) << level;
   }
@@ -295,7 +295,7 @@ TEST_F(CopyPriceTest, TheNoneStyleCopiesAQuantityOfZero) {
 TEST_F(CopyPriceTest, TheSummaryStyleCopiesTheSizeDownToTheLevel) {
   SetStyle("S");
   double bids = 0, asks = 0;
-  for (int level = 0; level < DepthLevels; ++level) {
+  for (int level = 0; level < Field::DepthLevels; ++level) {
     bids += 1000 * (level + 1);
     asks += 1000 * (level + 1) + 100;
     EXPECT_EQ(Click(8 + level, Column::BidPrice).quantity, bids) << level;

@@ -149,7 +149,7 @@ TEST_F(DepthControlTest, AFeedWithoutLevelPricesShowsOrderCounts) {
 TEST_F(DepthControlTest, AnOrderCountShowsOnlyWhenItIsAPositiveInteger) {
   Record().Set({{51, "2000"}, {55, "0"}, {56, "-1"}, {57, "many"}, {58, ""}});
   ShowSymbol();
-  for (int level = 0; level < DepthLevels; ++level)
+  for (int level = 0; level < Field::DepthLevels; ++level)
     EXPECT_EQ(control.GetDetailPrice(level, Side::Bid), "") << level;
 }
 

@@ -1,7 +1,6 @@
 #include "fakes/HostFakes.h"
 #include "host/ConstDef.h"
 #include "model/QuorDetailDataControl.h"
-#include "model/RecordFields.h"
 
 #include <gtest/gtest.h>
 

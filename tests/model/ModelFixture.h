@@ -2,7 +2,6 @@
 
 #include "fakes/HostFakes.h"
 #include "model/QuorPriceDataControl.h"
-#include "model/RecordFields.h"
 
 #include <gtest/gtest.h>
 
@@ -53,22 +52,22 @@ using DepthControlTest = TControlTest<TCustomQuorMarketDataControl>;
 /// Ten priced levels a side: bids 99, 98, ..., asks 101, 102, ...; sizes 1000, 2000, ... and
 /// 1100, 2100, ...; order counts 1, 2, ... and 11, 12, ...
 inline void FillDepth(Fakes::TFakeRecord& record) {
-  for (int level = 0; level < DepthLevels; ++level) {
+  for (int level = 0; level < Field::DepthLevels; ++level) {
     const auto at = static_cast<std::size_t>(level);
-    record.Set(BidFields.Price[at], std::to_string(99 - level));
-    record.Set(AskFields.Price[at], std::to_string(101 + level));
-    record.Set(BidFields.Size[at], std::to_string(1000 * (level + 1)));
-    record.Set(AskFields.Size[at], std::to_string(1000 * (level + 1) + 100));
-    record.Set(BidFields.Count[at], std::to_string(1 + level));
-    record.Set(AskFields.Count[at], std::to_string(11 + level));
+    record.Set(Field::Bid.Price[at], std::to_string(99 - level));
+    record.Set(Field::Ask.Price[at], std::to_string(101 + level));
+    record.Set(Field::Bid.Size[at], std::to_string(1000 * (level + 1)));
+    record.Set(Field::Ask.Size[at], std::to_string(1000 * (level + 1) + 100));
+    record.Set(Field::Bid.Count[at], std::to_string(1 + level));
+    record.Set(Field::Ask.Count[at], std::to_string(11 + level));
   }
 }
 
 /// The same levels as an order-count feed gives them: no prices beyond the best.
 inline void FillOrderCountDepth(Fakes::TFakeRecord& record) {
   FillDepth(record);
-  for (std::size_t level = 1; level < DepthLevels; ++level)
-    record.Remove(BidFields.Price[level]).Remove(AskFields.Price[level]);
+  for (std::size_t level = 1; level < Field::DepthLevels; ++level)
+    record.Remove(Field::Bid.Price[level]).Remove(Field::Ask.Price[level]);
 }
 
 } // namespace Quorpricedatacontrol

@@ -125,7 +125,21 @@ TEST_F(TDescriptorTest, AnotherHostOpensAViewAndSeesItsBook) {
   std::string caption;
   descriptor->GetViewCaption(handle, caption);
   EXPECT_EQ(caption, "Res_QuorPrice - 700");
-  QTest::qWait(120);
+
+  auto* const view = reinterpret_cast<TIBaseView*>(handle);
+  const auto* grid = view->Widget()->findChild<Platform::TcxGrid*>("PriceGrid");
+  ASSERT_NE(grid, nullptr);
+  const auto bests = [&] {
+    std::vector<std::string> texts;
+    for (const auto& column : grid->View()->Columns())
+      if (const auto* cell = grid->View()->Cell(1, column.get()); cell && !cell->Text.empty())
+        texts.push_back(cell->Text);
+    return texts;
+  };
+  const std::vector<std::string> expected = {"Res_HighPrice", "Res_Bid", "318.200", "Res_Ask",
+                                             "318.400"};
+  EXPECT_TRUE(QTest::qWaitFor([&] { return bests() == expected; }))
+      << testing::PrintToString(bests());
 
   descriptor->CloseInstance(handle);
   EXPECT_FALSE(descriptor->ContainView(handle));
