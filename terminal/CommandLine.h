@@ -1,6 +1,6 @@
 #pragma once
 
-#include "terminal/market/SimulationReader.h"
+#include "terminal/replay/SimulationReader.h"
 
 #include <optional>
 #include <string>
@@ -17,7 +17,7 @@ struct TCommandLine {
   std::optional<std::string> Symbol;   ///< symbol that the first view shows
   std::optional<std::string> Package;  ///< package to load instead of the one beside the program
   std::optional<std::string> Record;   ///< file to record the simulated market to
-  Market::TSimulation Simulation;      ///< which day, and its first moment
+  TSimulation Simulation;              ///< which day, and its first moment
   double Speed = 1;                    ///< of the market, as a multiple of real time
   std::optional<double> Seconds;       ///< how long to run without windows
   std::optional<int> Levels;           ///< 5 or 10 price levels in the first view

@@ -31,9 +31,8 @@ void RunFor(milliseconds time) {
 }
 
 std::string Headline(const THeadlessRun& run) {
-  const char* market = run.Feed.IsSimulated() ? "Term_Simulated" : "Term_Replay";
-  return run.View.Caption() + "   " + WindowText(market).toUpper().toStdString() + "   " +
-         TimeOfDayText(run.Player.Position()).substr(0, 8);
+  return run.View.Caption() + "   " + MarketText(run.Feed).toStdString() + "   " +
+         ClockText(run.Player.Position());
 }
 
 /// The view under a line that says which market it shows, and when.
@@ -54,7 +53,7 @@ QPixmap Picture(const THeadlessRun& run) {
 std::string SavePicture(const THeadlessRun& run, const QString& file) {
   if (Picture(run).save(file, "PNG"))
     return {};
-  return "The picture cannot be written to " + file.toStdString() + ".";
+  return FileSentence(file, QStringLiteral("The file cannot be written.")).toStdString();
 }
 
 /// The grid that the view shows; null when it shows none.
@@ -69,7 +68,7 @@ std::string Screen(const THeadlessRun& run, TColouring colouring) {
   std::string text = Headline(run) + "\n";
   if (const auto* grid = ShownGrid(run.View))
     text += TextTable(*grid->View(), colouring);
-  return text;
+  return text + LabelLines(*run.View.View());
 }
 
 void PrintInPlace(const std::string& screen) {
@@ -99,7 +98,7 @@ std::string PlayToConsole(const THeadlessRun& run, const QString& file) {
     std::cout << Screen(run, TColouring::None);
   std::string error = SavePicture(run, file);
   if (error.empty())
-    std::cout << "Picture of the view: " << QDir().absoluteFilePath(file).toStdString()
+    std::cout << WindowText("Term_Picture").arg(QDir().absoluteFilePath(file)).toStdString()
               << std::endl;
   return error;
 }

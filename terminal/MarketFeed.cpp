@@ -1,6 +1,8 @@
 #include "terminal/MarketFeed.h"
 
+#include "host/RecordFields.h"
 #include "terminal/services/Services.h"
+#include "terminal/windows/WindowTexts.h"
 
 namespace Terminal {
 
@@ -9,21 +11,20 @@ std::vector<std::string> SkippedLines(const TRecordingIndex& index) {
   std::vector<std::string> lines;
   for (const auto& line : index.Malformed)
     if (lines.size() < shown)
-      lines.push_back("line " + std::to_string(line.Number) + ": " + line.Sentence);
+      lines.push_back(WindowText("Term_SkippedLine")
+                          .arg(line.Number)
+                          .arg(WindowText(line.Sentence.c_str()))
+                          .toStdString());
   if (index.MalformedCount > 0)
-    lines.push_back("lines skipped: " + std::to_string(index.MalformedCount));
+    lines.push_back(WindowText("Term_SkippedLines").arg(index.MalformedCount).toStdString());
   return lines;
 }
 
 namespace {
 
-constexpr int bidQueueField = 120;
-constexpr int askQueueField = 121;
-constexpr int openingField = 133;
-
 TRecordChange WithoutQueue(TRecordChange change) {
   std::erase_if(change.Fields, [](const auto& field) {
-    return field.first == bidQueueField || field.first == askQueueField;
+    return field.first == Host::Field::BidQueue || field.first == Host::Field::AskQueue;
   });
   return change;
 }
@@ -103,7 +104,8 @@ void TMarketFeed::TakeHeader(const TRecordingHeader& header) {
     brokers.push_back({broker.Id, broker.Name, broker.Name1, broker.Name2, broker.Other});
   services_.Market.ReplaceBrokers(brokers);
   for (const auto& instrument : header.Instruments)
-    services_.Market.DefineInstrument(instrument.Symbol, instrument.Currency, instrument.Name);
+    services_.Market.DefineInstrument(instrument.Symbol, instrument.Currency, instrument.Name,
+                                      instrument.Name1, instrument.Name2);
   if (!header.Instruments.empty())
     TellStart(header.Instruments.front().Symbol);
   else if (player_.Index() && player_.Index()->Events == 0)
@@ -128,7 +130,7 @@ void TMarketFeed::Take(const TRecordChange& change) {
 void TMarketFeed::Apply(const TRecordChange& change) {
   const bool isFirst = !given_.contains(change.Symbol);
   auto& fields = given_[change.Symbol];
-  const bool hadNoOpening = !fields.empty() && !fields.contains(openingField);
+  const bool hadNoOpening = !fields.empty() && !fields.contains(Host::Field::Open);
   for (const auto& [number, text] : change.Fields)
     fields.insert(number);
   TRecordChange told = feedType_ == Constdef::FeedType_Delayed ? WithoutQueue(change) : change;
@@ -136,7 +138,7 @@ void TMarketFeed::Apply(const TRecordChange& change) {
     told.State = Constdef::RecordState_Ready; // the record may be one that was forgotten
   services_.Subscriptions.Apply(told);
   // Views list the rows of a record once a day.
-  if (hadNoOpening && fields.contains(openingField))
+  if (hadNoOpening && fields.contains(Host::Field::Open))
     services_.Channels.Send(Constdef::Channel_BeginningOfDay, nullptr, nullptr);
 }
 

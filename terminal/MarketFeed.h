@@ -14,8 +14,8 @@ namespace Terminal {
 
 class TServices;
 
-/// The lines of a recording that were skipped, each as "line NUMBER: what is wrong with it"; of
-/// very many, the first and how many there are.
+/// The lines of a recording that were skipped, each by its number and with what is wrong with it,
+/// in the terminal's current language; of very many, the first. The last says how many there are.
 std::vector<std::string> SkippedLines(const TRecordingIndex& index);
 
 /// Hands what a player plays to the services in the form of one of the vendor's feed types, and

@@ -25,10 +25,10 @@ QString MarketPlayer::Open(const QString& path) {
   return {};
 }
 
-void MarketPlayer::Simulate(const Market::TSimulation& simulation) {
+void MarketPlayer::Simulate(const TSimulation& simulation) {
   lastSimulation_ = simulation;
   Close();
-  auto reader = std::make_unique<Market::SimulationReader>(lastSimulation_, [this] { Wake(); });
+  auto reader = std::make_unique<SimulationReader>(lastSimulation_, [this] { Wake(); });
   simulation_ = reader.get();
   if (delay_ > TTimeOfDay{})
     simulation_->SetDelay(delay_);
@@ -93,7 +93,7 @@ void MarketPlayer::Step(int milliseconds) {
   Deliver();
 }
 
-void MarketPlayer::Jump(Market::TJump to) {
+void MarketPlayer::Jump(TJump to) {
   if (!simulation_)
     return;
   simulation_->Jump(to);

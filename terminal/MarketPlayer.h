@@ -1,7 +1,7 @@
 #pragma once
 
-#include "terminal/market/SimulationReader.h"
 #include "terminal/replay/RecordingReader.h"
+#include "terminal/replay/SimulationReader.h"
 
 #include <QObject>
 #include <QString>
@@ -44,9 +44,9 @@ public:
   /// be opened; otherwise what is wrong, in one sentence, and nothing has changed.
   QString Open(const QString& path);
   /// Simulates a market, paused at the simulation's start, in place of what was open.
-  void Simulate(const Market::TSimulation& simulation);
+  void Simulate(const TSimulation& simulation);
   /// The last that was simulated, or the one that is simulated unless told otherwise.
-  const Market::TSimulation& Simulation() const { return lastSimulation_; }
+  const TSimulation& Simulation() const { return lastSimulation_; }
   void Close();
   QString Path() const { return path_; } ///< of the recording; empty while none is open
   bool IsSimulating() const { return simulation_ != nullptr; }
@@ -71,7 +71,7 @@ public:
   // Of simulated markets only; a recording takes no notice.
 
   /// Runs on at full speed, with Progress, then goes on as before: Reset, and one batch.
-  void Jump(Market::TJump to);
+  void Jump(TJump to);
   void Request(const Market::TOrderRequest& request);
   /// Batches come that far behind the market: Reset, then one batch with the state of that moment.
   /// Kept from one market to the next; zero unless told.
@@ -117,7 +117,7 @@ private:
   void TellState();
 
   QString path_;
-  Market::TSimulation lastSimulation_;
+  TSimulation lastSimulation_;
   double speed_ = 1;
   TAtEnd atEnd_ = TAtEnd::Stop;
   TState toldState_ = TState::Closed;
@@ -125,8 +125,8 @@ private:
   TTimeOfDay batchTime_{};
   TTimeOfDay delay_{};
   std::shared_ptr<const TRecordingIndex> index_;
-  std::shared_ptr<MarketReader> reader_;           ///< nobody else keeps it
-  Market::SimulationReader* simulation_ = nullptr; ///< the reader, when it is one
+  std::shared_ptr<MarketReader> reader_;   ///< nobody else keeps it
+  SimulationReader* simulation_ = nullptr; ///< the reader, when it is one
   QTimer positionTimer_;
 };
 

@@ -13,6 +13,7 @@ TMarketRecorder::TMarketRecorder(const MarketPlayer& player, const TMarketFeed& 
 }
 
 std::string TMarketRecorder::Start(const std::string& file) {
+  file_ = file;
   auto writer = std::make_unique<RecordingWriter>();
   const auto* index = player_.Index();
   if (auto error = writer->Open(file, index ? index->Header : TRecordingHeader()); !error.empty())

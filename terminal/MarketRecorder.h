@@ -19,6 +19,8 @@ public:
   TMarketRecorder(const MarketPlayer& player, const TMarketFeed& feed);
 
   bool IsRecording() const { return writer_ != nullptr; }
+  /// That is being recorded, or was last.
+  const std::string& File() const { return file_; }
   /// Empty when `file` is being written now; otherwise one sentence.
   std::string Start(const std::string& file);
   /// Empty when everything is in the file, or nothing was being recorded; otherwise one sentence.
@@ -34,6 +36,7 @@ private:
   const MarketPlayer& player_;
   const TMarketFeed& feed_;
   std::unique_ptr<RecordingWriter> writer_;
+  std::string file_;
 };
 
 } // namespace Terminal

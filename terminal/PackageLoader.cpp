@@ -72,7 +72,7 @@ void CheckVersion(void* library, const std::string& file) {
 }
 
 std::unique_ptr<Baseview::TIBaseView> CreateDescriptor(const std::string& file) {
-  const std::string className(DescriptorClass);
+  const std::string className(Constdef::Class_QuorPrice);
   auto component = System::Classes::CreateRegistered(className, nullptr);
   if (!component)
     throw TLoadError("The package " + file + " does not register the class " + className + ".");

@@ -9,9 +9,6 @@
 
 namespace Terminal {
 
-/// Class under which a package registers the descriptor of its price view.
-inline constexpr std::string_view DescriptorClass = "TIQuorPrice";
-
 /// A loaded package with the descriptor of its view. Destroying it destroys the descriptor and
 /// finalizes the package, whose code stays in memory: the class registry still refers to it.
 class TPackage {

@@ -1,16 +1,19 @@
 #include "terminal/TerminalMain.h"
 
+#include "host/ConstDef.h"
+
 #include "terminal/CommandLine.h"
 #include "terminal/Headless.h"
 #include "terminal/LayoutSymbol.h"
 #include "terminal/OrderDesk.h"
 #include "terminal/PackageLoader.h"
-#include "terminal/market/SimulationRecording.h"
+#include "terminal/replay/SimulationRecording.h"
 #include "terminal/script/ScriptDriver.h"
 #include "terminal/script/ScriptSession.h"
 #include "terminal/windows/MainWindow.h"
 #include "terminal/windows/StoreSentence.h"
 #include "terminal/windows/TerminalStyle.h"
+#include "terminal/windows/WindowTexts.h"
 
 #include <QApplication>
 #include <sys/stat.h>
@@ -64,7 +67,8 @@ class TMarket {
 public:
   explicit TMarket(TServices& services) : Feed(services, Player) {
     Desk.Follow(Player);
-    services.Profile.Grant({"QuorPrice", "ProChart"});
+    services.Profile.Grant(
+        {std::string(Constdef::Function_QuorPrice), std::string(Constdef::Function_Chart)});
   }
 
   /// Empty, or one sentence.
@@ -75,8 +79,8 @@ public:
       Player.Simulate(line.Simulation);
       return {};
     }
-    const QString error = Player.Open(QString::fromStdString(*line.Replay));
-    return error.isEmpty() ? std::string() : *line.Replay + ": " + error.toStdString();
+    const QString file = QString::fromStdString(*line.Replay);
+    return FileSentence(file, Player.Open(file)).toStdString();
   }
 
   MarketPlayer Player;
@@ -102,15 +106,17 @@ int RunScript(TServices& services, Baseview::TIBaseView& descriptor, std::istrea
 
 std::string Record(const TCommandLine& line) {
   const std::chrono::duration<double> length(line.Seconds.value_or(RecordedSeconds));
-  return Market::RecordSimulation(line.Simulation, std::chrono::duration_cast<TTimeOfDay>(length),
-                                  *line.Record);
+  const std::string error = RecordSimulation(
+      line.Simulation, std::chrono::duration_cast<TTimeOfDay>(length), *line.Record);
+  return error.empty() ? error : *line.Record + ": " + error;
 }
 
 /// Linked views follow their own group only; views in no group follow what is broadcast.
 constexpr const char* GroupDataMode = "1";
 
 void RestoreSettings(TServices& services, TSavedState& state) {
-  services.Config.Load(Constdef::Section_TradePlatform, "DefaultGroupDataMode", GroupDataMode);
+  services.Config.Load(Constdef::Section_TradePlatform, Constdef::Key_DefaultGroupDataMode,
+                       GroupDataMode);
   state.Follow(services.Config);
   services.Languages.SetLanguage(
       services.Config.ReadInteger(Constdef::Section_TradePlatform, "Language"));
@@ -135,8 +141,9 @@ int RunHeadless(TServices& services, Baseview::TIBaseView& descriptor, const TCo
     std::cerr << skipped << std::endl;
   services.Config.SetLayoutReady(true);
   TViewHost views(descriptor, [&] {
-    return SettingsAt(services.Languages.CurrentLanguage(),
-                      services.Config.ReadInteger(Constdef::Section_TradePlatform, "ScaleSize"));
+    return SettingsAt(
+        services.Languages.CurrentLanguage(),
+        services.Config.ReadInteger(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize));
   });
   auto* view = views.Open(FirstLayout(services, line, symbol));
   if (!view)

@@ -2,10 +2,12 @@
 
 #include "platform/Grid.h"
 
+#include <QLabel>
 #include <QString>
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <utility>
 
 namespace Terminal {
@@ -63,6 +65,23 @@ int ConsoleWidth(const std::string& text) {
   for (const char32_t character : QString::fromStdString(text).toUcs4())
     width += CharacterWidth(character);
   return width;
+}
+
+std::string LabelLines(const QWidget& view) {
+  std::map<int, std::map<int, QString>> lines; // by where they stand: down, then across
+  for (const auto* label : view.findChildren<QLabel*>())
+    if (const QString text = label->text().trimmed(); label->isVisible() && !text.isEmpty()) {
+      const QPoint place = label->mapTo(&view, QPoint());
+      lines[place.y()][place.x()] = text;
+    }
+  std::string all;
+  for (const auto& [down, labels] : lines) {
+    QStringList texts;
+    for (const auto& [across, text] : labels)
+      texts.append(text);
+    all += texts.join(QStringLiteral("  ")).toStdString() + "\n";
+  }
+  return all;
 }
 
 std::string TextTable(const Platform::TcxGridTableView& view, TColouring colouring) {

@@ -14,7 +14,7 @@ double Seconds(TTimeOfDay time) { return static_cast<double>(time.count()) / 1e6
 double Fading(double seconds, double minutes) { return Exp(-seconds / (60 * minutes)); }
 
 /// DayProfile() is never above this.
-constexpr double HighestProfile = 2.6;
+constexpr double HighestProfile = 3.2;
 
 } // namespace
 
@@ -26,15 +26,15 @@ double DayProfile(const TPhaseSpan& phase, TTimeOfDay time) {
   case TPhase::OpeningMatching:
     return 0.05;
   case TPhase::Morning:
-    return 0.9 + 1.6 * Fading(Seconds(time - phase.Start), 12);
+    return 0.85 + 2.2 * Fading(Seconds(time - phase.Start), 15);
   case TPhase::Afternoon:
-    return 0.85 + 0.4 * Fading(Seconds(time - phase.Start), 10) +
-           1.2 * Fading(Seconds(phase.End - time), 15);
+    return 0.8 + 0.4 * Fading(Seconds(time - phase.Start), 10) +
+           1.4 * Fading(Seconds(phase.End - time), 15);
   case TPhase::ClosingInput:
-    return 0.4;
+    return 0.9;
   case TPhase::ClosingNoCancel:
   case TPhase::ClosingMatching:
-    return 0.15;
+    return 0.3;
   case TPhase::Closed:
   case TPhase::Blocking:
   case TPhase::Lunch:

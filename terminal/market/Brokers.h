@@ -1,5 +1,6 @@
 #pragma once
 
+#include "terminal/data/RecordingHeader.h"
 #include "terminal/market/MarketTypes.h"
 
 #include <span>

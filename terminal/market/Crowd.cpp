@@ -10,7 +10,7 @@ constexpr std::uint64_t FirstStream = 100;
 
 } // namespace
 
-TInstrumentSettings SettingsOf(const TInstrument& instrument) {
+TInstrumentSettings SettingsOf(const TListing& listing, const TInstrument& instrument) {
   TInstrumentSettings settings;
   settings.Symbol = instrument.Symbol;
   settings.BoardLot = instrument.BoardLot;
@@ -21,6 +21,7 @@ TInstrumentSettings SettingsOf(const TInstrument& instrument) {
   settings.HasOpeningAuction = trades && instrument.HasAuctions();
   settings.HasClosingAuction = trades && instrument.HasAuctions();
   settings.VolatilityPercent = trades ? instrument.VolatilityPercent() : 0;
+  settings.DailyLimits = listing.DailyLimits(instrument);
   return settings;
 }
 
@@ -60,6 +61,8 @@ std::size_t TCrowd::Act() {
   turns_.pop_back();
   const std::size_t position = turn.Actor % flows_.size();
   TInstrumentMarket& market = *markets_[position];
+  if (market.Settings().IsSuspended)
+    return position;
   market.AdvanceTo(turn.Due);
   fairValues_.AdvanceTo(turn.Due);
   const std::size_t reference = references_[position];
@@ -71,8 +74,6 @@ std::size_t TCrowd::Act() {
     TLiquidityProvider& provider = *providers_[position];
     provider.Act(market, *markets_[reference], [this] { return NewOrderId(); });
     Schedule(turn.Actor, provider.Due());
-    if (IsCalled(position))
-      market.Suspend();
   }
   return position;
 }
@@ -99,9 +100,19 @@ double TCrowd::FairOf(std::size_t instrument) const {
   return static_cast<double>(*bid + *ask) / 2 * RenminbiPerDollar;
 }
 
-bool TCrowd::IsCalled(std::size_t instrument) const {
-  const auto& terms = listing_.Instruments()[instrument].Terms;
-  return terms && Market::IsCalled(*terms, markets_[references_[instrument]]->Figures());
+std::vector<std::size_t> TCrowd::SuspendCalled(std::size_t underlying, TTimeOfDay now) {
+  std::vector<std::size_t> called;
+  for (std::size_t position = 0; position < markets_.size(); ++position) {
+    const auto& terms = listing_.Instruments()[position].Terms;
+    if (references_[position] != underlying || !terms ||
+        markets_[position]->Settings().IsSuspended ||
+        !IsCalled(*terms, markets_[underlying]->Figures()))
+      continue;
+    markets_[position]->AdvanceTo(now);
+    markets_[position]->Suspend();
+    called.push_back(position);
+  }
+  return called;
 }
 
 } // namespace Terminal::Market

@@ -9,7 +9,7 @@
 namespace Terminal::Market {
 
 /// How the instrument is to be traded.
-TInstrumentSettings SettingsOf(const TInstrument& instrument);
+TInstrumentSettings SettingsOf(const TListing& listing, const TInstrument& instrument);
 
 /// Everybody but the user: order flow and liquidity providers of all instruments, in one order of
 /// time. The same listing, day and seed bring the same orders as long as nobody else trades.
@@ -29,10 +29,12 @@ public:
   /// Returns the instrument's position in the listing.
   std::size_t Act();
 
+  /// Ends trading in the contracts on the instrument at this position that are called by what it
+  /// has traded at until `now`; nobody acts in them again. Returns their positions.
+  std::vector<std::size_t> SuspendCalled(std::size_t underlying, TTimeOfDay now);
+
   /// The news of the day in order of time: each brings about a cooling-off within a minute or so.
   std::span<const TShock> Shocks() const { return shocks_; }
-  /// Whether the contract at this position has been called: it does not trade any more.
-  bool IsCalled(std::size_t instrument) const;
 
   /// A number for an order that no other order of this day has; for the user's orders too.
   TOrderId NewOrderId() { return ++lastOrder_; }

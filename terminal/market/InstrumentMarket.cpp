@@ -53,7 +53,6 @@ void TDayFigures::Add(const TTrade& trade) {
   Last = trade.Price;
   Volume += trade.Quantity;
   Turnover += trade.Price * trade.Quantity;
-  ++Trades;
 }
 
 TInstrumentMarket::TInstrumentMarket(TInstrumentSettings settings, const TTickGrid& grid,
@@ -142,6 +141,8 @@ TRejection TInstrumentMarket::CheckEntry(TQuantity quantity) const {
 TRejection TInstrumentMarket::CheckPrice(TSide side, TPrice price) const {
   if (!book_.Grid().IsValid(price))
     return TRejection::PriceOffTick;
+  if (settings_.DailyLimits && !settings_.DailyLimits->Hold(price))
+    return TRejection::OutsideLimits;
   if (!IsContinuous(Phase())) {
     const auto limits = AuctionLimits();
     return limits && !limits->Hold(price) ? TRejection::OutsideLimits : TRejection::None;
@@ -188,10 +189,18 @@ TEntryResult TInstrumentMarket::Trade(const TOrderEntry& entry, TPrice price) {
   const TQuantity filled = entry.Quantity - left;
   if (left > 0 && book_.Crosses(entry.Side, price)) {
     if (!CoolingOff())
-      volatility_->Trigger(now_);
+      StartCoolingOff();
     return {TRejection::VolatilityControl, filled, 0};
   }
   return {TRejection::None, filled, entry.Kind == TOrderKind::Limit ? left : 0};
+}
+
+/// Nothing may trade beyond its limits, so that nothing is left there to be traded with.
+void TInstrumentMarket::StartCoolingOff() {
+  volatility_->Trigger(now_);
+  LapseIf([limits = CoolingOff()->Limits](const TBookOrder& order) {
+    return order.Side == TSide::Bid ? order.Price > limits.Upper : order.Price < limits.Lower;
+  });
 }
 
 void TInstrumentMarket::Report(const TTrade& trade) {
@@ -316,7 +325,13 @@ std::optional<TPriceLimits> TInstrumentMarket::AuctionLimits() const {
   const auto reference = ReferencePrice();
   if (!reference || !(isOpening || IsClosingAuction(Phase())))
     return std::nullopt;
-  return LimitsAround(*reference, isOpening ? OpeningPercent : ClosingPercent, book_.Grid());
+  TPriceLimits limits =
+      LimitsAround(*reference, isOpening ? OpeningPercent : ClosingPercent, book_.Grid());
+  if (settings_.DailyLimits) {
+    limits.Lower = std::max(limits.Lower, settings_.DailyLimits->Lower);
+    limits.Upper = std::min(limits.Upper, settings_.DailyLimits->Upper);
+  }
+  return limits;
 }
 
 std::optional<TEquilibrium> TInstrumentMarket::Equilibrium() const {

@@ -24,8 +24,9 @@ struct TInstrumentSettings {
   std::optional<TPrice> PreviousClose; ///< empty when never traded: then the opening has no limits
   bool HasOpeningAuction = true;
   bool HasClosingAuction = false;
-  int VolatilityPercent = 0; ///< 10, 15 or 20; 0: outside the volatility control
-  bool IsSuspended = false;  ///< takes no order all day
+  int VolatilityPercent = 0;                 ///< 10, 15 or 20; 0: outside the volatility control
+  bool IsSuspended = false;                  ///< takes no order all day
+  std::optional<TPriceLimits> DailyLimits{}; ///< at all times, beside whatever else limits a price
 };
 
 /// An order on its way in.
@@ -45,7 +46,7 @@ enum class TRejection {
   QuantityNotInLots, ///< not a whole number of board lots above 0
   QuantityTooLarge,  ///< more than LargestOrderInLots
   PriceOffTick,      ///< not a price of the spread table
-  OutsideLimits,     ///< beyond the auction's limits
+  OutsideLimits,     ///< beyond the limits of the day or of the auction
   TooFarFromNominal, ///< nine times the nominal price or more, a ninth or less
   BeyondReach,       ///< more than ReachInTicks beyond the best opposite price
   NoOppositePrice,   ///< a market order in continuous trading with nobody to trade with
@@ -78,9 +79,9 @@ struct TDayFigures {
   std::optional<TPrice> Open, High, Low, Last;
   TQuantity Volume = 0;
   TAmount Turnover = 0;
-  std::int64_t Trades = 0;
 
   void Add(const TTrade& trade);
+  bool operator==(const TDayFigures&) const = default;
 };
 
 /// Hears what one or several instruments do. Called from within Enter, Change, Suspend and
@@ -90,8 +91,9 @@ public:
   virtual ~TMarketListener();
   virtual void Traded(const TInstrumentMarket& market, const TTrade& trade) = 0;
   /// The exchange took the order off the book: an at-auction order is left after the opening, the
-  /// price is outside the closing auction's limits, or trading in the instrument is over for the
-  /// day. Not called for what its owner cancels.
+  /// price is outside the closing auction's limits, a bid is above or an ask below the limits of
+  /// the cooling-off that begins, or trading in the instrument is over for the day. Not called for
+  /// what its owner cancels.
   virtual void Lapsed(const TInstrumentMarket& market, const TBookOrder& order) = 0;
 };
 
@@ -143,7 +145,8 @@ public:
   /// Within which the auction that is on accepts prices: while orders are entered and withdrawn 15
   /// per cent (opening) or 5 (closing) around the reference price; later between the lowest ask and
   /// the highest bid of limit orders when that phase ended, whichever is higher, the former limit
-  /// standing in for one that there was not. Empty outside the auctions and without a reference.
+  /// standing in for one that there was not. Never wider than the daily limits. Empty outside the
+  /// auctions and without a reference.
   std::optional<TPriceLimits> AuctionLimits() const;
   /// Empty outside the auctions and when nothing would trade.
   std::optional<TEquilibrium> Equilibrium() const;
@@ -160,6 +163,7 @@ private:
   std::optional<TPrice> FurthestPrice(TSide side) const;
   TEntryResult Place(const TOrderEntry& entry, TPrice price);
   TEntryResult Trade(const TOrderEntry& entry, TPrice price);
+  void StartCoolingOff();
   void Report(const TTrade& trade);
 
   void Leave(TPhase phase);

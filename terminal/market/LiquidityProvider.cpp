@@ -15,6 +15,9 @@ using namespace std::chrono_literals;
 constexpr double InterestRate = 0.03;
 /// A year, on the strike.
 constexpr double FundingRate = 0.045;
+/// Part of the spot price: closer to its call a contract's holder pays less for funding that he may
+/// not get.
+constexpr double NearCall = 0.04;
 
 // Between two looks at the underlying, in seconds: at least, and on average more.
 constexpr double ShortestLook = 0.2;
@@ -47,7 +50,9 @@ double WarrantValue(const TTerms& terms, double spot, double years) {
 
 double ContractValue(const TTerms& terms, double spot, double years) {
   const double inside = terms.Right == TRight::Call ? spot - terms.Strike : terms.Strike - spot;
-  return std::max(inside + FundingRate * years * terms.Strike, 0.0);
+  const double untilCall = std::abs(spot - ToUnits(terms.CallLevel)) / spot;
+  const double funding = FundingRate * years * terms.Strike * std::min(untilCall / NearCall, 1.0);
+  return std::max(inside + funding, 0.0);
 }
 
 } // namespace
@@ -83,11 +88,10 @@ std::optional<TTimeOfDay> TLiquidityProvider::NextLook(TTimeOfDay time) {
 
 void TLiquidityProvider::Act(TInstrumentMarket& market, const TInstrumentMarket& underlying,
                              const std::function<TOrderId()>& newId) {
-  const bool isCalled = IsCalled(*instrument_.Terms, underlying.Figures());
-  due_ = isCalled ? std::nullopt : NextLook(*due_);
+  due_ = NextLook(*due_);
   const auto bid = underlying.Book().BestPrice(TSide::Bid);
   const auto ask = underlying.Book().BestPrice(TSide::Ask);
-  if (isCalled || !bid || !ask) {
+  if (!bid || !ask) {
     fair_ = 0;
     Replace(market, {});
     return;

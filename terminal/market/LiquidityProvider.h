@@ -11,7 +11,8 @@ namespace Terminal::Market {
 /// Value of a warrant or contract in thousandths of its currency unit, when its underlying stands
 /// at `spot` (the same unit, above 0) on `date`. Warrant: F. Black, M. Scholes, Journal of
 /// Political Economy 81 (1973), with the terms' volatility and a fixed rate. Contract: what lies
-/// between spot and strike plus the cost of funding the strike until expiry, never below 0.
+/// between spot and strike plus the cost of funding the strike until expiry, of which less is paid
+/// the closer the call is; never below 0.
 double FairValue(const TTerms& terms, double spot, std::chrono::year_month_day date);
 
 /// Whether the underlying has traded at or beyond the call level, which ends the contract. Never
@@ -21,7 +22,7 @@ bool IsCalled(const TTerms& terms, const TDayFigures& underlying);
 /// Who keeps a market in one warrant or contract: in continuous trading quotes of large size on
 /// both sides of the fair value, which are moved when the fair value has moved by a tick and
 /// filled up when they have been traded. Quotes stand at several prices, the largest at the best.
-/// Withdraws for good when the contract is called, and while the underlying has no two prices.
+/// Withdraws while the underlying has no two prices.
 class TLiquidityProvider {
 public:
   static constexpr int Levels = 5; ///< a side
@@ -38,7 +39,7 @@ public:
   void Act(TInstrumentMarket& market, const TInstrumentMarket& underlying,
            const std::function<TOrderId()>& newId);
 
-  /// Of the last look, in thousandths; 0 before the first or when withdrawn.
+  /// Of the last look, in thousandths; 0 before the first and while withdrawn.
   double Fair() const { return fair_; }
 
   /// Ticks between the best quotes.

@@ -57,7 +57,7 @@ void SetApart(TInstrument& instrument, const TSpecialRow& row) {
   instrument.Standing = row.Standing;
   instrument.Exchange = row.Exchange;
   instrument.Currency = row.Currency;
-  instrument.DailyLimit = row.DailyLimit;
+  instrument.DailyLimitPercent = row.DailyLimitPercent;
   instrument.Messages = {std::string(row.Message), std::string(row.SecondMessage)};
   instrument.Remark = row.Remark;
 }
@@ -231,19 +231,6 @@ std::optional<double> TInstrument::PriceEarnings() const {
   return ToUnits(PreviousClose) / *EarningsPerShare;
 }
 
-TPrice TInstrument::LimitUp(const TTickGrid& grid) const {
-  if (DailyLimit == 0)
-    return 0;
-  return grid.Moved(std::llround(static_cast<double>(PreviousClose) * (1 + DailyLimit)), 0);
-}
-
-TPrice TInstrument::LimitDown(const TTickGrid& grid) const {
-  if (DailyLimit == 0)
-    return 0;
-  const TPrice exact = std::llround(static_cast<double>(PreviousClose) * (1 - DailyLimit));
-  return grid.IsValid(exact) ? exact : grid.Moved(exact, 1);
-}
-
 TListing::TListing(year_month_day date) : date_(date), spreadTables_(SpreadTablesOn(date)) {
   for (const TDatedSpreadTable& table : spreadTables_)
     grids_.emplace(table.Code, TTickGrid(table.Bands));
@@ -278,6 +265,17 @@ const TInstrument* TListing::Find(std::string_view symbol) const {
 
 const TTickGrid& TListing::Grid(const TInstrument& instrument) const {
   return grids_.at(instrument.SpreadCode);
+}
+
+std::optional<TPriceLimits> TListing::DailyLimits(const TInstrument& instrument) const {
+  if (instrument.DailyLimitPercent == 0)
+    return std::nullopt;
+  const TPrice move = instrument.PreviousClose * instrument.DailyLimitPercent / 100;
+  const auto nearest = [&grid = Grid(instrument)](TPrice price) {
+    return grid.Moved(price + grid.StepAbove(price) / 2, 0);
+  };
+  return TPriceLimits{nearest(instrument.PreviousClose - move),
+                      nearest(instrument.PreviousClose + move)};
 }
 
 std::string TListing::WarrantCodes(const TInstrument& instrument) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "terminal/market/Brokers.h"
+#include "terminal/market/PriceLimits.h"
 #include "terminal/market/SpreadTables.h"
 
 #include <array>
@@ -62,9 +63,9 @@ struct TInstrument {
   std::optional<double> DividendYield;    ///< per cent
   std::string AccruedInterest;            ///< of a bond, per 100 nominal; empty otherwise
   TCapitalisation Capitalisation = TCapitalisation::None;
-  double DailyLimit = 0;   ///< part of the previous close, such as 0.1; 0: none
-  char Sector = ' ';       ///< shares of one trade have the same letter; blank: none
-  std::string Counterpart; ///< symbol of the same share in another currency; empty when none
+  int DailyLimitPercent = 0; ///< of the previous close, either way; 0: none
+  char Sector = ' ';         ///< shares of one trade have the same letter; blank: none
+  std::string Counterpart;   ///< symbol of the same share in another currency; empty when none
   /// Lines that the feed sends with it; mostly empty. Of an unknown one the first is its status.
   std::array<std::string, 2> Messages;
   std::string Remark; ///< line shown when there are no messages
@@ -83,10 +84,6 @@ struct TInstrument {
   int VolatilityPercent() const;
   /// Previous close over earnings; empty without earnings or with a loss.
   std::optional<double> PriceEarnings() const;
-  /// The highest price of the day, on the grid; 0 without a daily limit.
-  TPrice LimitUp(const TTickGrid& grid) const;
-  /// The lowest.
-  TPrice LimitDown(const TTickGrid& grid) const;
 };
 
 /// Currency units of CNY that one HKD costs, for the renminbi counters.
@@ -111,6 +108,9 @@ public:
   const std::vector<TDatedSpreadTable>& SpreadTables() const { return spreadTables_; }
   /// The instrument's valid prices. Lives as long as the listing.
   const TTickGrid& Grid(const TInstrument& instrument) const;
+  /// The previous close less and plus the daily limit, each the nearest valid price. Empty when the
+  /// instrument has no daily limit.
+  std::optional<TPriceLimits> DailyLimits(const TInstrument& instrument) const;
 
   // The related codes as the record carries them: symbols or broker numbers, a blank between.
 

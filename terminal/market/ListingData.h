@@ -28,7 +28,7 @@ struct TSpecialRow {
   std::string_view Symbol;
   TStanding Standing;
   std::string_view Exchange, Currency;
-  double DailyLimit;
+  int DailyLimitPercent;
   std::string_view Message, SecondMessage, Remark;
 };
 

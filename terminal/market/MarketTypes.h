@@ -1,6 +1,7 @@
 #pragma once
 
-#include "terminal/replay/Recording.h"
+#include "terminal/data/RecordChange.h"
+#include "terminal/data/TimeOfDay.h"
 
 #include <cstdint>
 

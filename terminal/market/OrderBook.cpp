@@ -36,7 +36,6 @@ void TOrderBook::Add(const TBookOrder& order) {
   level.Back = &added;
   level.Quantity += order.Quantity;
   ++level.Orders;
-  side.Total += order.Quantity;
   if (side.Best == TTickSet::None || (order.Side == TSide::Bid) == (added.Tick > side.Best))
     side.Best = added.Tick;
 }
@@ -70,10 +69,8 @@ bool TOrderBook::Reduce(TOrderId id, TQuantity quantity) {
 }
 
 void TOrderBook::Take(TQueuedOrder& order, TQuantity quantity) {
-  TBookSide& side = SideOf(order.Side);
   order.Quantity -= quantity;
-  side.At(order.Tick).Quantity -= quantity;
-  side.Total -= quantity;
+  SideOf(order.Side).At(order.Tick).Quantity -= quantity;
 }
 
 /// Of an order with nothing left.

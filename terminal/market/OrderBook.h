@@ -61,8 +61,6 @@ public:
   /// Whether an order of `side` at `price` would be filled at once.
   bool Crosses(TSide side, TPrice price) const;
   std::size_t OrderCount() const { return pool_.Count(); }
-  /// Sum of all open quantities of the side.
-  TQuantity TotalQuantity(TSide side) const { return SideOf(side).Total; }
 
   /// The level at `price`, with no orders when it is empty.
   TBookLevel LevelAt(TSide side, TPrice price) const;
@@ -101,7 +99,6 @@ private:
     std::vector<std::unique_ptr<TPage>> Pages;
     TTickSet Occupied;
     int Best = TTickSet::None;
-    TQuantity Total = 0;
   };
 
   TBookSide& SideOf(TSide side) { return side == TSide::Bid ? bids_ : asks_; }

@@ -42,14 +42,20 @@ constexpr double LargestSize = 400; ///< in multiples of the mean
 /// Of the orders that trade at once, those that ask for no more than stands at the best price.
 constexpr double ContentWithBest = 0.7;
 
-/// In an auction, of the orders those that name no price.
-constexpr double AtAuctionPart = 0.12;
+/// Who trades in an auction. To the closing one come the funds that must deal at the closing
+/// price, with orders of another size.
+struct TAuctionHabits {
+  double AtAuctionPart; ///< of the orders, those that name no price
+  double Size;          ///< as a multiple of the ordinary one
+};
+constexpr TAuctionHabits AtTheOpening = {0.12, 1.5};
+constexpr TAuctionHabits AtTheClose = {0.35, 4};
 /// How far beyond the fair value an order in an auction may go to be sure to trade, in ticks.
 constexpr double AuctionOverlap = 3;
 
 /// Orders in the book of an instrument with this many acts a second.
 double UsualOrders(double actsPerSecond) {
-  return std::clamp(50 + 25 * actsPerSecond, 50.0, 280.0);
+  return std::min({15 + 48 * actsPerSecond, 50 + 25 * actsPerSecond, 280.0});
 }
 
 const THabits& HabitsIn(const TInstrument& instrument) {
@@ -58,8 +64,8 @@ const THabits& HabitsIn(const TInstrument& instrument) {
 
 int Outward(TSide side, int ticks) { return side == TSide::Bid ? -ticks : ticks; }
 
-/// While a cooling-off keeps the price from the fair value, what lies beyond its limits is worth
-/// no more than the limit: who would pay more finds sellers there, and both go on.
+/// While a cooling-off keeps the price from the fair value, orders are placed as though what lies
+/// beyond its limits were worth no more than the limit.
 double WithinCoolingOff(const TInstrumentMarket& market, double fairTick) {
   const auto coolingOff = market.CoolingOff();
   if (!coolingOff)
@@ -67,6 +73,14 @@ double WithinCoolingOff(const TInstrumentMarket& market, double fairTick) {
   const TTickGrid& grid = market.Book().Grid();
   return std::clamp<double>(fairTick, grid.TickAtOrAbove(coolingOff->Limits.Lower),
                             grid.TickAtOrBelow(coolingOff->Limits.Upper));
+}
+
+/// How likely somebody who acts is a buyer: even, but while a cooling-off keeps the price from the
+/// fair value few trade against it, and the others queue at the limit.
+double BuyersPart(const TInstrumentMarket& market, double fairTick) {
+  constexpr double Few = 0.2;
+  const double reachable = WithinCoolingOff(market, fairTick);
+  return fairTick > reachable ? 1 - Few : fairTick < reachable ? Few : 0.5;
 }
 
 } // namespace
@@ -91,7 +105,7 @@ void TOrderFlow::Act(TInstrumentMarket& market, double fair, double liveliness, 
   if (fair > 0 && AcceptsOrders(phase)) {
     const double fairTick = TickPosition(market.Book().Grid(), fair);
     if (IsContinuous(phase))
-      ActInContinuous(market, WithinCoolingOff(market, fairTick), id);
+      ActInContinuous(market, fairTick, id);
     else
       ActInAuction(market, fairTick, id);
   }
@@ -115,7 +129,9 @@ double TOrderFlow::Crowding() const {
   return static_cast<double>(orders_.size()) / UsualOrders(instrument_.Temper.OrdersPerSecond);
 }
 
-void TOrderFlow::ActInContinuous(TInstrumentMarket& market, double fairTick, TOrderId id) {
+void TOrderFlow::ActInContinuous(TInstrumentMarket& market, double trueFairTick, TOrderId id) {
+  const double buyers = BuyersPart(market, trueFairTick);
+  const double fairTick = WithinCoolingOff(market, trueFairTick);
   const TOrderBook& book = market.Book();
   const auto bid = book.BestPrice(TSide::Bid);
   const auto ask = book.BestPrice(TSide::Ask);
@@ -123,7 +139,7 @@ void TOrderFlow::ActInContinuous(TInstrumentMarket& market, double fairTick, TOr
   const double cancel = habits.Cancel * Crowding();
   if (!bid || !ask) {
     if (random_.Uniform() * (habits.Quote + cancel) < habits.Quote)
-      Quote(market, fairTick, id);
+      Quote(market, fairTick, buyers, id);
     else
       CancelOne(market, fairTick);
     return;
@@ -135,22 +151,22 @@ void TOrderFlow::ActInContinuous(TInstrumentMarket& market, double fairTick, TOr
   const double take = habits.Take + UrgentTake * urgency * urgency;
   const double chosen = random_.Uniform() * (habits.Quote + take + cancel);
   if (chosen < take)
-    Take(market, fairTick, gap, id);
+    Take(market, fairTick, std::clamp(buyers + 0.16 * gap, 0.03, 0.97), id);
   else if (chosen < take + habits.Quote)
-    Quote(market, fairTick, id);
+    Quote(market, fairTick, buyers, id);
   else
     CancelOne(market, fairTick);
 }
 
-void TOrderFlow::Take(TInstrumentMarket& market, double fairTick, double gap, TOrderId id) {
+void TOrderFlow::Take(TInstrumentMarket& market, double fairTick, double buyers, TOrderId id) {
   const TOrderBook& book = market.Book();
-  const bool buys = random_.Chance(std::clamp(0.5 + 0.16 * gap, 0.03, 0.97));
+  const bool buys = random_.Chance(buyers);
   const TSide against = buys ? TSide::Ask : TSide::Bid;
   const TPrice best = *book.BestPrice(against);
   const int bestTick = book.Grid().TickAtOrBelow(best);
   const double favour = buys ? fairTick - bestTick : bestTick - fairTick;
   if (-favour > LeastTolerance + MoreTolerance * random_.Exponential()) {
-    Quote(market, fairTick, id);
+    Quote(market, fairTick, buys ? 1 : 0, id); // waits instead
     return;
   }
   TQuantity quantity = Quantity();
@@ -160,9 +176,9 @@ void TOrderFlow::Take(TInstrumentMarket& market, double fairTick, double gap, TO
   Enter(market, {Opposite(against), bestTick + Outward(against, reach)}, quantity, id);
 }
 
-void TOrderFlow::Quote(TInstrumentMarket& market, double fairTick, TOrderId id) {
+void TOrderFlow::Quote(TInstrumentMarket& market, double fairTick, double buyers, TOrderId id) {
   const TOrderBook& book = market.Book();
-  const TSide side = random_.Chance(0.5) ? TSide::Bid : TSide::Ask;
+  const TSide side = random_.Chance(buyers) ? TSide::Bid : TSide::Ask;
   const auto opposite = book.BestPrice(Opposite(side));
   const int from = opposite ? book.Grid().TickAtOrBelow(*opposite)
                             : static_cast<int>(std::lround(fairTick)) - Outward(side, 1);
@@ -212,12 +228,13 @@ void TOrderFlow::ActInAuction(TInstrumentMarket& market, double fairTick, TOrder
     CancelOne(market, fairTick);
     return;
   }
+  const TAuctionHabits& habits = IsOpeningAuction(market.Phase()) ? AtTheOpening : AtTheClose;
   const TSide side = random_.Chance(0.5) ? TSide::Bid : TSide::Ask;
-  if (random_.Chance(AtAuctionPart)) {
+  if (random_.Chance(habits.AtAuctionPart)) {
     Note(market.Enter({.Id = id,
                        .Side = side,
                        .Kind = TOrderKind::Market,
-                       .Quantity = Quantity(),
+                       .Quantity = Quantity(habits.Size),
                        .Broker = brokers_.Draw(random_)}),
          id);
     return;
@@ -226,7 +243,7 @@ void TOrderFlow::ActInAuction(TInstrumentMarket& market, double fairTick, TOrder
   const int tick = static_cast<int>(
       std::lround(fairTick + Outward(side, Distance(market.Book().Grid(), fairTick)) +
                   (side == TSide::Bid ? inward : -inward)));
-  Enter(market, {side, tick}, Quantity(), id);
+  Enter(market, {side, tick}, Quantity(habits.Size), id);
 }
 
 /// Enters a limit order at the nearest price that may be asked or offered now.
@@ -239,8 +256,8 @@ void TOrderFlow::Enter(TInstrumentMarket& market, TPlace place, TQuantity quanti
     price = std::clamp(price, limits->Lower, limits->Upper);
   if (const auto coolingOff = market.CoolingOff())
     price = std::clamp(price, coolingOff->Limits.Lower, coolingOff->Limits.Upper);
-  if (instrument_.DailyLimit > 0)
-    price = std::clamp(price, instrument_.LimitDown(grid), instrument_.LimitUp(grid));
+  if (const auto& limits = market.Settings().DailyLimits)
+    price = std::clamp(price, limits->Lower, limits->Upper);
   Note(market.Enter({.Id = id,
                      .Side = place.Side,
                      .Price = price,
@@ -254,8 +271,9 @@ void TOrderFlow::Note(const TEntryResult& result, TOrderId id) {
     orders_.push_back(id);
 }
 
-TQuantity TOrderFlow::Quantity() {
-  const double mean = instrument_.Temper.MeanLots;
+/// `size`: as a multiple of the ordinary one.
+TQuantity TOrderFlow::Quantity(double size) {
+  const double mean = instrument_.Temper.MeanLots * size;
   const double beyondOne = random_.Lomax((mean - 0.5) * (SizeExponent - 1), SizeExponent);
   auto lots = 1 + static_cast<TQuantity>(std::min(beyondOne, LargestSize * mean));
   if (lots > 10 && random_.Chance(0.5)) // people like round numbers

@@ -13,8 +13,8 @@ namespace Terminal::Market {
 /// from the opposite best price (J.-P. Bouchaud, M. Mezard, M. Potters, Quantitative Finance 2,
 /// 2002); cancellations by distance too (R. Cont, S. Stoikov, R. Talreja, Operations Research 58,
 /// 2010). Sizes have a Pareto tail. Buyers and sellers lean a little to a fair value, so that the
-/// price follows it; in a cooling-off they go on within its limits, as though nothing were worth
-/// more or less. No order hides a part of its quantity.
+/// price follows it; in a cooling-off they go on within its limits and queue at the one that keeps
+/// the price from it. No order hides a part of its quantity.
 class TOrderFlow {
 public:
   /// `instrument`, `day` and `brokers` outlive this.
@@ -36,16 +36,17 @@ private:
   };
 
   void ActInAuction(TInstrumentMarket& market, double fairTick, TOrderId id);
-  void ActInContinuous(TInstrumentMarket& market, double fairTick, TOrderId id);
-  void Take(TInstrumentMarket& market, double fairTick, double gap, TOrderId id);
-  void Quote(TInstrumentMarket& market, double fairTick, TOrderId id);
+  void ActInContinuous(TInstrumentMarket& market, double trueFairTick, TOrderId id);
+  // `buyers`: how likely it is a buyer.
+  void Take(TInstrumentMarket& market, double fairTick, double buyers, TOrderId id);
+  void Quote(TInstrumentMarket& market, double fairTick, double buyers, TOrderId id);
   void CancelOne(TInstrumentMarket& market, double fairTick);
   void Enter(TInstrumentMarket& market, TPlace place, TQuantity quantity, TOrderId id);
   void Note(const TEntryResult& result, TOrderId id);
   void ForgetOneThatIsGone(const TOrderBook& book);
   double Crowding() const;
   int Distance(const TTickGrid& grid, double fairTick);
-  TQuantity Quantity();
+  TQuantity Quantity(double size = 1);
 
   const TInstrument& instrument_;
   const TBrokerDraw& brokers_;

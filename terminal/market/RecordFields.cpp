@@ -1,7 +1,6 @@
 #include "terminal/market/RecordFields.h"
 
-#include "terminal/market/BrokerQueue.h"
-#include "terminal/market/FieldNumbers.h"
+#include "host/RecordFields.h"
 
 #include <cmath>
 #include <cstdio>
@@ -10,15 +9,14 @@ namespace Terminal::Market {
 
 namespace {
 
-void AddSide(TFieldList& fields, const TOrderBook& book, TSide side, const Field::TDepth& numbers) {
-  std::array<TBookLevel, Field::Levels> levels;
-  const std::size_t count = book.ReadLevels(side, levels);
-  for (std::size_t i = 0; i < count; ++i) {
-    fields.Price(numbers.Price[i], levels[i].Price);
-    fields.Count(numbers.Size[i], levels[i].Quantity);
-    fields.Count(numbers.Count[i], levels[i].Orders);
+void AddSide(TFieldList& fields, const TSnapshot::TBookSide& side,
+             const Host::Field::TSide& numbers) {
+  for (std::size_t i = 0; i < side.Levels.size(); ++i) {
+    fields.Price(numbers.Price[i], side.Levels[i].Price);
+    fields.Count(numbers.Size[i], side.Levels[i].Quantity);
+    fields.Count(numbers.Count[i], side.Levels[i].Orders);
   }
-  fields.Text(numbers.Queue, BrokerQueueText(book, side));
+  fields.Text(numbers.Queue, BrokerQueueText(side.Queue));
 }
 
 std::string DateText(std::chrono::year_month_day date) {
@@ -29,83 +27,73 @@ std::string DateText(std::chrono::year_month_day date) {
 }
 
 void AddTerms(TFieldList& fields, const TTerms& terms) {
-  fields.Text(Field::Underlying, terms.Underlying);
-  fields.Number(Field::Strike, terms.Strike);
-  fields.Text(Field::CallPut, terms.Right == TRight::Call ? "C" : "P");
-  fields.Text(Field::Expiry, DateText(terms.Expiry));
-  fields.Number(Field::ConversionRatio, 1.0 / terms.UnitsPerUnderlying);
-  fields.Text(Field::OptionStyle, terms.IsAmerican ? "2" : "1");
+  fields.Text(Host::Field::Underlying, terms.Underlying);
+  fields.Number(Host::Field::StrikePrice, terms.Strike);
+  fields.Text(Host::Field::CallPut, terms.Right == TRight::Call ? "C" : "P");
+  fields.Text(Host::Field::ExpiryDate, DateText(terms.Expiry));
+  fields.Number(Host::Field::ConversionRatio, 1.0 / terms.UnitsPerUnderlying);
+  fields.Text(Host::Field::OptionStyle, terms.IsAmerican ? "2" : "1");
   if (terms.CallLevel > 0)
-    fields.Price(Field::CallLevel, terms.CallLevel);
+    fields.Price(Host::Field::CallPrice, terms.CallLevel);
 }
 
 void AddValuation(TFieldList& fields, const TInstrument& instrument) {
   if (const auto multiple = instrument.PriceEarnings())
-    fields.Number(Field::PriceEarnings, std::round(*multiple * 10) / 10);
+    fields.Number(Host::Field::PriceEarnings, std::round(*multiple * 10) / 10);
   if (instrument.DividendYield)
-    fields.Number(Field::DividendYield, *instrument.DividendYield);
-  fields.Text(Field::AccruedInterest, instrument.AccruedInterest);
+    fields.Number(Host::Field::DividendYield, *instrument.DividendYield);
+  fields.Text(Host::Field::AccruedInterest, instrument.AccruedInterest);
 }
 
 /// "1" no surplus, "2" of buyers, "3" of sellers.
-void AddImbalance(TFieldList& fields, const TInstrumentMarket& market) {
-  const auto equilibrium = market.Equilibrium();
-  if (!equilibrium)
+void AddImbalance(TFieldList& fields, const TSnapshot& shown) {
+  if (!shown.Equilibrium)
     return;
-  const bool hasBuyers = equilibrium->Imbalance == TImbalance::BuySurplus;
-  const bool isEven = equilibrium->Imbalance == TImbalance::None;
-  fields.Text(Field::ImbalanceSide, isEven ? "1" : hasBuyers ? "2" : "3");
-  fields.Count(Field::ImbalanceQuantity, equilibrium->Surplus);
+  const bool hasBuyers = shown.Equilibrium->Imbalance == TImbalance::BuySurplus;
+  const bool isEven = shown.Equilibrium->Imbalance == TImbalance::None;
+  fields.Text(Host::Field::ImbalanceDirection, isEven ? "1" : hasBuyers ? "2" : "3");
+  fields.Count(Host::Field::ImbalanceQuantity, shown.Equilibrium->Surplus);
 }
 
-void AddOpeningSession(TFieldList& fields, const TInstrumentMarket& market) {
-  if (!market.Settings().HasOpeningAuction)
-    return;
-  const bool isOn = IsOpeningAuction(market.Phase());
-  fields.Text(Field::OpeningSession, isOn ? "1" : "0");
+void AddOpeningSession(TFieldList& fields, const TSnapshot& shown) {
+  const bool isOn = shown.Session == TSnapshot::TSession::Opening;
+  fields.Text(Host::Field::PosMarker, isOn ? "1" : "0");
   if (!isOn)
     return;
-  fields.Price(Field::OpeningReference, market.ReferencePrice());
-  if (const auto limits = market.AuctionLimits()) {
-    fields.Price(Field::OpeningLower, limits->Lower);
-    fields.Price(Field::OpeningUpper, limits->Upper);
-    fields.Price(Field::SellLowerLimit, limits->Lower);
-    fields.Price(Field::BuyUpperLimit, limits->Upper);
+  fields.Price(Host::Field::PosReferencePrice, shown.Reference);
+  if (shown.AuctionLimits) {
+    fields.Price(Host::Field::PosLowerPrice, shown.AuctionLimits->Lower);
+    fields.Price(Host::Field::PosUpperPrice, shown.AuctionLimits->Upper);
+    fields.Price(Host::Field::PosSellLowerLimit, shown.AuctionLimits->Lower);
+    fields.Price(Host::Field::PosBuyUpperLimit, shown.AuctionLimits->Upper);
   }
-  AddImbalance(fields, market);
+  AddImbalance(fields, shown);
 }
 
 /// The field says all day that the session applies; with a reference price it is in force.
-void AddClosingSession(TFieldList& fields, const TInstrumentMarket& market) {
-  if (!market.Settings().HasClosingAuction)
+void AddClosingSession(TFieldList& fields, const TSnapshot& shown) {
+  fields.Text(Host::Field::CasMarker, shown.IsClosed ? "0" : "1");
+  if (shown.Session != TSnapshot::TSession::Closing)
     return;
-  const bool isOver = market.ClosingPrice().has_value();
-  fields.Text(Field::ClosingSession, isOver ? "0" : "1");
-  const TPhase phase = market.Phase();
-  if (phase != TPhase::ReferenceFixing && !IsClosingAuction(phase))
-    return;
-  fields.Price(Field::ClosingReference, market.ReferencePrice());
-  if (const auto limits = market.AuctionLimits()) {
-    fields.Price(Field::ClosingLower, limits->Lower);
-    fields.Price(Field::ClosingUpper, limits->Upper);
+  fields.Price(Host::Field::CasReferencePrice, shown.Reference);
+  if (shown.AuctionLimits) {
+    fields.Price(Host::Field::CasLowerPrice, shown.AuctionLimits->Lower);
+    fields.Price(Host::Field::CasUpperPrice, shown.AuctionLimits->Upper);
   }
-  AddImbalance(fields, market);
+  AddImbalance(fields, shown);
 }
 
-void AddVolatilityControl(TFieldList& fields, const TInstrumentMarket& market,
+void AddVolatilityControl(TFieldList& fields, const std::optional<TCoolingOff>& coolingOff,
                           TCoolingOffs earlier) {
-  if (market.Settings().VolatilityPercent == 0)
-    return;
-  const auto coolingOff = market.CoolingOff();
   const bool isTakenOff = !coolingOff && earlier == TCoolingOffs::Had;
-  fields.Text(Field::VolatilityControl, isTakenOff ? "0" : "1");
+  fields.Text(Host::Field::VcmMarker, isTakenOff ? "0" : "1");
   if (!coolingOff)
     return;
-  fields.Text(Field::CoolingOffStart, ClockText(coolingOff->Start));
-  fields.Text(Field::CoolingOffEnd, ClockText(coolingOff->End));
-  fields.Price(Field::CoolingOffReference, coolingOff->Reference);
-  fields.Price(Field::CoolingOffLower, coolingOff->Limits.Lower);
-  fields.Price(Field::CoolingOffUpper, coolingOff->Limits.Upper);
+  fields.Text(Host::Field::VcmStartTime, ClockText(coolingOff->Start));
+  fields.Text(Host::Field::VcmEndTime, ClockText(coolingOff->End));
+  fields.Price(Host::Field::VcmReferencePrice, coolingOff->Reference);
+  fields.Price(Host::Field::VcmLowerPrice, coolingOff->Limits.Lower);
+  fields.Price(Host::Field::VcmUpperPrice, coolingOff->Limits.Upper);
 }
 
 std::string AmountText(TAmount amount) {
@@ -116,64 +104,64 @@ std::string AmountText(TAmount amount) {
 } // namespace
 
 void AddListedFields(TFieldList& fields, const TListing& listing, const TInstrument& instrument) {
-  fields.Text(Field::Name, instrument.Name);
-  fields.Text(Field::Exchange, instrument.Exchange);
-  fields.Count(Field::ProductType, instrument.ProductType());
-  fields.Text(Field::Currency, instrument.Currency);
-  fields.Count(Field::BoardLot, instrument.BoardLot);
-  fields.Price(Field::PreviousClose, instrument.PreviousClose);
-  fields.Text(Field::SpreadCode, instrument.SpreadCode);
+  fields.Text(Host::Field::Name, instrument.Name);
+  fields.Text(Host::Field::Exchange, instrument.Exchange);
+  fields.Count(Host::Field::ProductType, instrument.ProductType());
+  fields.Text(Host::Field::Currency, instrument.Currency);
+  fields.Count(Host::Field::BoardLot, instrument.BoardLot);
+  fields.Price(Host::Field::PreviousClose, instrument.PreviousClose);
+  fields.Text(Host::Field::SpreadCode, instrument.SpreadCode);
   if (instrument.Issued > 0)
-    fields.Count(Field::Issued, instrument.Issued);
-  if (instrument.Standing == TStanding::Halted)
-    fields.Text(Field::Status, "0");
-  if (instrument.DailyLimit > 0) {
-    fields.Price(Field::LimitUp, instrument.LimitUp(listing.Grid(instrument)));
-    fields.Price(Field::LimitDown, instrument.LimitDown(listing.Grid(instrument)));
+    fields.Count(Host::Field::IssueSize, instrument.Issued);
+  if (const auto limits = listing.DailyLimits(instrument)) {
+    fields.Price(Host::Field::UpperLimit, limits->Upper);
+    fields.Price(Host::Field::LowerLimit, limits->Lower);
   }
   AddValuation(fields, instrument);
   if (instrument.Terms)
     AddTerms(fields, *instrument.Terms);
-  fields.Text(Field::Remark, instrument.Remark);
-  fields.Text(Field::LeftMessage, instrument.Messages[0]);
-  fields.Text(Field::RightMessage, instrument.Messages[1]);
-  fields.Text(Field::Warrants, listing.WarrantCodes(instrument));
-  fields.Text(Field::Related, listing.RelatedCodes(instrument));
-  fields.Text(Field::Providers, listing.ProviderCodes(instrument));
+  fields.Text(Host::Field::OtherMessage, instrument.Remark);
+  fields.Text(Host::Field::FirstMessage, instrument.Messages[0]);
+  fields.Text(Host::Field::SecondMessage, instrument.Messages[1]);
+  fields.Text(Host::Field::WarrantList, listing.WarrantCodes(instrument));
+  fields.Text(Host::Field::RelatedList, listing.RelatedCodes(instrument));
+  fields.Text(Host::Field::LiquidityProviderList, listing.ProviderCodes(instrument));
 }
 
-void AddBookFields(TFieldList& fields, const TInstrumentMarket& market) {
-  if (!PublishesBook(market.Phase()))
-    return;
-  AddSide(fields, market.Book(), TSide::Bid, Field::Bid);
-  AddSide(fields, market.Book(), TSide::Ask, Field::Ask);
+void AddBookFields(TFieldList& fields, const TSnapshot& shown) {
+  AddSide(fields, shown.Bid, Host::Field::Bid);
+  AddSide(fields, shown.Ask, Host::Field::Ask);
 }
 
-void AddDayFields(TFieldList& fields, const TInstrument& instrument,
-                  const TInstrumentMarket& market) {
-  const TDayFigures& figures = market.Figures();
-  fields.Price(Field::Nominal, market.NominalPrice());
-  fields.Count(Field::Volume, figures.Volume);
-  fields.Text(Field::Turnover, AmountText(figures.Turnover));
-  fields.Price(Field::Open, figures.Open);
-  fields.Price(Field::High, figures.High);
-  fields.Price(Field::Low, figures.Low);
+void AddDayFields(TFieldList& fields, const TInstrument& instrument, const TSnapshot& shown) {
+  const TDayFigures& figures = shown.Figures;
+  fields.Text(Host::Field::Status, shown.IsSuspended ? "0" : "");
+  fields.Price(Host::Field::Nominal, shown.Nominal);
+  fields.Count(Host::Field::Volume, figures.Volume);
+  fields.Text(Host::Field::Turnover, AmountText(figures.Turnover));
+  fields.Price(Host::Field::Open, figures.Open);
+  fields.Price(Host::Field::High, figures.High);
+  fields.Price(Host::Field::Low, figures.Low);
   if (instrument.YearHigh > 0)
-    fields.Price(Field::YearHigh, std::max(instrument.YearHigh, figures.High.value_or(0)));
+    fields.Price(Host::Field::High52Weeks, std::max(instrument.YearHigh, figures.High.value_or(0)));
   if (instrument.YearLow > 0)
-    fields.Price(Field::YearLow,
+    fields.Price(Host::Field::Low52Weeks,
                  std::min(instrument.YearLow, figures.Low.value_or(instrument.YearLow)));
 }
 
-void AddSessionFields(TFieldList& fields, const TInstrumentMarket& market, TCoolingOffs earlier) {
-  AddVolatilityControl(fields, market, earlier);
-  AddOpeningSession(fields, market);
-  AddClosingSession(fields, market);
+void AddSessionFields(TFieldList& fields, const TInstrumentSettings& settings,
+                      const TSnapshot& shown, TCoolingOffs earlier) {
+  if (settings.VolatilityPercent > 0)
+    AddVolatilityControl(fields, shown.CoolingOff, earlier);
+  if (settings.HasOpeningAuction)
+    AddOpeningSession(fields, shown);
+  if (settings.HasClosingAuction)
+    AddClosingSession(fields, shown);
 }
 
-std::string BrokerQueueText(const TOrderBook& book, TSide side) {
+std::string BrokerQueueText(const std::vector<TQueueEntry>& queue) {
   std::string text;
-  for (const TQueueEntry& entry : BrokerQueueOf(book, side)) {
+  for (const TQueueEntry& entry : queue) {
     char item[16];
     const bool isBroker = entry.Kind == TQueueEntry::TKind::Broker;
     std::snprintf(item, sizeof item, isBroker ? "%04d" : "%+d", entry.Number);
@@ -182,7 +170,5 @@ std::string BrokerQueueText(const TOrderBook& book, TSide side) {
   }
   return text;
 }
-
-std::string ClockText(TTimeOfDay time) { return TimeOfDayText(time).substr(0, 8); }
 
 } // namespace Terminal::Market

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "terminal/market/FieldList.h"
-#include "terminal/market/InstrumentMarket.h"
 #include "terminal/market/Listing.h"
+#include "terminal/market/Snapshot.h"
 
 namespace Terminal::Market {
 
@@ -10,13 +10,11 @@ namespace Terminal::Market {
 /// related codes and the like.
 void AddListedFields(TFieldList& fields, const TListing& listing, const TInstrument& instrument);
 
-/// Prices, sizes, order counts and broker queues of the ten best levels a side. There are none of
-/// them while no ordinary book is published.
-void AddBookFields(TFieldList& fields, const TInstrumentMarket& market);
+/// Prices, sizes, order counts and broker queues.
+void AddBookFields(TFieldList& fields, const TSnapshot& shown);
 
-/// What has been traded, and the prices that follow from it.
-void AddDayFields(TFieldList& fields, const TInstrument& instrument,
-                  const TInstrumentMarket& market);
+/// What has been traded, the prices that follow from it, and whether trading is suspended.
+void AddDayFields(TFieldList& fields, const TInstrument& instrument, const TSnapshot& shown);
 
 enum class TCoolingOffs {
   None,
@@ -24,13 +22,11 @@ enum class TCoolingOffs {
 };
 
 /// Volatility control, opening and closing session: what they say while they are in force.
-void AddSessionFields(TFieldList& fields, const TInstrumentMarket& market, TCoolingOffs earlier);
+void AddSessionFields(TFieldList& fields, const TInstrumentSettings& settings,
+                      const TSnapshot& shown, TCoolingOffs earlier);
 
 /// Broker numbers of four digits, with a marker before the orders of every level but the best:
 /// "0123,8088,-1,2820".
-std::string BrokerQueueText(const TOrderBook& book, TSide side);
-
-/// "HH:MM:SS".
-std::string ClockText(TTimeOfDay time);
+std::string BrokerQueueText(const std::vector<TQueueEntry>& queue);
 
 } // namespace Terminal::Market

@@ -1,7 +1,7 @@
 #include "terminal/market/SimulatedMarket.h"
 
 #include "host/ConstDef.h"
-#include "terminal/market/FieldNumbers.h"
+#include "host/RecordFields.h"
 #include "terminal/market/RecordFields.h"
 
 #include <algorithm>
@@ -27,9 +27,11 @@ TSimulatedMarket::TSimulatedMarket(std::uint64_t seed) : day_(seed) {
     positions_[instrument.Symbol] = listed_.size();
     TListed& listed = listed_.emplace_back();
     listed.Instrument = &instrument;
-    if (instrument.Standing != TStanding::Unknown)
+    if (instrument.Standing != TStanding::Unknown) {
       listed.Market = std::make_unique<TInstrumentMarket>(
-          SettingsOf(instrument), listing_.Grid(instrument), day_, listener);
+          SettingsOf(listing_, instrument), listing_.Grid(instrument), day_, listener);
+      listed.Shown = SnapshotOf(*listed.Market);
+    }
     TFieldList same;
     AddListedFields(same, listing_, instrument);
     listed.Same = std::move(same).Sorted();
@@ -47,7 +49,11 @@ TRecordingHeader TSimulatedMarket::Header() const {
     header.Spreads.push_back(Published(table));
   header.Brokers = BrokerDirectory();
   for (const TInstrument& instrument : listing_.Instruments())
-    header.Instruments.push_back({instrument.Symbol, instrument.Name, instrument.Currency});
+    header.Instruments.push_back({.Symbol = instrument.Symbol,
+                                  .Name = instrument.Name,
+                                  .Currency = instrument.Currency,
+                                  .Name1 = instrument.TraditionalName,
+                                  .Name2 = instrument.SimplifiedName});
   return header;
 }
 
@@ -62,7 +68,7 @@ void TSimulatedMarket::AdvanceTo(TTimeOfDay time) {
     if (NextBoundary() <= moment)
       PassBoundary(moment);
     else
-      Note(listed_[crowd_->Act()], moment);
+      Note(crowd_->Act(), moment);
     now_ = moment;
   }
   now_ = std::max(now_, time);
@@ -72,30 +78,43 @@ void TSimulatedMarket::AdvanceTo(TTimeOfDay time) {
 TTimeOfDay TSimulatedMarket::NextBoundary() const {
   TTimeOfDay next = day_.At(now_).End;
   for (const TListed& listed : listed_)
-    next = std::min(next, listed.CoolingOffEnd.value_or(next));
+    if (const auto& end = listed.CoolingOffEnd)
+      next = std::min(next, *end > now_ ? *end : *end + CoolingOffFarewell);
   return next;
 }
 
 void TSimulatedMarket::PassBoundary(TTimeOfDay time) {
-  for (TListed& listed : listed_)
-    if (listed.Market) {
-      listed.Market->AdvanceTo(time);
-      Note(listed, time);
+  for (std::size_t position = 0; position < listed_.size(); ++position) {
+    TListed& listed = listed_[position];
+    if (!listed.Market)
+      continue;
+    listed.Market->AdvanceTo(time);
+    Note(position, time);
+    if (listed.CoolingOffEnd && *listed.CoolingOffEnd + CoolingOffFarewell <= time) {
+      listed.CoolingOffEnd.reset();
+      listed.HasChanged = true;
+      listed.Changed = time;
     }
+  }
 }
 
-/// Something has happened to the instrument.
-void TSimulatedMarket::Note(TListed& listed, TTimeOfDay time) {
+/// Something has happened to the instrument; perhaps nothing that shows.
+void TSimulatedMarket::Note(std::size_t position, TTimeOfDay time) {
+  TListed& listed = listed_[position];
+  TSnapshot shown = SnapshotOf(*listed.Market);
+  if (shown == listed.Shown)
+    return;
+  const bool hasTraded = shown.Figures != listed.Shown.Figures;
+  if (shown.CoolingOff && shown.CoolingOff != listed.Shown.CoolingOff) {
+    coolingOffs_.push_back(listed.Instrument->Symbol);
+    listed.CoolingOffEnd = shown.CoolingOff->End;
+  }
+  listed.Shown = std::move(shown);
   listed.HasChanged = true;
   listed.Changed = time;
-  const auto coolingOff = listed.Market->CoolingOff();
-  if (coolingOff && !listed.CoolingOffEnd)
-    coolingOffs_.push_back(listed.Instrument->Symbol);
-  if (!coolingOff && listed.CoolingOffEnd)
-    listed.HadCoolingOff = true;
-  listed.CoolingOffEnd.reset();
-  if (coolingOff)
-    listed.CoolingOffEnd = coolingOff->End;
+  if (hasTraded)
+    for (const std::size_t called : crowd_->SuspendCalled(position, time))
+      Note(called, time);
 }
 
 void TSimulatedMarket::Apply(const TOrderRequest& request) {
@@ -106,7 +125,7 @@ void TSimulatedMarket::Apply(const TOrderRequest& request) {
     market->AdvanceTo(now_);
   account_.Apply(request, market, isNew ? crowd_->NewOrderId() : 0);
   if (market)
-    Note(*listed, now_);
+    Note(static_cast<std::size_t>(listed - listed_.data()), now_);
 }
 
 std::vector<TRecordChange> TSimulatedMarket::TakeChanges() {
@@ -146,14 +165,15 @@ TRecordChange TSimulatedMarket::ChangeOf(TListed& listed) const {
 
 TFieldTexts TSimulatedMarket::FieldsOf(const TListed& listed) const {
   TFieldList fields;
-  AddBookFields(fields, *listed.Market);
-  AddDayFields(fields, *listed.Instrument, *listed.Market);
-  AddSessionFields(fields, *listed.Market,
-                   listed.HadCoolingOff ? TCoolingOffs::Had : TCoolingOffs::None);
+  AddBookFields(fields, listed.Shown);
+  AddDayFields(fields, *listed.Instrument, listed.Shown);
+  AddSessionFields(fields, listed.Market->Settings(), listed.Shown,
+                   listed.CoolingOffEnd ? TCoolingOffs::Had : TCoolingOffs::None);
   if (listed.Changed > TTimeOfDay{})
-    fields.Text(Field::UpdateTime, ClockText(listed.Changed));
-  if (crowd_->IsCalled(positions_.at(listed.Instrument->Symbol)))
-    fields.Text(Field::LeftMessage, CalledText);
+    fields.Text(Host::Field::UpdateTime, ClockText(listed.Changed));
+  // What traded when the day began and does not any more has been called.
+  if (listed.Shown.IsSuspended && listed.Instrument->Standing == TStanding::Trading)
+    fields.Text(Host::Field::FirstMessage, CalledText);
   return Merged(listed.Same, std::move(fields).Sorted());
 }
 

@@ -2,6 +2,7 @@
 
 #include "terminal/market/Crowd.h"
 #include "terminal/market/FieldList.h"
+#include "terminal/market/Snapshot.h"
 #include "terminal/market/UserAccount.h"
 
 #include <deque>
@@ -49,17 +50,21 @@ public:
   const std::vector<std::string>& CoolingOffs() const { return coolingOffs_; }
 
 private:
+  /// For so long after a cooling-off its instrument is said to be under control no more, so that
+  /// views take it off.
+  static constexpr TTimeOfDay CoolingOffFarewell = std::chrono::seconds(10);
+
   /// An instrument and what has been said of it.
   struct TListed {
     const TInstrument* Instrument = nullptr;
     std::unique_ptr<TInstrumentMarket> Market; ///< null: it sends no data
     TFieldTexts Same;                          ///< fields that are the same all day
+    TSnapshot Shown;
+    TTimeOfDay Changed{}; ///< when Shown came to be as it is
     TFieldTexts Told;
     std::deque<TTrade> Trades; ///< not told yet
-    TTimeOfDay Changed{};
     bool HasChanged = true;
-    std::optional<TTimeOfDay> CoolingOffEnd; ///< of the one that is in force
-    bool HadCoolingOff = false;
+    std::optional<TTimeOfDay> CoolingOffEnd; ///< of the latest, until its end has been told
   };
 
   void Traded(const TInstrumentMarket& market, const TTrade& trade) override;
@@ -67,7 +72,7 @@ private:
   TListed* Find(std::string_view symbol);
   TTimeOfDay NextBoundary() const;
   void PassBoundary(TTimeOfDay time);
-  void Note(TListed& listed, TTimeOfDay time);
+  void Note(std::size_t position, TTimeOfDay time);
   TFieldTexts FieldsOf(const TListed& listed) const;
   TRecordChange ChangeOf(TListed& listed) const;
 

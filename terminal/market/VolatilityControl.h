@@ -14,6 +14,7 @@ struct TCoolingOff {
   TTimeOfDay End{};
   TPrice Reference = 0;
   TPriceLimits Limits;
+  bool operator==(const TCoolingOff&) const = default;
 };
 
 /// The volatility control of one instrument. It watches in continuous trading, from 15 minutes

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "terminal/services/RecordChange.h"
+#include "terminal/data/RecordChange.h"
 
 #include <cstddef>
 #include <string>

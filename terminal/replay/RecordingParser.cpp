@@ -115,7 +115,9 @@ TRecordingHeader::TInstrument Instrument(dom::element value) {
   const dom::object object = Object(value, "An instrument");
   return {RequiredText(object, "symbol", "An instrument's symbol"),
           OptionalText(object, "name", "An instrument's name"),
-          OptionalText(object, "currency", "An instrument's currency")};
+          OptionalText(object, "currency", "An instrument's currency"),
+          OptionalText(object, "name1", "An instrument's Traditional Chinese name"),
+          OptionalText(object, "name2", "An instrument's Simplified Chinese name")};
 }
 
 TRecordingHeader Header(dom::object line) {

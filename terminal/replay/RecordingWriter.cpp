@@ -68,8 +68,9 @@ std::string BrokerText(const TRecordingHeader::TBroker& broker) {
 
 std::string InstrumentText(const TRecordingHeader::TInstrument& instrument) {
   return Concatenated("{", Member("symbol", instrument.Symbol), ",",
-                      Member("name", instrument.Name), ",", Member("currency", instrument.Currency),
-                      "}");
+                      Member("name", instrument.Name), ",", Member("name1", instrument.Name1), ",",
+                      Member("name2", instrument.Name2), ",",
+                      Member("currency", instrument.Currency), "}");
 }
 
 std::string HeaderText(const TRecordingHeader& header) {

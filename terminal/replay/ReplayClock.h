@@ -1,6 +1,6 @@
 #pragma once
 
-#include "terminal/replay/Recording.h"
+#include "terminal/data/TimeOfDay.h"
 
 namespace Terminal {
 

@@ -3,6 +3,7 @@
 
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
+#include "platform/Colour.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -76,11 +77,6 @@ QJsonObject SetLanguage(TScriptSession& session, const QJsonObject& members) {
   return {};
 }
 
-System::TColor ColourOf(const QString& text) {
-  const QColor colour(text);
-  return static_cast<System::TColor>(colour.red() | colour.green() << 8 | colour.blue() << 16);
-}
-
 QJsonObject ReplaceSkin(TScriptSession& session, const QJsonObject& members) {
   const QJsonObject colours = members["colours"].toObject();
   const QJsonObject section = members["section"].toObject();
@@ -88,7 +84,7 @@ QJsonObject ReplaceSkin(TScriptSession& session, const QJsonObject& members) {
   CheckElements(section, TKind::Text, QStringLiteral("section"));
   std::map<std::string, System::TColor> byName;
   for (auto colour = colours.begin(); colour != colours.end(); ++colour)
-    byName[colour.key().toStdString()] = ColourOf(colour.value().toString());
+    byName[colour.key().toStdString()] = Platform::FromQColor(QColor(colour.value().toString()));
   TConfigStore::TSection values;
   for (auto value = section.begin(); value != section.end(); ++value)
     values[value.key().toStdString()] = value.value().toString().toStdString();
@@ -159,7 +155,7 @@ QJsonObject SendGroupMessage(TScriptSession& session, const QJsonObject& members
 }
 
 QJsonObject ChangeScale(TScriptSession& session, const QJsonObject& members) {
-  session.Services().Config.WriteString(Constdef::Section_TradePlatform, "ScaleSize",
+  session.Services().Config.WriteString(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize,
                                         std::to_string(members["value"].toInt()), true);
   session.Services().Channels.Send(Constdef::Channel_ScaleChanged, nullptr, nullptr);
   return {};
@@ -177,34 +173,31 @@ QJsonObject Tick(TScriptSession&, const QJsonObject& members) {
 
 } // namespace
 
-std::vector<TScriptCommand> HostCommands(TScriptSession& session) {
-  const auto bound = [&session](auto function) {
-    return [&session, function](const QJsonObject& members) { return function(session, members); };
-  };
+std::vector<TScriptCommand> HostCommands() {
   return {
       {"config",
        {{"section", TKind::Text}, {"key", TKind::Text}, {"value", TKind::Text}},
-       bound(WriteConfig)},
-      {"config-get", {{"section", TKind::Text}, {"key", TKind::Text}}, bound(ReadConfig)},
-      {"layout-ready", {{"value", TKind::Boolean}}, bound(SetLayoutReady)},
-      {"grant", {{"functions", TKind::List}}, bound(Grant)},
-      {"feed-type", {{"value", TKind::IntegerOrNull}}, bound(SetFeedType)},
-      {"texts", {{"mode", TKind::Text}}, bound(SetTexts)},
-      {"language", {{"value", TKind::Integer}}, bound(SetLanguage)},
+       WriteConfig},
+      {"config-get", {{"section", TKind::Text}, {"key", TKind::Text}}, ReadConfig},
+      {"layout-ready", {{"value", TKind::Boolean}}, SetLayoutReady},
+      {"grant", {{"functions", TKind::List}}, Grant},
+      {"feed-type", {{"value", TKind::IntegerOrNull}}, SetFeedType},
+      {"texts", {{"mode", TKind::Text}}, SetTexts},
+      {"language", {{"value", TKind::Integer}}, SetLanguage},
       {"skin",
        {{"colours", TKind::Object, Optional}, {"section", TKind::Object, Optional}},
-       bound(ReplaceSkin)},
+       ReplaceSkin},
       {"channel",
        {{"number", TKind::Integer},
         {"list", TKind::Object, Optional},
         {"group", TKind::Object, Optional},
         {"order", TKind::Object, Optional}},
-       bound(SendChannel)},
+       SendChannel},
       {"group-message",
        {{"group", TKind::Text}, {"symbol", TKind::Text}, {"refused", TKind::Boolean, Optional}},
-       bound(SendGroupMessage)},
-      {"scale", {{"value", TKind::Integer}}, bound(ChangeScale)},
-      {"tick", {{"ms", TKind::Integer}}, bound(Tick)},
+       SendGroupMessage},
+      {"scale", {{"value", TKind::Integer}}, ChangeScale},
+      {"tick", {{"ms", TKind::Integer}}, Tick},
   };
 }
 

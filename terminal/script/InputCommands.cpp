@@ -155,21 +155,18 @@ QJsonObject ClosePopup(TScriptSession& session, const QJsonObject& members) {
 
 } // namespace
 
-std::vector<TScriptCommand> InputCommands(TScriptSession& session) {
-  const auto bound = [&session](auto function) {
-    return [&session, function](const QJsonObject& members) { return function(session, members); };
-  };
+std::vector<TScriptCommand> InputCommands() {
   const TMember view{"view", TKind::Integer};
   const std::vector<TMember> cell{
       view, {"grid", TKind::Text}, {"row", TKind::Integer}, {"col", TKind::Integer}};
   return {
-      {"type", {view, {"text", TKind::Text}}, bound(TypeSymbol)},
-      {"click", cell, bound(ClickCell)},
-      {"hover", cell, bound(HoverCell)},
-      {"press", {view, {"component", TKind::Text}}, bound(PressComponent)},
-      {"caption-button", {view, {"button", TKind::Text}}, bound(PressCaptionButton)},
-      {"choose", {view, {"component", TKind::Text}, {"index", TKind::Integer}}, bound(ChooseEntry)},
-      {"popup-close", {view, {"index", TKind::Integer}}, bound(ClosePopup)},
+      {"type", {view, {"text", TKind::Text}}, TypeSymbol},
+      {"click", cell, ClickCell},
+      {"hover", cell, HoverCell},
+      {"press", {view, {"component", TKind::Text}}, PressComponent},
+      {"caption-button", {view, {"button", TKind::Text}}, PressCaptionButton},
+      {"choose", {view, {"component", TKind::Text}, {"index", TKind::Integer}}, ChooseEntry},
+      {"popup-close", {view, {"index", TKind::Integer}}, ClosePopup},
   };
 }
 

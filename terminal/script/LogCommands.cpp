@@ -13,7 +13,15 @@ QJsonArray ListOf(const std::vector<std::string>& texts) {
 
 QJsonValue Count(std::size_t count) { return static_cast<qint64>(count); }
 
-QJsonObject TakeRequests(TScriptSession& session) {
+QJsonObject TakeOrders(TScriptSession& session, const QJsonObject&) {
+  return {{"list", session.TakeOrders()}};
+}
+
+QJsonObject TakeNotifications(TScriptSession& session, const QJsonObject&) {
+  return {{"list", session.TakeNotifications()}};
+}
+
+QJsonObject TakeRequests(TScriptSession& session, const QJsonObject&) {
   const TRequests requests = session.Services().Subscriptions.TakeRequests();
   return {{"subscribed", ListOf(requests.Subscribed)},
           {"released", ListOf(requests.Released)},
@@ -21,7 +29,7 @@ QJsonObject TakeRequests(TScriptSession& session) {
           {"opened", session.TakeOpenedViews()}};
 }
 
-QJsonObject CountRegistrations(const TScriptSession& session) {
+QJsonObject CountRegistrations(TScriptSession& session, const QJsonObject&) {
   const TRegistrations counts = session.Registrations();
   return {{"configuration", Count(counts.Configuration)},
           {"channels", Count(counts.Channels)},
@@ -34,20 +42,12 @@ QJsonObject CountRegistrations(const TScriptSession& session) {
 
 } // namespace
 
-std::vector<TScriptCommand> LogCommands(TScriptSession& session) {
+std::vector<TScriptCommand> LogCommands() {
   return {
-      {"orders",
-       {},
-       [&session](const QJsonObject&) {
-         return QJsonObject{{"list", session.TakeOrders()}};
-       }},
-      {"notifications",
-       {},
-       [&session](const QJsonObject&) {
-         return QJsonObject{{"list", session.TakeNotifications()}};
-       }},
-      {"requests", {}, [&session](const QJsonObject&) { return TakeRequests(session); }},
-      {"registrations", {}, [&session](const QJsonObject&) { return CountRegistrations(session); }},
+      {"orders", {}, TakeOrders},
+      {"notifications", {}, TakeNotifications},
+      {"requests", {}, TakeRequests},
+      {"registrations", {}, CountRegistrations},
   };
 }
 

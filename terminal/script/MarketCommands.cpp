@@ -114,25 +114,22 @@ QJsonObject ReplaceTrades(TScriptSession& session, const QJsonObject& members) {
 
 } // namespace
 
-std::vector<TScriptCommand> MarketCommands(TScriptSession& session) {
-  const auto bound = [&session](auto function) {
-    return [&session, function](const QJsonObject& members) { return function(session, members); };
-  };
+std::vector<TScriptCommand> MarketCommands() {
   return {
       {"spread-table",
        {{"code", TKind::Text}, {"state", TKind::Integer}, {"bands", TKind::List}},
-       bound(DefineSpreadTable)},
-      {"brokers", {{"list", TKind::List}}, bound(ReplaceBrokers)},
+       DefineSpreadTable},
+      {"brokers", {{"list", TKind::List}}, ReplaceBrokers},
       {"instrument",
        {{"symbol", TKind::Text}, {"currency", TKind::Text}, {"name", TKind::Text, Optional}},
-       bound(DefineInstrument)},
+       DefineInstrument},
       {"record",
        {{"symbol", TKind::Text},
         {"state", TKind::Integer, Optional},
         {"status", TKind::Text, Optional},
         {"fields", TKind::Object, Optional}},
-       bound(UpdateRecord)},
-      {"trades", {{"symbol", TKind::Text}, {"list", TKind::List}}, bound(ReplaceTrades)},
+       UpdateRecord},
+      {"trades", {{"symbol", TKind::Text}, {"list", TKind::List}}, ReplaceTrades},
   };
 }
 

@@ -194,21 +194,16 @@ QJsonObject Dump(TScriptSession& session, const QJsonObject&) {
 
 } // namespace
 
-std::vector<TScriptCommand> PreferenceCommands(TScriptSession& session) {
-  const auto bound = [&session](auto function) {
-    return [&session, function](const QJsonObject& members) { return function(session, members); };
-  };
+std::vector<TScriptCommand> PreferenceCommands() {
   return {
-      {"preferences", {{"action", TKind::Text}}, bound(RunAction)},
+      {"preferences", {{"action", TKind::Text}}, RunAction},
       {"preferences-set",
        {{"copyPriceStyle", TKind::Integer, Optional},
         {"highlight", TKind::Boolean, Optional},
         {"rows", TKind::List, Optional}},
-       bound(Edit)},
-      {"preferences-press",
-       {{"component", TKind::Text}, {"row", TKind::Integer, Optional}},
-       bound(Press)},
-      {"preferences-dump", {}, bound(Dump)},
+       Edit},
+      {"preferences-press", {{"component", TKind::Text}, {"row", TKind::Integer, Optional}}, Press},
+      {"preferences-dump", {}, Dump},
   };
 }
 

@@ -2,10 +2,11 @@
 
 #include "terminal/script/Members.h"
 
-#include <functional>
 #include <vector>
 
 namespace Terminal {
+
+class TScriptSession;
 
 /// One command of a script.
 struct TScriptCommand {
@@ -13,7 +14,7 @@ struct TScriptCommand {
   std::vector<TMember> Members; ///< beside "do"
   /// Called with members that passed the check; gives the members of the answer beside "ok".
   /// Throws TScriptError when the command cannot be carried out; then nothing has changed.
-  std::function<QJsonObject(const QJsonObject& members)> Run;
+  QJsonObject (*Run)(TScriptSession& session, const QJsonObject& members);
 };
 
 } // namespace Terminal

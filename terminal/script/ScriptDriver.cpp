@@ -27,10 +27,10 @@ QJsonObject ParseLine(const QByteArray& line) {
 
 } // namespace
 
-TScriptDriver::TScriptDriver(TScriptSession& session) {
+TScriptDriver::TScriptDriver(TScriptSession& session) : session_(session) {
   for (const auto group :
        {MarketCommands, HostCommands, ViewCommands, InputCommands, LogCommands, PreferenceCommands})
-    for (const auto& command : group(session))
+    for (const auto& command : group())
       commands_.emplace(QString::fromLatin1(command.Name), command);
 }
 
@@ -72,7 +72,7 @@ QJsonObject TScriptDriver::Execute(const QByteArray& line) {
     throw TScriptError(QStringLiteral("There is no command \"%1\".").arg(name.toString()));
   CheckMembers(members, command->second.Members,
                QStringLiteral("command \"%1\"").arg(command->first));
-  return command->second.Run(members);
+  return command->second.Run(session_, members);
 }
 
 } // namespace Terminal

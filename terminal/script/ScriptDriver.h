@@ -27,6 +27,7 @@ public:
 private:
   QJsonObject Execute(const QByteArray& line);
 
+  TScriptSession& session_;
   std::map<QString, TScriptCommand> commands_;
 };
 

@@ -51,12 +51,12 @@ private:
   QJsonArray opened_;
 };
 
-/// The commands of a session, by the group that they belong to.
-std::vector<TScriptCommand> MarketCommands(TScriptSession& session);
-std::vector<TScriptCommand> HostCommands(TScriptSession& session);
-std::vector<TScriptCommand> ViewCommands(TScriptSession& session);
-std::vector<TScriptCommand> InputCommands(TScriptSession& session);
-std::vector<TScriptCommand> LogCommands(TScriptSession& session);
-std::vector<TScriptCommand> PreferenceCommands(TScriptSession& session);
+/// The commands by the group that they belong to.
+std::vector<TScriptCommand> MarketCommands();
+std::vector<TScriptCommand> HostCommands();
+std::vector<TScriptCommand> ViewCommands();
+std::vector<TScriptCommand> InputCommands();
+std::vector<TScriptCommand> LogCommands();
+std::vector<TScriptCommand> PreferenceCommands();
 
 } // namespace Terminal

@@ -1,4 +1,6 @@
 #include "terminal/script/Input.h"
+
+#include "host/ConstDef.h"
 #include "terminal/script/ScriptSession.h"
 #include "terminal/script/ViewDump.h"
 
@@ -49,7 +51,7 @@ QJsonObject Describe(TScriptSession& session, const QJsonObject&) {
   descriptor.GetDefaultSize(width, height);
   std::string caption;
   descriptor.GetDefaultCaption(caption);
-  return {{"className", QString::fromUtf8(DescriptorClass.data())},
+  return {{"className", QString::fromUtf8(Constdef::Class_QuorPrice.data())},
           {"name", QString::fromStdString(descriptor.GetName())},
           {"viewId", descriptor.GetViewID()},
           {"menuLevel", descriptor.GetMenuLevel()},
@@ -111,20 +113,17 @@ QJsonObject WriteSnapshot(TScriptSession& session, const QJsonObject& members) {
 
 } // namespace
 
-std::vector<TScriptCommand> ViewCommands(TScriptSession& session) {
-  const auto bound = [&session](auto function) {
-    return [&session, function](const QJsonObject& members) { return function(session, members); };
-  };
+std::vector<TScriptCommand> ViewCommands() {
   const TMember view{"view", TKind::Integer};
   return {
-      {"descriptor", {}, bound(Describe)},
-      {"open", {}, bound(OpenView)},
-      {"close", {view}, bound(CloseView)},
-      {"layout", {view, {"data", TKind::Text, TPresence::Optional}}, bound(SetLayout)},
-      {"group", {view, {"id", TKind::Text}}, bound(SetGroup)},
-      {"shortcut", {view, {"action", TKind::Integer}}, bound(ExecuteShortcut)},
-      {"dump", {view}, bound(Dump)},
-      {"snapshot", {view, {"file", TKind::Text}}, bound(WriteSnapshot)},
+      {"descriptor", {}, Describe},
+      {"open", {}, OpenView},
+      {"close", {view}, CloseView},
+      {"layout", {view, {"data", TKind::Text, TPresence::Optional}}, SetLayout},
+      {"group", {view, {"id", TKind::Text}}, SetGroup},
+      {"shortcut", {view, {"action", TKind::Integer}}, ExecuteShortcut},
+      {"dump", {view}, Dump},
+      {"snapshot", {view, {"file", TKind::Text}}, WriteSnapshot},
   };
 }
 

@@ -21,10 +21,11 @@ class TConfigStore : public Baseconfigmanager::TCustomConfigManager {
 public:
   using TSection = std::map<std::string, std::string, std::less<>>;
 
-  /// Stores and announces the writes made during its life together, when the outermost one ends.
+  /// Stores and announces the writes made during its life together, when it ends. Actions nest:
+  /// the outermost one does it.
   class TUserAction {
   public:
-    explicit TUserAction(TConfigStore& store) : store_(store) { store_.BeginUserAction(); }
+    explicit TUserAction(TConfigStore& store) : store_(store) { ++store_.actions_; }
     ~TUserAction() { store_.EndUserAction(); }
     TUserAction(const TUserAction&) = delete;
     TUserAction& operator=(const TUserAction&) = delete;
@@ -54,13 +55,10 @@ public:
   /// written, before the listeners hear of it.
   std::function<void(const std::vector<TConfigValue>& values)> OnStore;
 
-  /// Actions nest. Use TUserAction where a scope serves.
-  void BeginUserAction() { ++actions_; }
-  void EndUserAction();
-
   std::size_t ListenerCount() const { return listeners_.Count(); }
 
 private:
+  void EndUserAction();
   void Announce();
 
   std::map<std::string, TSection, std::less<>> sections_;

@@ -41,7 +41,7 @@ TSymbolEditor::TSymbolEditor(TEditorManager& manager, TcxPopupEdit& edit)
   });
   QObject::connect(&edit, &TcxPopupEdit::Exited, &connections_, [this] { Report(); });
   QObject::connect(&edit, &TcxPopupEdit::KeyDown, &connections_, [this](int key) {
-    if (key == 13)
+    if (key == TcxPopupEdit::EnterKey)
       Report();
   });
   QObject::connect(&edit, &QObject::destroyed, &connections_,
@@ -111,10 +111,11 @@ void TSymbolEditor::Report() {
   const auto report = manager_.OnUserSymbol;
   const auto symbol = std::exchange(entered_, {});
   const auto group = group_;
-  report(edit_, group, symbol);
+  report(group, symbol);
 }
 
-TEditorManager::TEditorManager(const TSymbolDirectory& symbols) : symbols_(symbols) {}
+TEditorManager::TEditorManager(const TSymbolDirectory& symbols, TLanguageTexts& languages)
+    : symbols_(symbols), languages_(languages) {}
 TEditorManager::~TEditorManager() = default;
 
 void TEditorManager::RegisterSymbolEditor(TcxPopupEdit* edit, std::string_view group,
@@ -128,12 +129,13 @@ void TEditorManager::RegisterSymbolEditor(TcxPopupEdit* edit, std::string_view g
 void TEditorManager::RemoveSymbolEditor(TcxPopupEdit* edit) { editors_.erase(edit); }
 
 void TEditorManager::UpdateCompletions() {
-  if (completionsRevision_ == symbols_.Revision())
+  const int language = languages_.CurrentLanguage();
+  const std::pair present(symbols_.Revision(), language);
+  if (std::exchange(completed_, present) == present)
     return;
-  completionsRevision_ = symbols_.Revision();
   QStringList offered;
   for (const auto& entry : symbols_.Entries())
-    offered.append(TSymbolDirectory::Text(entry));
+    offered.append(TSymbolDirectory::Text(entry, language));
   completions_.setStringList(offered);
 }
 

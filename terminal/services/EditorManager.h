@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/view/EditorManager.h"
+#include "terminal/services/LanguageTexts.h"
 #include "terminal/services/SymbolDirectory.h"
 
 #include <QStringListModel>
@@ -18,7 +19,8 @@ class TSymbolEditor;
 /// it can be corrected, and gives way to the hint's symbol when the box is left.
 class TEditorManager : public Editormanager::TEditorManager {
 public:
-  explicit TEditorManager(const TSymbolDirectory& symbols);
+  /// Both outlive the manager.
+  TEditorManager(const TSymbolDirectory& symbols, TLanguageTexts& languages);
   ~TEditorManager() override;
 
   void RegisterSymbolEditor(Platform::TcxPopupEdit* edit, std::string_view group, bool completion,
@@ -27,8 +29,7 @@ public:
 
   /// Called when the user has entered another symbol in a box that is in a linking group, after
   /// the box's owner has heard of it. A symbol that came in by program is not reported.
-  std::function<void(Platform::TcxPopupEdit* edit, std::string_view group, std::string_view symbol)>
-      OnUserSymbol;
+  std::function<void(std::string_view group, std::string_view symbol)> OnUserSymbol;
 
   /// Whether what enters a box now without being typed is the program's and not the user's, who
   /// may choose a symbol elsewhere in the view. Unassigned: only what is typed is the user's.
@@ -43,8 +44,9 @@ private:
   void UpdateCompletions();
 
   const TSymbolDirectory& symbols_;
-  QStringListModel completions_; ///< shared by all boxes
-  int completionsRevision_ = 0;
+  TLanguageTexts& languages_;
+  QStringListModel completions_;  ///< shared by all boxes
+  std::pair<int, int> completed_; ///< revision of the directory, and language, that they are of
   std::map<Platform::TcxPopupEdit*, std::unique_ptr<TSymbolEditor>> editors_;
 };
 

@@ -1,6 +1,7 @@
 #include "terminal/services/Formatters.h"
 
 #include "host/ConstDef.h"
+#include "host/RecordFields.h"
 #include "terminal/services/NumberTexts.h"
 
 #include <algorithm>
@@ -12,20 +13,13 @@ using Basesubscribedata::TCustomSubItem;
 
 namespace {
 
-constexpr int BidField = 1;
-constexpr int AskField = 2;
-constexpr int NominalField = 3;
-constexpr int PreviousCloseField = 31;
-constexpr int ChangeField = 48;
-constexpr int SpreadTableField = 73;
-constexpr int ChangePercentField = 130;
-
 /// Amounts from here on are shortened.
 constexpr double ShortenedFrom = 10'000'000;
 
 /// The price that decides in which band the symbol trades; 0 when there is none.
 double ReferencePrice(const TCustomSubItem& record) {
-  for (const int field : {NominalField, PreviousCloseField, BidField, AskField})
+  for (const int field : {Host::Field::Nominal, Host::Field::PreviousClose, Host::Field::BestBid,
+                          Host::Field::BestAsk})
     if (const auto price = record.GetNumber(field); price != 0)
       return price;
   return 0;
@@ -46,7 +40,8 @@ struct TMove {
 std::optional<TMove> MoveOf(const TCustomSubItem& record) {
   if (record.GetState() != Constdef::RecordState_Ready)
     return std::nullopt;
-  const TMove move{record.GetNumber(NominalField), record.GetNumber(PreviousCloseField)};
+  const TMove move{record.GetNumber(Host::Field::Nominal),
+                   record.GetNumber(Host::Field::PreviousClose)};
   const bool complete = move.Nominal != 0 && move.PreviousClose != 0;
   return complete ? std::optional(move) : std::nullopt;
 }
@@ -59,7 +54,7 @@ void WritePercent(std::string& text, double percent) {
 } // namespace
 
 std::optional<int> PriceDecimals(const TCustomSubItem& record, TMarketAdapter& market) {
-  const auto code = record.GetText(SpreadTableField);
+  const auto code = record.GetText(Host::Field::SpreadCode);
   const auto* table = code.empty() ? nullptr : market.GetSpreadTable(code);
   if (!table || table->State() != Constdef::SpreadState_Ready)
     return std::nullopt;
@@ -121,14 +116,15 @@ bool TMarketDataFormatter::FormatVolume(const TCustomSubItem& record, int field,
 
 bool TMarketDataFormatter::FormatChange(const TCustomSubItem& record, std::string& text) {
   text.clear();
-  const auto given = FieldText(record, ChangeField);
+  const auto given = FieldText(record, Host::Field::Change);
   const auto decimals = PriceDecimals(record, market_);
   if (given.empty()) {
     const auto move = MoveOf(record);
     if (!move)
       return false;
-    const int least = decimals.value_or(std::max(DecimalsIn(record.GetText(NominalField)),
-                                                 DecimalsIn(record.GetText(PreviousCloseField))));
+    const int least =
+        decimals.value_or(std::max(DecimalsIn(record.GetText(Host::Field::Nominal)),
+                                   DecimalsIn(record.GetText(Host::Field::PreviousClose))));
     WriteNumber(text, move->Nominal - move->PreviousClose, least, MaxDecimals, TGrouping::None,
                 TSign::Always);
   } else if (const auto change = ParseNumber(given)) {
@@ -142,7 +138,7 @@ bool TMarketDataFormatter::FormatChange(const TCustomSubItem& record, std::strin
 
 bool TMarketDataFormatter::FormatChangePercent(const TCustomSubItem& record, std::string& text) {
   text.clear();
-  const auto given = FieldText(record, ChangePercentField);
+  const auto given = FieldText(record, Host::Field::ChangePercent);
   auto number = Trimmed(given);
   if (!number.empty() && number.back() == '%')
     number.remove_suffix(1);

@@ -85,11 +85,12 @@ void TMarketAdapter::ReplaceBrokers(const std::vector<TBrokerDefinition>& broker
 }
 
 void TMarketAdapter::DefineInstrument(std::string_view symbol, std::string_view currency,
-                                      std::string_view name) {
+                                      std::string_view name, std::string_view traditionalName,
+                                      std::string_view simplifiedName) {
   if (symbol.empty())
     return;
   instruments_[std::string(symbol)].SetCurrency(currency);
-  symbols_.Add(symbol, name);
+  symbols_.Add(symbol, name, traditionalName, simplifiedName);
 }
 
 } // namespace Terminal

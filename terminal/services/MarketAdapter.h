@@ -55,9 +55,11 @@ public:
   void DefineSpreadTables(const std::vector<TSpreadDefinition>& tables);
   /// Replaces the whole broker directory and announces it.
   void ReplaceBrokers(const std::vector<TBrokerDefinition>& brokers);
-  /// Defines or replaces an instrument. Nothing happens for an empty symbol; an empty name leaves
-  /// the one it has.
-  void DefineInstrument(std::string_view symbol, std::string_view currency, std::string_view name);
+  /// Defines or replaces an instrument. Nothing happens for an empty symbol; without any name it
+  /// keeps those it has.
+  void DefineInstrument(std::string_view symbol, std::string_view currency, std::string_view name,
+                        std::string_view traditionalName = {},
+                        std::string_view simplifiedName = {});
 
 private:
   class TBroker;

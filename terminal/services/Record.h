@@ -2,8 +2,8 @@
 
 #include "host/BaseSubscribeData.h"
 #include "host/ConstDef.h"
+#include "terminal/data/RecordChange.h"
 #include "terminal/services/Listeners.h"
-#include "terminal/services/RecordChange.h"
 
 namespace Terminal {
 

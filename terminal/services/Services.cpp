@@ -18,8 +18,7 @@ auto Installed(TServices& s) {
 
 TServices::TServices() {
   std::apply([](auto*... service) { (service->Install(service), ...); }, Installed(*this));
-  Editors.OnUserSymbol = [this](Platform::TcxPopupEdit*, std::string_view group,
-                                std::string_view symbol) {
+  Editors.OnUserSymbol = [this](std::string_view group, std::string_view symbol) {
     TGroupData data(std::string(group), std::string(symbol), false);
     Channels.SendToGroup(group, &Editors, &data);
   };

@@ -54,7 +54,7 @@ public:
   TOrderAdapter Orders;
   TUserProfile Profile;
   TVendorModel Vendor;
-  TEditorManager Editors{Symbols};
+  TEditorManager Editors{Symbols, Languages};
   TImageResources Images;
 };
 

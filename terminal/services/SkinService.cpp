@@ -1,6 +1,7 @@
 #include "terminal/services/SkinService.h"
 
 #include "platform/Colour.h"
+#include "platform/ColourText.h"
 #include "platform/LookAndFeel.h"
 #include "terminal/services/NumberTexts.h"
 
@@ -9,17 +10,10 @@
 #include <QToolTip>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace Terminal {
 
 namespace {
-
-std::string ColourText(System::TColor colour) {
-  char text[16];
-  std::snprintf(text, sizeof text, "$%08X", static_cast<unsigned>(colour));
-  return text;
-}
 
 /// Fainter than a text that matters now, and still one that can be read.
 QColor Faded(QColor colour) {
@@ -55,7 +49,7 @@ QPalette PaletteOf(const TSkin& skin) {
 TConfigStore::TSection SectionOf(const TSkin& skin) {
   TConfigStore::TSection section;
   for (const auto& [name, colour] : skin.Colours)
-    section.emplace(name, ColourText(colour));
+    section.emplace(name, Platform::ColourText(colour));
   return section;
 }
 

@@ -1,5 +1,7 @@
 #include "terminal/services/SkinService.h"
 
+#include "host/ConstDef.h"
+
 namespace Terminal {
 
 namespace {
@@ -16,9 +18,12 @@ constexpr TToneColours Tone(System::TColor background, System::TColor text, Syst
 TSkin Dark() {
   TSkin skin;
   skin.Name = "Dark";
-  skin.Colours = {{"coLabelBground", Rgb(0x232833)}, {"coLabelInvalidBground", Rgb(0x7A1F24)},
-                  {"coVCMBgColor", Rgb(0xE8B44A)},   {"coCASBgColor", Rgb(0x6FC1C9)},
-                  {"coPOSBgColor", Rgb(0xB3ADEE)},   {"coWarningText", Rgb(0xE8B44A)}};
+  skin.Colours = {{std::string(Constdef::Colour_LabelBackground), Rgb(0x232833)},
+                  {std::string(Constdef::Colour_LabelInvalidBackground), Rgb(0x7A1F24)},
+                  {std::string(Constdef::Colour_VcmBackground), Rgb(0xE8B44A)},
+                  {std::string(Constdef::Colour_CasBackground), Rgb(0x6FC1C9)},
+                  {std::string(Constdef::Colour_PosBackground), Rgb(0xB3ADEE)},
+                  {"coWarningText", Rgb(0xE8B44A)}};
   skin.Tones = {{TTone::Red, Tone(0x3A191B, 0xFF9F97, 0x67232A)},
                 {TTone::Green, Tone(0x12301F, 0x7ADBA8, 0x1B4A32)},
                 {TTone::Blue, Tone(0x152A3D, 0xA6D4FF, 0x1F4464)},
@@ -35,9 +40,12 @@ TSkin Dark() {
 TSkin Light() {
   TSkin skin;
   skin.Name = "Light";
-  skin.Colours = {{"coLabelBground", Rgb(0xE9EDF2)}, {"coLabelInvalidBground", Rgb(0xFF9A94)},
-                  {"coVCMBgColor", Rgb(0xF0BC4E)},   {"coCASBgColor", Rgb(0x7CCBD2)},
-                  {"coPOSBgColor", Rgb(0xB9B3F0)},   {"coWarningText", Rgb(0x7A5200)}};
+  skin.Colours = {{std::string(Constdef::Colour_LabelBackground), Rgb(0xE9EDF2)},
+                  {std::string(Constdef::Colour_LabelInvalidBackground), Rgb(0xFF9A94)},
+                  {std::string(Constdef::Colour_VcmBackground), Rgb(0xF0BC4E)},
+                  {std::string(Constdef::Colour_CasBackground), Rgb(0x7CCBD2)},
+                  {std::string(Constdef::Colour_PosBackground), Rgb(0xB9B3F0)},
+                  {"coWarningText", Rgb(0x7A5200)}};
   skin.Tones = {{TTone::Red, Tone(0xFCE7E5, 0x9A1B1E, 0xF7C8C4)},
                 {TTone::Green, Tone(0xE2F4E9, 0x0A5732, 0xBFE5CE)},
                 {TTone::Blue, Tone(0xE3F0FB, 0x0B4A7D, 0xC2DEF5)},
@@ -65,8 +73,8 @@ TSkin InPriceColours(TSkin skin, const TPriceColours& colours) {
   const auto& up = skin.Tones.at(colours.Up);
   const auto& down = skin.Tones.at(colours.Down);
   skin.StandardColours = {{6, up.Background}, {7, up.Text}, {8, down.Background}, {9, down.Text}};
-  skin.Colours.insert_or_assign("coBuyColorLabel", up.Label);
-  skin.Colours.insert_or_assign("coSellColorLabel", down.Label);
+  skin.Colours.insert_or_assign(std::string(Constdef::Colour_BidLabel), up.Label);
+  skin.Colours.insert_or_assign(std::string(Constdef::Colour_AskLabel), down.Label);
   skin.Colours.insert_or_assign("coUpText", up.Text);
   skin.Colours.insert_or_assign("coDownText", down.Text);
   return skin;

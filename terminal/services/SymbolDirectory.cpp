@@ -1,5 +1,7 @@
 #include "terminal/services/SymbolDirectory.h"
 
+#include "host/ConstDef.h"
+
 #include <algorithm>
 
 namespace Terminal {
@@ -27,6 +29,15 @@ QString PlainSymbol(const QString& text) {
   return symbol;
 }
 
+/// Whether `text` is how the entry is offered in one of the languages.
+bool IsOffered(const TSymbolDirectory::TEntry& entry, const QString& text) {
+  for (int language = Constdef::Language_TraditionalChinese; language <= Constdef::Language_English;
+       ++language)
+    if (Plain(TSymbolDirectory::Text(entry, language)) == Plain(text))
+      return true;
+  return false;
+}
+
 } // namespace
 
 void TSymbolDirectory::Add(std::string_view symbol) {
@@ -39,21 +50,38 @@ void TSymbolDirectory::Add(std::string_view symbol) {
   ++revision_;
 }
 
-void TSymbolDirectory::Add(std::string_view symbol, std::string_view name) {
+void TSymbolDirectory::Add(std::string_view symbol, std::string_view name,
+                           std::string_view traditionalName, std::string_view simplifiedName) {
   Add(symbol);
-  if (symbol.empty() || name.empty())
+  const bool hasName = !name.empty() || !traditionalName.empty() || !simplifiedName.empty();
+  if (symbol.empty() || !hasName)
     return;
   const auto position = bySymbol_.find(symbol)->second;
   auto& entry = entries_[position];
-  const auto text = FromUtf8(name);
-  if (entry.Name == text)
+  const std::array names{FromUtf8(traditionalName), FromUtf8(simplifiedName), FromUtf8(name)};
+  if (entry.Names == names)
     return;
-  const auto former = byPlainName_.find(Plain(entry.Name));
-  if (former != byPlainName_.end() && former->second == position)
-    byPlainName_.erase(former);
-  entry.Name = text;
-  byPlainName_.emplace(Plain(text), position);
+  for (const auto& former : entry.Names)
+    if (const auto known = byPlainName_.find(Plain(former));
+        known != byPlainName_.end() && known->second == position)
+      byPlainName_.erase(known);
+  entry.Names = names;
+  for (const auto& each : names)
+    if (!each.isEmpty())
+      byPlainName_.emplace(Plain(each), position);
   ++revision_;
+}
+
+QString TSymbolDirectory::TEntry::NameIn(int language) const {
+  const auto& [traditional, simplified, english] = Names;
+  std::array order{&english, &traditional, &simplified};
+  if (language == Constdef::Language_TraditionalChinese)
+    order = {&traditional, &simplified, &english};
+  else if (language == Constdef::Language_SimplifiedChinese)
+    order = {&simplified, &traditional, &english};
+  const auto has = std::find_if(order.begin(), order.end(),
+                                [](const QString* name) { return !name->isEmpty(); });
+  return has == order.end() ? QString() : **has;
 }
 
 const TSymbolDirectory::TEntry* TSymbolDirectory::Find(const QString& text) const {
@@ -70,13 +98,14 @@ std::optional<std::string> TSymbolDirectory::Resolve(std::string_view text) cons
   const auto* found = Find(given);
   if (!found) {
     const auto* offered = Find(given.section(u' ', 0, 0));
-    found = offered && Plain(Text(*offered)) == Plain(given) ? offered : nullptr;
+    found = offered && IsOffered(*offered, given) ? offered : nullptr;
   }
   return found ? std::optional(found->Symbol.toStdString()) : std::nullopt;
 }
 
-QString TSymbolDirectory::Text(const TEntry& entry) {
-  return entry.Name.isEmpty() ? entry.Symbol : entry.Symbol + QLatin1String("  ") + entry.Name;
+QString TSymbolDirectory::Text(const TEntry& entry, int language) {
+  const QString name = entry.NameIn(language);
+  return name.isEmpty() ? entry.Symbol : entry.Symbol + QLatin1String("  ") + name;
 }
 
 } // namespace Terminal

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <array>
 #include <map>
 #include <optional>
 #include <string>
@@ -15,21 +16,26 @@ class TSymbolDirectory {
 public:
   struct TEntry {
     QString Symbol;
-    QString Name; ///< empty when it has none
+    std::array<QString, 3> Names; ///< in Constdef::Language_... 1, 2 and 3; empty where it has none
+
+    /// Its name in a language. Where it has none there, the one it has: of the two Chinese ones the
+    /// other before the English one; empty when it has no name at all.
+    QString NameIn(int language) const;
   };
 
   /// Lists a symbol; nothing happens when it is listed already.
   void Add(std::string_view symbol);
-  /// Lists a symbol under a name too. An empty name leaves the one it has.
-  void Add(std::string_view symbol, std::string_view name);
+  /// Lists a symbol under its names too, in place of those it has; without any it keeps them.
+  void Add(std::string_view symbol, std::string_view name, std::string_view traditionalName = {},
+           std::string_view simplifiedName = {});
 
   /// The listed symbol that `text` means: the symbol itself, with or without leading zeros, a
-  /// ".HK" and blanks around it, its full name, or both as Text gives them; in any case and in
-  /// full-width letters as well.
+  /// ".HK" and blanks around it, its full name in any language, or both as Text gives them; in any
+  /// case and in full-width letters as well.
   std::optional<std::string> Resolve(std::string_view text) const;
 
-  /// How the entry is offered for choice: its symbol and its name.
-  static QString Text(const TEntry& entry);
+  /// How the entry is offered for choice: its symbol and its name in a language.
+  static QString Text(const TEntry& entry, int language);
 
   /// In the order listed.
   const std::vector<TEntry>& Entries() const { return entries_; }

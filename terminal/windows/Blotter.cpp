@@ -2,6 +2,7 @@
 
 #include "terminal/services/Services.h"
 #include "terminal/windows/OrderDelegate.h"
+#include "terminal/windows/Table.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QAction>
@@ -15,25 +16,6 @@
 namespace Terminal {
 
 using namespace Market;
-
-namespace {
-
-QTableView* NewTable(QAbstractItemModel& model) {
-  auto* table = new QTableView;
-  table->setModel(&model);
-  table->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->setEditTriggers(QAbstractItemView::DoubleClicked);
-  table->setShowGrid(false);
-  table->setWordWrap(false);
-  table->setTabKeyNavigation(false);
-  table->verticalHeader()->hide();
-  table->horizontalHeader()->setHighlightSections(false);
-  table->horizontalHeader()->setStretchLastSection(true);
-  return table;
-}
-
-} // namespace
 
 TBlotter::TBlotter(TServices& services, TOrderDesk& desk, QWidget* parent)
     : QWidget(parent), services_(services), desk_(desk), ordersModel_(services, desk),
@@ -51,6 +33,8 @@ TBlotter::TBlotter(TServices& services, TOrderDesk& desk, QWidget* parent)
   tabs_->addTab(trades_, {});
   for (auto* label : {totals_, refusal_})
     label->setWordWrap(true);
+  for (auto* table : {orders_, trades_})
+    table->horizontalHeader()->setStretchLastSection(true);
   refusal_->setAlignment(Qt::AlignRight);
   auto* line = new QHBoxLayout;
   line->addWidget(totals_, 1);
@@ -62,12 +46,18 @@ TBlotter::TBlotter(TServices& services, TOrderDesk& desk, QWidget* parent)
   connect(&desk, &TOrderDesk::OrderChanged, this, &TBlotter::ShowCounts);
   connect(&desk, &TOrderDesk::Traded, this, &TBlotter::ShowTotals);
   connect(&desk, &TOrderDesk::Refused, this, &TBlotter::ShowRefusal);
-  connect(&desk, &TOrderDesk::Reopened, this, &TBlotter::SetTexts);
+  connect(&ordersModel_, &TOrdersModel::Refused, this, &TBlotter::ShowRefusal);
+  connect(&ordersModel_, &TOrdersModel::ChangeAsked, this, &TBlotter::ForgetRefusal);
+  connect(&desk, &TOrderDesk::Reopened, this, [this] {
+    ForgetRefusal();
+    SetTexts();
+  });
   FitRows();
   SetTexts();
 }
 
 void TBlotter::BuildOrders() {
+  orders_->setEditTriggers(QAbstractItemView::DoubleClicked);
   orders_->setItemDelegate(new TOrderDelegate(services_, orders_));
   changePrice_->setShortcuts({Qt::Key_F2, Qt::Key_Return, Qt::Key_Enter});
   changeQuantity_->setShortcut(Qt::SHIFT | Qt::Key_F2);
@@ -105,7 +95,7 @@ void TBlotter::SetTexts() {
   emit tradesModel_.headerDataChanged(Qt::Horizontal, 0, TTradesModel::Columns - 1);
   orders_->viewport()->update();
   trades_->viewport()->update();
-  refusal_->clear();
+  ShowRefusal(refused_, refusalKey_);
   ShowCounts();
   ShowTotals();
 }
@@ -127,12 +117,13 @@ void TBlotter::Edit(TOrdersModel::TColumn column) {
 
 void TBlotter::CancelChosen() {
   const QModelIndex index = orders_->currentIndex();
-  if (index.isValid() && ordersModel_.Order(index).IsAlive())
-    desk_.Cancel(ordersModel_.Order(index).Number);
+  if (!index.isValid() || !ordersModel_.Order(index).IsAlive())
+    return;
+  ForgetRefusal();
+  desk_.Cancel(ordersModel_.Order(index).Number);
 }
 
 void TBlotter::ShowCounts() {
-  refusal_->clear();
   const auto caption = [](const char* key, std::size_t count) {
     return QStringLiteral("%1 (%2)").arg(WindowText(key)).arg(count);
   };
@@ -166,9 +157,15 @@ void TBlotter::ShowTotals() {
 }
 
 void TBlotter::ShowRefusal(int number, const QString& reason) {
-  refusal_->setText(
-      WindowText("Term_OrderOutcome").arg(number).arg(WindowText(reason.toStdString().c_str())));
+  refused_ = number;
+  refusalKey_ = reason;
+  refusal_->setText(reason.isEmpty() ? QString()
+                                     : WindowText("Term_OrderOutcome")
+                                           .arg(number)
+                                           .arg(WindowText(reason.toStdString().c_str())));
 }
+
+void TBlotter::ForgetRefusal() { ShowRefusal(0, {}); }
 
 void TBlotter::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);

@@ -34,7 +34,9 @@ private:
   void CancelChosen();
   void ShowCounts();
   void ShowTotals();
+  /// It stays in sight until the user asks for something else.
   void ShowRefusal(int number, const QString& reason);
+  void ForgetRefusal();
 
   TServices& services_;
   TOrderDesk& desk_;
@@ -44,6 +46,8 @@ private:
   QTableView *orders_, *trades_;
   QAction *changePrice_, *changeQuantity_, *cancel_;
   QLabel *totals_, *refusal_;
+  int refused_ = 0;    ///< number of an order
+  QString refusalKey_; ///< why; empty when nothing was refused
 };
 
 } // namespace Terminal

@@ -1,7 +1,8 @@
 #include "terminal/windows/BlotterModels.h"
 
-#include "terminal/replay/Recording.h"
+#include "terminal/data/TimeOfDay.h"
 #include "terminal/services/Services.h"
+#include "terminal/windows/Table.h"
 #include "terminal/windows/WindowTexts.h"
 
 namespace Terminal {
@@ -17,24 +18,18 @@ constexpr const char* tradeKeys[TTradesModel::Columns] = {
     "Term_Time",  "Term_OrderNumber", "Term_Symbol", "Term_Side",
     "Term_Price", "Term_Quantity",    "Term_Amount"};
 
-QString TimeText(TTimeOfDay time) {
-  constexpr std::size_t toTheSecond = 8;
-  return QString::fromStdString(TimeOfDayText(time).substr(0, toTheSecond));
+QString TimeText(TTimeOfDay time) { return QString::fromStdString(ClockText(time)); }
+
+TCellKind KindOf(TOrdersModel::TColumn column) {
+  const bool isFigure =
+      column == TOrdersModel::NumberColumn ||
+      (column >= TOrdersModel::PriceColumn && column <= TOrdersModel::AverageColumn);
+  return isFigure ? TCellKind::Figure : TCellKind::Text;
 }
 
-QString SideText(TSide side) { return WindowText(side == TSide::Bid ? "Term_Buy" : "Term_Sell"); }
-
-int Alignment(bool isFigure) {
-  return int(Qt::AlignVCenter | (isFigure ? Qt::AlignRight : Qt::AlignLeft));
-}
-
-bool IsFigure(TOrdersModel::TColumn column) {
-  return column == TOrdersModel::NumberColumn ||
-         (column >= TOrdersModel::PriceColumn && column <= TOrdersModel::AverageColumn);
-}
-
-bool IsFigure(TTradesModel::TColumn column) {
-  return column == TTradesModel::OrderColumn || column >= TTradesModel::PriceColumn;
+TCellKind KindOf(TTradesModel::TColumn column) {
+  const bool isFigure = column == TTradesModel::OrderColumn || column >= TTradesModel::PriceColumn;
+  return isFigure ? TCellKind::Figure : TCellKind::Text;
 }
 
 } // namespace
@@ -109,7 +104,7 @@ QVariant TOrdersModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole)
     return Text(Order(index), index.column());
   if (role == Qt::TextAlignmentRole)
-    return Alignment(IsFigure(static_cast<TColumn>(index.column())));
+    return AlignmentOf(KindOf(static_cast<TColumn>(index.column())));
   return {};
 }
 
@@ -119,7 +114,7 @@ QVariant TOrdersModel::headerData(int section, Qt::Orientation orientation, int 
   if (role == Qt::DisplayRole)
     return WindowText(orderKeys[section]);
   return role == Qt::TextAlignmentRole
-             ? QVariant(Alignment(IsFigure(static_cast<TColumn>(section))))
+             ? QVariant(AlignmentOf(KindOf(static_cast<TColumn>(section))))
              : QVariant();
 }
 
@@ -131,17 +126,22 @@ Qt::ItemFlags TOrdersModel::flags(const QModelIndex& index) const {
 }
 
 bool TOrdersModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  const bool isPrice = index.column() == PriceColumn;
+  if (role != Qt::EditRole || (!isPrice && index.column() != QuantityColumn))
+    return false;
   const TUserOrder& order = Order(index);
   const QString text = value.toString();
-  if (role != Qt::EditRole || !order.IsAlive())
+  const auto price = isPrice ? TOrderFigures::ParsePrice(text) : order.Price;
+  const auto quantity = isPrice ? order.Quantity : TOrderFigures::ParseQuantity(text);
+  if (!price || !quantity) {
+    emit Refused(order.Number, QString::fromLatin1(price ? "Term_NoQuantity" : "Term_NoPrice"));
     return false;
-  const auto price = index.column() == PriceColumn ? TOrderFigures::ParsePrice(text) : order.Price;
-  const auto quantity =
-      index.column() == QuantityColumn ? TOrderFigures::ParseQuantity(text) : order.Quantity;
-  if (!price || !quantity)
-    return false;
-  if (*price != order.Price || *quantity != order.Quantity)
-    desk_.Change(order.Number, *price, *quantity);
+  }
+  if (*price == order.Price && *quantity == order.Quantity)
+    return true;
+  // The order may be done by now; that the market says.
+  emit ChangeAsked();
+  desk_.Change(order.Number, *price, *quantity);
   return true;
 }
 
@@ -192,7 +192,7 @@ QVariant TTradesModel::data(const QModelIndex& index, int role) const {
     return Text(desk_.Trades().at(static_cast<std::size_t>(rows_ - 1 - index.row())),
                 index.column());
   if (role == Qt::TextAlignmentRole)
-    return Alignment(IsFigure(static_cast<TColumn>(index.column())));
+    return AlignmentOf(KindOf(static_cast<TColumn>(index.column())));
   return {};
 }
 
@@ -202,7 +202,7 @@ QVariant TTradesModel::headerData(int section, Qt::Orientation orientation, int 
   if (role == Qt::DisplayRole)
     return WindowText(tradeKeys[section]);
   return role == Qt::TextAlignmentRole
-             ? QVariant(Alignment(IsFigure(static_cast<TColumn>(section))))
+             ? QVariant(AlignmentOf(KindOf(static_cast<TColumn>(section))))
              : QVariant();
 }
 

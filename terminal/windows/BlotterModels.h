@@ -35,10 +35,17 @@ public:
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
-  /// `value` is the text of a price or quantity; false for any other.
+  /// `value` is the text of a price or quantity; false for any other, which is told as refused.
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
   const Market::TUserOrder& Order(const QModelIndex& index) const;
+
+signals:
+  /// The user has given an order another figure, and the market is asked next.
+  void ChangeAsked();
+  /// What the user typed is no figure, and order `number` stays as it is; `reason` is a language
+  /// key.
+  void Refused(int number, const QString& reason);
 
 private:
   QString Text(const Market::TUserOrder& order, int column) const;

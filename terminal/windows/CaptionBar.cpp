@@ -1,5 +1,6 @@
 #include "terminal/windows/CaptionBar.h"
 
+#include "platform/DrawnIcon.h"
 #include "platform/ImageList.h"
 #include "terminal/windows/WindowTexts.h"
 
@@ -14,36 +15,31 @@ namespace Terminal {
 namespace {
 
 constexpr int IconSize = 16;
+constexpr QColor quietColour(0x80, 0x88, 0x90); // of what waits to be used
 
 /// A dot in the group's colour with its number, for those who cannot tell the colours apart; a ring
 /// for none.
 QIcon GroupIcon(const QColor& colour, const QString& number) {
-  QPixmap dot(2 * IconSize, 2 * IconSize);
-  dot.fill(Qt::transparent);
-  QPainter painter(&dot);
-  painter.setRenderHint(QPainter::Antialiasing);
-  if (colour.isValid())
-    painter.setBrush(colour);
-  painter.setPen(QPen(colour.isValid() ? colour : QColor(0x80, 0x88, 0x90), 3));
-  painter.drawEllipse(dot.rect().adjusted(4, 4, -4, -4));
-  QFont font = painter.font();
-  font.setPixelSize(IconSize + 2);
-  font.setBold(true);
-  painter.setFont(font);
-  painter.setPen(Qt::black);
-  painter.drawText(dot.rect(), Qt::AlignCenter, number);
-  return QIcon(dot);
+  return Platform::DrawnIcon([=](QPainter& painter) {
+    if (colour.isValid())
+      painter.setBrush(colour);
+    painter.setPen(QPen(colour.isValid() ? colour : quietColour, 1.5));
+    painter.drawEllipse(QRectF(2, 2, 12, 12));
+    QFont font = painter.font();
+    font.setPixelSize(9);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    painter.drawText(QRectF(0, 0, IconSize, IconSize), Qt::AlignCenter, number);
+  });
 }
 
 QIcon CloseIcon() {
-  QPixmap cross(2 * IconSize, 2 * IconSize);
-  cross.fill(Qt::transparent);
-  QPainter painter(&cross);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor(0x80, 0x88, 0x90), 3, Qt::SolidLine, Qt::RoundCap));
-  painter.drawLine(10, 10, 22, 22);
-  painter.drawLine(22, 10, 10, 22);
-  return QIcon(cross);
+  return Platform::DrawnIcon([](QPainter& painter) {
+    painter.setPen(QPen(quietColour, 1.5, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(5, 5, 11, 11);
+    painter.drawLine(11, 5, 5, 11);
+  });
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "terminal/windows/Chart.h"
 
+#include "host/RecordFields.h"
 #include "platform/Colour.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/ChartLayout.h"
@@ -22,11 +23,11 @@ constexpr double LineBelow = 3; // pixels: narrower minutes are a line, not cand
 constexpr const char* widestPrice = "88888.888";
 constexpr int Margin = 4;
 
-constexpr int VolumeField = 17;
-constexpr std::array<std::pair<const char*, int>, 4> dayFigures{{{"Res_OpenPrc", 133},
-                                                                 {"Res_HighPrice", 37},
-                                                                 {"Res_LowPrice", 32},
-                                                                 {"Res_Volume", VolumeField}}};
+constexpr std::array<std::pair<const char*, int>, 4> dayFigures{
+    {{"Res_OpenPrc", Host::Field::Open},
+     {"Res_HighPrice", Host::Field::High},
+     {"Res_LowPrice", Host::Field::Low},
+     {"Res_Volume", Host::Field::Volume}}};
 
 QColor Faded(QColor colour, double share) {
   colour.setAlphaF(static_cast<float>(share));
@@ -82,7 +83,7 @@ QRectF TChart::Area() const {
 }
 
 QString TChart::PriceText(double price) const {
-  return QString::fromStdString(services_.Formatter.FormatPrice(symbol_.toStdString(), 0, price));
+  return Terminal::PriceText(services_, symbol_.toStdString(), price);
 }
 
 QColor TChart::ColourOf(const TTradeBar& bar) const {
@@ -114,8 +115,8 @@ void TChart::PaintFigures(QPainter& painter) const {
   for (const auto& [key, field] : dayFigures) {
     std::string text;
     auto& formatter = services_.MarketDataFormatter;
-    if (field == VolumeField ? formatter.FormatVolume(*record, field, text)
-                             : formatter.FormatPrice(*record, field, text))
+    if (field == Host::Field::Volume ? formatter.FormatVolume(*record, field, text)
+                                     : formatter.FormatPrice(*record, field, text))
       figures.append(WindowText(key) + u' ' + QString::fromStdString(text));
   }
   const QRect room = rect().adjusted(Margin, Margin, -Margin, 0);

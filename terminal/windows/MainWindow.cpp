@@ -4,6 +4,8 @@
 #include "host/ConstDef.h"
 #include "platform/PopupEdit.h"
 #include "terminal/services/Services.h"
+#include "terminal/windows/TerminalIcon.h"
+#include "terminal/windows/ViewCorner.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QApplication>
@@ -13,27 +15,13 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QShortcut>
-#include <QVBoxLayout>
 
 namespace Terminal {
-
-namespace {
-
-/// The view at its own size in the corner of a dock that may be larger.
-QWidget* InCorner(QWidget* view) {
-  auto* room = new QWidget;
-  auto* column = new QVBoxLayout(room);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(view, 0, Qt::AlignLeft | Qt::AlignTop);
-  column->addStretch();
-  return room;
-}
-
-} // namespace
 
 TMainWindow::TMainWindow(const TParts& parts)
     : parts_(parts), views_(parts.Descriptor, [this] { return Settings(); }),
       player_(new TPlayerBar(parts.Player, parts.Feed, this)), recorder_(parts.Player, parts.Feed) {
+  setWindowIcon(TerminalIcon());
   setDockNestingEnabled(true);
   addToolBar(player_);
   tools_ = std::make_unique<TToolDocks>(
@@ -44,7 +32,7 @@ TMainWindow::TMainWindow(const TParts& parts)
   BuildShortcuts();
   connect(&recorder_, &TMarketRecorder::Ended, this, [this](const QString& error) {
     ShowRecording();
-    Warn(error);
+    WarnOf(QString::fromStdString(recorder_.File()), error);
   });
   connect(&views_, &TViewHost::Opened, this, &TMainWindow::ShowView);
   connect(&views_, &TViewHost::Closing, this, [this](TViewPane* pane) {
@@ -96,7 +84,7 @@ void TMainWindow::BuildShortcuts() {
 
 TViewSettings TMainWindow::Settings() const {
   return SettingsAt(
-      parts_.Services.Config.ReadInteger(Constdef::Section_TradePlatform, "ScaleSize"));
+      parts_.Services.Config.ReadInteger(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize));
 }
 
 TViewSettings TMainWindow::SettingsAt(int scale) const {
@@ -122,7 +110,9 @@ void TMainWindow::NewView() {
 void TMainWindow::ShowView(TViewPane* pane) {
   auto* dock = new QDockWidget(this);
   dock->setTitleBarWidget(pane->TakeCaptionBar());
-  dock->setWidget(InCorner(pane));
+  dock->setWidget(new TViewCorner(pane));
+  dock->setWindowTitle(pane->windowTitle());
+  connect(pane, &QWidget::windowTitleChanged, dock, &QWidget::setWindowTitle);
   std::vector<QDockWidget*> before;
   for (const auto& [number, other] : docks_)
     before.push_back(other);
@@ -190,32 +180,39 @@ void TMainWindow::OpenRecording() {
   const QString error = parts_.Player.Open(file);
   if (error.isEmpty())
     parts_.Player.Play();
-  Warn(error);
+  WarnOf(file, error);
 }
 
 void TMainWindow::RecordOrStop() {
+  QString file = QString::fromStdString(recorder_.File());
+  std::string error;
   if (recorder_.IsRecording()) {
-    Warn(QString::fromStdString(recorder_.Stop()));
+    error = recorder_.Stop();
   } else {
-    const QString file = QFileDialog::getSaveFileName(
-        this, WindowText("Term_Record"), QStringLiteral("market.jsonl"), QStringLiteral("*.jsonl"));
-    if (!file.isEmpty())
-      Warn(QString::fromStdString(recorder_.Start(file.toStdString())));
+    file = QFileDialog::getSaveFileName(this, WindowText("Term_Record"),
+                                        QStringLiteral("market.jsonl"), QStringLiteral("*.jsonl"));
+    error = file.isEmpty() ? std::string() : recorder_.Start(file.toStdString());
   }
   ShowRecording();
+  WarnOf(file, QString::fromStdString(error));
 }
 
 void TMainWindow::ShowRecording() {
-  const QString name = QStringLiteral("QuorPrice");
-  setWindowTitle(recorder_.IsRecording()
-                     ? QStringLiteral("● %1 – %2").arg(WindowText("Term_Record"), name)
-                     : name);
+  ShowTitle();
   record_->setChecked(recorder_.IsRecording());
 }
 
-void TMainWindow::Warn(const QString& sentence) {
-  if (!sentence.isEmpty())
-    QMessageBox::warning(this, QStringLiteral("QuorPrice"), sentence);
+void TMainWindow::ShowTitle() {
+  const QString name = QStringLiteral("QuorPrice");
+  setWindowTitle(MarkedTitle(SimulatedMark(parts_.Feed),
+                             recorder_.IsRecording()
+                                 ? QStringLiteral("● %1 – %2").arg(WindowText("Term_Record"), name)
+                                 : name));
+}
+
+void TMainWindow::WarnOf(const QString& file, const QString& reason) {
+  if (!reason.isEmpty())
+    QMessageBox::warning(this, QStringLiteral("QuorPrice"), FileSentence(file, reason));
 }
 
 void TMainWindow::OpenPreferences() {
@@ -258,7 +255,7 @@ void TMainWindow::SetScale(int perCent) {
   for (const auto* pane : views_.Panes())
     parts_.Descriptor.SetFont(pane->Handle(), settings.FontName.toStdString(), settings.FontSize,
                               0);
-  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "ScaleSize",
+  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize,
                                      std::to_string(perCent), true);
   parts_.Services.Channels.Send(Constdef::Channel_ScaleChanged, nullptr, nullptr);
 }

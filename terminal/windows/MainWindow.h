@@ -87,7 +87,9 @@ private:
   void OpenRecording();
   void RecordOrStop();
   void ShowRecording();
-  void Warn(const QString& sentence);
+  void ShowTitle();
+  /// Says what is wrong with a file; nothing when the reason is empty.
+  void WarnOf(const QString& file, const QString& reason);
   void OpenPreferences();
   void SetLanguage(int language);
   void SetSkin(const QString& name);

@@ -2,7 +2,7 @@
 
 #include "host/ConstDef.h"
 #include "terminal/services/Services.h"
-#include "terminal/windows/CaptionBar.h"
+#include "terminal/windows/SymbolChoice.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QDockWidget>
@@ -14,18 +14,20 @@ namespace Terminal {
 void TMainWindow::FollowMarket() {
   connect(&parts_.Player, &MarketPlayer::HeaderRead, this, &TMainWindow::ShowMarks);
   connect(&parts_.Player, &MarketPlayer::CoolingOffReached, this, [this](const QString& symbol) {
-    TListObject reached(symbol.toStdString(), false);
-    parts_.Services.Channels.Send(Constdef::Channel_CopySymbol, nullptr, &reached);
+    // A view in a linking group does not hear what is broadcast.
+    const auto* active = ActivePane();
+    ChooseSymbol(parts_.Services, active ? active->Group() : std::string(), nullptr,
+                 symbol.toStdString());
   });
 }
 
-// Every view says what it shows, also where it floats apart from the window.
+// Every view and tool says what it shows, also where it floats apart from the window.
 void TMainWindow::ShowMarks() {
-  const QString mark =
-      parts_.Feed.IsSimulated() ? WindowText("Term_Simulated").toUpper() : QString();
-  for (const auto& [number, dock] : docks_)
-    if (auto* bar = qobject_cast<TCaptionBar*>(dock->titleBarWidget()))
-      bar->SetMark(mark);
+  const QString mark = SimulatedMark(parts_.Feed);
+  for (auto* pane : views_.Panes())
+    pane->SetMark(mark);
+  tools_->SetMark(mark);
+  ShowTitle();
 }
 
 void TMainWindow::SimulateMarket() {

@@ -92,7 +92,8 @@ void TMainWindow::BuildSettingsMenu() {
   std::vector<TChoice> scales;
   for (const char* scale : {"100", "115", "125", "135", "150"})
     scales.emplace_back(scale, QStringLiteral("%1 %").arg(QLatin1String(scale)));
-  const int scale = services.Config.ReadInteger(Constdef::Section_TradePlatform, "ScaleSize");
+  const int scale =
+      services.Config.ReadInteger(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize);
   AddSettings(menu, WindowText("Term_Scale"),
               QString::number(std::max(scale, Constdef::ScalePPI_100)), scales,
               [this](const QString& perCent) { SetScale(perCent.toInt()); });

@@ -12,6 +12,7 @@ QWidget* TOrderDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
                                       const QModelIndex& index) const {
   auto* edit = new TStepEdit(parent);
   edit->setFrame(false);
+  edit->setText(index.data(Qt::EditRole).toString());
   const auto symbol =
       index.siblingAtColumn(TOrdersModel::SymbolColumn).data().toString().toStdString();
   const bool isPrice = index.column() == TOrdersModel::PriceColumn;
@@ -25,5 +26,7 @@ QWidget* TOrderDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
   });
   return edit;
 }
+
+void TOrderDelegate::setEditorData(QWidget*, const QModelIndex&) const {}
 
 } // namespace Terminal

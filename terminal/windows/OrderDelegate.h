@@ -14,6 +14,8 @@ public:
 
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const override;
+  /// What the user has typed stays while the order changes.
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override;
 
 private:
   TOrderFigures figures_;

@@ -1,8 +1,10 @@
 #include "terminal/windows/OrderFigures.h"
 
 #include "host/ConstDef.h"
+#include "host/RecordFields.h"
 #include "terminal/services/NumberTexts.h"
 #include "terminal/services/Services.h"
+#include "terminal/windows/WindowTexts.h"
 
 #include <cmath>
 
@@ -11,12 +13,6 @@ namespace Terminal {
 using namespace Market;
 
 namespace {
-
-constexpr int BidField = 1;
-constexpr int AskField = 2;
-constexpr int NominalField = 3;
-constexpr int LotField = 24;
-constexpr int SpreadTableField = 73;
 
 constexpr double HighestNumber = 1e12; ///< beyond it thousandths would not be exact
 
@@ -45,7 +41,7 @@ std::optional<TQuantity> TOrderFigures::ParseQuantity(const QString& text) {
 }
 
 QString TOrderFigures::PriceText(const std::string& symbol, TPrice price) const {
-  return QString::fromStdString(services_.Formatter.FormatPrice(symbol, 0, ToUnits(price)));
+  return Terminal::PriceText(services_, symbol, ToUnits(price));
 }
 
 QString TOrderFigures::QuantityText(TQuantity quantity) const {
@@ -64,7 +60,7 @@ QString TOrderFigures::AmountText(const std::string& symbol, TPrice price,
 TPrice TOrderFigures::StepPrice(const std::string& symbol, TPrice price, int steps) const {
   const auto* record = services_.Subscriptions.Find(symbol);
   const auto* table =
-      record ? services_.Market.GetSpreadTable(record->GetText(SpreadTableField)) : nullptr;
+      record ? services_.Market.GetSpreadTable(record->GetText(Host::Field::SpreadCode)) : nullptr;
   const TPrice step = table && table->State() == Constdef::SpreadState_Ready
                           ? Thousandths(table->PriceStep(ToUnits(price)))
                           : 0;
@@ -80,7 +76,7 @@ TQuantity TOrderFigures::StepQuantity(const std::string& symbol, TQuantity quant
                                       int steps) const {
   const auto* record = services_.Subscriptions.Find(symbol);
   const TQuantity lot =
-      std::max<TQuantity>(1, record ? std::llround(record->GetNumber(LotField)) : 0);
+      std::max<TQuantity>(1, record ? std::llround(record->GetNumber(Host::Field::BoardLot)) : 0);
   const TQuantity beside = quantity % lot;
   const TQuantity from = beside == 0 || steps > 0 ? quantity - beside : quantity - beside + lot;
   return std::max(lot, from + steps * lot);
@@ -88,7 +84,8 @@ TQuantity TOrderFigures::StepQuantity(const std::string& symbol, TQuantity quant
 
 std::optional<TPrice> TOrderFigures::PresentPrice(const std::string& symbol) const {
   if (const auto* record = services_.Subscriptions.Find(symbol))
-    for (const int field : {NominalField, BidField, AskField})
+    for (const int field :
+         {Host::Field::Nominal, Host::Field::Bid.Price[0], Host::Field::Ask.Price[0]})
       if (const double price = record->GetNumber(field); price > 0)
         return Thousandths(price);
   return {};

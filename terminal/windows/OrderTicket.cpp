@@ -2,7 +2,9 @@
 
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
+#include "platform/Colour.h"
 #include "terminal/market/OrderRequest.h"
+#include "terminal/windows/Chip.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QFormLayout>
@@ -16,11 +18,6 @@ using namespace Market;
 
 namespace {
 
-constexpr const char* buyColour = "#4fa3d9";
-constexpr const char* sellColour = "#d99a4f";
-constexpr const char* paperColour = "#d9a441";
-constexpr const char* textColour = "#14171c"; // on each of them
-
 /// A second click of a double click would send what the first one showed, unseen.
 class TSendButton : public QPushButton {
 protected:
@@ -28,21 +25,13 @@ protected:
 };
 
 bool IsFromBid(const TOrder& order) {
-  const auto flags = order.Values().find("OrderFlags");
+  const auto flags = order.Values().find(Constdef::OrderValue_Flags);
   return flags != order.Values().end() && flags->second == "1";
 }
 
-QString SideText(TSide side) {
-  return WindowText(side == TSide::Bid ? "Term_Buy" : "Term_Sell").toUpper();
-}
-
-QPushButton* NewSideButton(const char* colour) {
+QPushButton* NewSideButton() {
   auto* button = new QPushButton;
   button->setCheckable(true);
-  button->setStyleSheet(QStringLiteral("QPushButton:checked{background:%1;color:%2;"
-                                       "font-weight:bold;border-radius:3px;padding:5px}"
-                                       "QPushButton:checked:focus{border:2px solid palette(text)}")
-                            .arg(QLatin1String(colour), QLatin1String(textColour)));
   return button;
 }
 
@@ -53,8 +42,8 @@ TOrderTicket::TOrderTicket(TServices& services, TOrderDesk& desk, TSourceName so
     : QWidget(parent), services_(services), desk_(desk), sourceName_(std::move(sourceName)),
       figures_(services), paper_(new QLabel), symbolCaption_(new QLabel), nameCaption_(new QLabel),
       priceCaption_(new QLabel), quantityCaption_(new QLabel), amountCaption_(new QLabel),
-      sourceCaption_(new QLabel), sides_(new QButtonGroup(this)), buy_(NewSideButton(buyColour)),
-      sell_(NewSideButton(sellColour)), symbolBox_(new Platform::TcxPopupEdit), name_(new QLabel),
+      sourceCaption_(new QLabel), sides_(new QButtonGroup(this)), buy_(NewSideButton()),
+      sell_(NewSideButton()), symbolBox_(new Platform::TcxPopupEdit), name_(new QLabel),
       price_(new TStepEdit), quantity_(new TStepEdit), amount_(new QLabel), source_(new QLabel),
       message_(new QLabel), send_(new TSendButton), clear_(new QPushButton) {
   auto* column = new QVBoxLayout(this);
@@ -62,7 +51,7 @@ TOrderTicket::TOrderTicket(TServices& services, TOrderDesk& desk, TSourceName so
   BuildSides();
   BuildForm();
   BuildButtons();
-  TakeFont();
+  SetSkin();
   SetTexts();
   FollowDesk();
   services_.Editors.RegisterSymbolEditor(symbolBox_, {}, true, true);
@@ -80,9 +69,7 @@ void TOrderTicket::BuildSides() {
   paper_->setObjectName(QStringLiteral("paperTrading"));
   paper_->setAlignment(Qt::AlignCenter);
   paper_->setWordWrap(true);
-  paper_->setStyleSheet(
-      QStringLiteral("background:%1;color:%2;font-weight:bold;padding:3px;border-radius:3px")
-          .arg(QLatin1String(paperColour), QLatin1String(textColour)));
+  paper_->setStyleSheet(ChipStyle(SimulatedColour, "3px"));
   buy_->setObjectName(QStringLiteral("buy"));
   sell_->setObjectName(QStringLiteral("sell"));
   auto* row = new QHBoxLayout;
@@ -116,8 +103,7 @@ void TOrderTicket::BuildForm() {
   static_cast<QVBoxLayout*>(layout())->addLayout(form);
   connect(symbolBox_, &Platform::TcxPopupEdit::Exited, this, &TOrderTicket::TakeEnteredSymbol);
   connect(symbolBox_, &Platform::TcxPopupEdit::KeyDown, this, [this](int key) {
-    constexpr int enter = 13;
-    if (key != enter)
+    if (key != Platform::TcxPopupEdit::EnterKey)
       return;
     TakeEnteredSymbol();
     if (!symbol_.empty() && symbolBox_->text().toStdString() == symbol_)
@@ -180,8 +166,26 @@ void TOrderTicket::SetTexts() {
   quantityCaption_->setText(WindowText("Term_Quantity"));
   amountCaption_->setText(WindowText("Term_Amount"));
   sourceCaption_->setText(WindowText("Term_CopiedFrom"));
+  name_->setText(InstrumentName(services_, QString::fromStdString(symbol_)));
   clear_->setText(WindowText("Term_ClearOrder"));
   ShowOpen();
+}
+
+// As the price views have the side that the order goes to.
+void TOrderTicket::SetSkin() {
+  const auto dress = [this](QPushButton* button, std::string_view ground, std::string_view text) {
+    const auto colour = [this](std::string_view name) {
+      return Platform::ToQColor(services_.Skin.GetColour(0, name)).name();
+    };
+    button->setStyleSheet(
+        QStringLiteral("QPushButton:checked{background:%1;color:%2;"
+                       "font-weight:bold;border-radius:3px;padding:5px}"
+                       "QPushButton:checked:focus{border:2px solid palette(text)}")
+            .arg(colour(ground), colour(text)));
+  };
+  dress(buy_, Constdef::Colour_BidLabel, "coUpText");
+  dress(sell_, Constdef::Colour_AskLabel, "coDownText");
+  TakeFont();
 }
 
 void TOrderTicket::FocusForm() {
@@ -208,9 +212,7 @@ void TOrderTicket::Fill(const TOrder& order) {
     SetSide({});
   }
   if (order.Price() && *order.Price() > 0) {
-    constexpr int everyDecimal = 0;
-    price_->setText(QString::fromStdString(
-        services_.Formatter.FormatPrice(order.Symbol(), everyDecimal, *order.Price())));
+    price_->setText(PriceText(services_, order.Symbol(), *order.Price()));
     SetSide(IsFromBid(order) ? TSide::Ask : TSide::Bid);
   }
   if (const double quantity = order.Quantity().value_or(0); quantity > 0)
@@ -234,7 +236,7 @@ void TOrderTicket::SetSymbol(const std::string& symbol) {
   symbolBox_->setText(text);
   price_->clear();
   quantity_->clear();
-  name_->setText(InstrumentText(services_, text).mid(text.size()).trimmed());
+  name_->setText(InstrumentName(services_, text));
 }
 
 void TOrderTicket::Announce() {
@@ -303,7 +305,7 @@ void TOrderTicket::Advance() {
   shown_ = draft;
   const QString instrument = InstrumentText(services_, QString::fromStdString(symbol_));
   message_->setText(QStringLiteral("<b>%1 %2: %3 @ %4</b><br>%5")
-                        .arg(SideText(draft->Side), instrument.toHtmlEscaped(),
+                        .arg(SideText(draft->Side).toUpper(), instrument.toHtmlEscaped(),
                              figures_.QuantityText(draft->Quantity),
                              figures_.PriceText(symbol_, draft->Price),
                              WindowText("Term_EnterSends")));

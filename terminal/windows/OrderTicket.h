@@ -37,6 +37,8 @@ public:
 
   /// Takes the texts of the present language.
   void SetTexts();
+  /// Takes the colours of the present skin, where they or those of prices have changed.
+  void SetSkin();
   /// Puts the keyboard into the first box.
   void FocusForm();
 

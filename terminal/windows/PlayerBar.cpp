@@ -3,6 +3,8 @@
 #include "host/BaseLookAndFeelService.h"
 #include "host/ConstDef.h"
 #include "platform/Colour.h"
+#include "platform/DrawnIcon.h"
+#include "terminal/windows/Chip.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QEvent>
@@ -19,12 +21,12 @@ constexpr double QuietAfter = 5; // seconds without data while playing
 constexpr double speeds[] = {0.1, 0.5, 1, 2, 5, 10, 20, 50, 100, 200, 1000};
 
 struct TJumpChoice {
-  Market::TJump To;
+  TJump To;
   const char* Text;
 };
-constexpr TJumpChoice jumps[] = {{Market::TJump::Opening, "Term_JumpOpening"},
-                                 {Market::TJump::CoolingOff, "Term_JumpCoolingOff"},
-                                 {Market::TJump::ClosingAuction, "Term_JumpClosingAuction"}};
+constexpr TJumpChoice jumps[] = {{TJump::Opening, "Term_JumpOpening"},
+                                 {TJump::CoolingOff, "Term_JumpCoolingOff"},
+                                 {TJump::ClosingAuction, "Term_JumpClosingAuction"}};
 
 /// A click beside the handle goes there, instead of a page on.
 class TSeekStyle : public QProxyStyle {
@@ -41,47 +43,39 @@ qint64 Milliseconds(TTimeOfDay time) {
   return std::chrono::duration_cast<std::chrono::milliseconds>(time).count();
 }
 
-QString ClockText(TTimeOfDay time) {
+QString PositionText(TTimeOfDay time) {
   return QString::fromStdString(TimeOfDayText(time).substr(0, 10)); // to the tenth of a second
 }
 
 QString SpeedText(double speed) { return QStringLiteral("%1×").arg(speed); }
 
-/// A triangle for play, two bars for pause, in the colour of texts.
-QIcon PlayIcon(bool isPlaying, const QColor& colour) {
-  QPixmap picture(32, 32);
-  picture.fill(Qt::transparent);
-  QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(colour);
-  if (isPlaying) {
-    painter.drawRect(8, 6, 6, 20);
-    painter.drawRect(18, 6, 6, 20);
-  } else {
-    painter.drawPolygon(QPolygon({{9, 5}, {27, 16}, {9, 27}}));
-  }
-  return QIcon(picture);
+// Solid, in the colour of texts.
+
+QIcon PlayIcon() {
+  return Platform::DrawnIcon([](QPainter& painter) {
+    painter.setBrush(painter.pen().color());
+    painter.setPen(Qt::NoPen);
+    painter.drawPolygon(QPolygonF({{4.5, 2.5}, {13.5, 8}, {4.5, 13.5}}));
+  });
 }
 
-/// Two triangles and a bar in the colour of texts.
-QIcon JumpIcon(const QColor& colour) {
-  QPixmap picture(32, 32);
-  picture.fill(Qt::transparent);
-  QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(colour);
-  painter.drawPolygon(QPolygon({{3, 6}, {14, 16}, {3, 26}}));
-  painter.drawPolygon(QPolygon({{14, 6}, {25, 16}, {14, 26}}));
-  painter.drawRect(25, 6, 4, 20);
-  return QIcon(picture);
+QIcon PauseIcon() {
+  return Platform::DrawnIcon([](QPainter& painter) {
+    const QColor colour = painter.pen().color();
+    for (const double left : {4.0, 9.0})
+      painter.fillRect(QRectF(left, 3, 3, 10), colour);
+  });
 }
 
-void SetColours(QLabel* label, const char* background, const char* text) {
-  label->setStyleSheet(
-      QStringLiteral("background:%1;color:%2;border-radius:3px;padding:2px 8px;font-weight:bold")
-          .arg(QLatin1String(background), QLatin1String(text)));
+/// Two triangles and a bar.
+QIcon JumpIcon() {
+  return Platform::DrawnIcon([](QPainter& painter) {
+    painter.setBrush(painter.pen().color());
+    painter.setPen(Qt::NoPen);
+    for (const double left : {1.5, 7.0})
+      painter.drawPolygon(QPolygonF({{left, 3}, {left + 5.5, 8}, {left, 13}}));
+    painter.drawRect(QRectF(12.5, 3, 2, 10));
+  });
 }
 
 QString WarningStyle() {
@@ -131,7 +125,7 @@ void TPlayerBar::BuildPosition() {
   position_->setFocusPolicy(Qt::NoFocus);
   position_->setMinimumWidth(120);
   connect(position_, &QSlider::sliderMoved, this,
-          [this] { clock_->setText(ClockText(SliderTime())); });
+          [this] { clock_->setText(PositionText(SliderTime())); });
   connect(position_, &QSlider::sliderReleased, this, [this] { player_.Seek(SliderTime()); });
   progress_->setMaximumWidth(90);
   progress_->setTextVisible(false);
@@ -147,6 +141,8 @@ void TPlayerBar::BuildPosition() {
 
 void TPlayerBar::BuildJumps() {
   jump_->setFocusPolicy(Qt::NoFocus);
+  jump_->setObjectName(QStringLiteral("jump"));
+  jump_->setIcon(JumpIcon());
   jump_->setPopupMode(QToolButton::InstantPopup);
   jump_->setMenu(new QMenu(jump_));
   for (const auto& jump : jumps)
@@ -191,22 +187,20 @@ void TPlayerBar::SetTexts() {
   ShowAge();
 }
 
-// The play button is drawn in the colours of the skin.
 void TPlayerBar::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange)
     for (auto* label : {mark_, age_}) // their style sheets keep the bar's font from them
       label->setFont(font());
   if (event->type() == QEvent::PaletteChange)
-    ShowState();
+    ShowAge(); // a warning is in a colour of the skin
   QToolBar::changeEvent(event);
 }
 
 void TPlayerBar::ShowState() {
   const bool isPlaying = player_.State() == MarketPlayer::TState::Playing;
-  play_->setIcon(PlayIcon(isPlaying, palette().color(QPalette::WindowText)));
+  play_->setIcon(isPlaying ? PauseIcon() : PlayIcon());
   play_->setToolTip(WindowText(isPlaying ? "Term_Pause" : "Term_Play"));
   ShowSpeed();
-  jump_->setIcon(JumpIcon(palette().color(QPalette::WindowText)));
   jump_->setEnabled(player_.IsSimulating());
   position_->setRange(0, static_cast<int>(Milliseconds(player_.Duration())));
   ShowPosition(player_.Position());
@@ -222,11 +216,8 @@ void TPlayerBar::ShowSpeed() {
 
 void TPlayerBar::ShowMark() {
   mark_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  mark_->setText(WindowText(feed_.IsSimulated() ? "Term_Simulated" : "Term_Replay").toUpper());
-  if (feed_.IsSimulated())
-    SetColours(mark_, "#d9a441", "#1b1f24");
-  else
-    SetColours(mark_, "#4fa3d9", "#1b1f24");
+  mark_->setText(MarketText(feed_));
+  mark_->setStyleSheet(ChipStyle(feed_.IsSimulated() ? SimulatedColour : ReplayColour, "2px 8px"));
 }
 
 void TPlayerBar::ShowSnapshots() {
@@ -244,9 +235,7 @@ void TPlayerBar::ShowSkippedLines() {
   if (count > 0)
     for (const auto& line : SkippedLines(*index))
       lines.append(QString::fromStdString(line));
-  skipped_->setText(count > 0
-                        ? QStringLiteral("%1: %2").arg(WindowText("Term_SkippedLines")).arg(count)
-                        : QString());
+  skipped_->setText(count > 0 ? WindowText("Term_SkippedLines").arg(count) : QString());
   skipped_->setToolTip(lines.join(QLatin1Char('\n')));
 }
 
@@ -254,7 +243,7 @@ void TPlayerBar::ShowPosition(TTimeOfDay position) {
   if (position_->isSliderDown())
     return;
   position_->setValue(static_cast<int>(Milliseconds(position - player_.Start())));
-  clock_->setText(ClockText(position));
+  clock_->setText(PositionText(position));
 }
 
 void TPlayerBar::ShowAge() {

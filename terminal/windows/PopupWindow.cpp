@@ -1,5 +1,7 @@
 #include "terminal/windows/PopupWindow.h"
 
+#include "terminal/windows/WindowTexts.h"
+
 #include <QKeyEvent>
 #include <QScreen>
 
@@ -29,6 +31,19 @@ TPopupWindow::TPopupWindow(QWidget* view, int position)
     : QWidget(view, Qt::Tool), position_(position) {
   setAttribute(Qt::WA_DeleteOnClose);
   setFocusPolicy(Qt::StrongFocus);
+}
+
+void TPopupWindow::SetMark(const QString& mark) {
+  mark_ = mark;
+  setWindowTitle(MarkedTitle(mark_, title_));
+}
+
+void TPopupWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::WindowTitleChange || windowTitle() == MarkedTitle(mark_, title_))
+    return;
+  title_ = windowTitle();
+  setWindowTitle(MarkedTitle(mark_, title_));
 }
 
 // Once: afterwards it stays where the user moves it. Its size is known when it is shown first.

@@ -18,12 +18,18 @@ public:
   /// stand there already: each stands a little lower than the one before.
   TPopupWindow(QWidget* view, int position);
 
+  /// Puts `mark` before every title that the window is given; empty: none.
+  void SetMark(const QString& mark);
+
 protected:
+  void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
   int position_;
+  QString title_; ///< without the mark
+  QString mark_;
   bool placed_ = false;
 };
 

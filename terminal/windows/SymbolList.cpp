@@ -1,12 +1,15 @@
 #include "terminal/windows/SymbolList.h"
 
-#include "host/ConstDef.h"
+#include "terminal/windows/SymbolChoice.h"
+#include "terminal/windows/Table.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace Terminal {
 
@@ -34,16 +37,17 @@ void TSymbolFilter::SetText(const QString& text) {
 }
 
 bool TSymbolFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
-  const auto text = [&](int column) {
-    return sourceModel()->index(row, column, parent).data().toString();
-  };
-  return text(TSymbolListModel::SymbolColumn).startsWith(symbol_, Qt::CaseInsensitive) ||
-         text(TSymbolListModel::NameColumn).contains(text_, Qt::CaseInsensitive);
+  const auto listed = sourceModel()->index(row, TSymbolListModel::SymbolColumn, parent);
+  const auto names = listed.data(TSymbolListModel::NamesRole).toStringList();
+  return listed.data().toString().startsWith(symbol_, Qt::CaseInsensitive) ||
+         std::any_of(names.begin(), names.end(), [this](const QString& name) {
+           return name.contains(text_, Qt::CaseInsensitive);
+         });
 }
 
 TSymbolList::TSymbolList(TServices& services, QWidget* parent)
     : QWidget(parent), services_(services), model_(services, this), filter_(this),
-      find_(new QLineEdit), table_(new QTableView) {
+      find_(new QLineEdit), table_(NewTable(filter_)) {
   filter_.setSourceModel(&model_);
   find_->setClearButtonEnabled(true);
   find_->installEventFilter(this);
@@ -57,17 +61,9 @@ TSymbolList::TSymbolList(TServices& services, QWidget* parent)
 }
 
 void TSymbolList::BuildTable() {
-  table_->setModel(&filter_);
-  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->setSelectionMode(QAbstractItemView::SingleSelection);
   table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table_->setShowGrid(false);
-  table_->setWordWrap(false);
-  table_->setTabKeyNavigation(false);
   table_->setSortingEnabled(true);
   table_->sortByColumn(-1, Qt::AscendingOrder); // as listed
-  table_->verticalHeader()->hide();
-  table_->horizontalHeader()->setHighlightSections(false);
   table_->installEventFilter(this);
   connect(table_, &QTableView::clicked, this, &TSymbolList::ChooseRow);
   FitColumns();
@@ -91,7 +87,7 @@ void TSymbolList::SetTexts() {
   find_->setPlaceholderText(WindowText("Term_FindSymbol"));
   find_->setAccessibleName(WindowText("Term_FindSymbol"));
   table_->setAccessibleName(WindowText("Term_Symbols"));
-  emit model_.headerDataChanged(Qt::Horizontal, 0, TSymbolListModel::Columns - 1);
+  model_.SetTexts();
   FitColumns();
 }
 
@@ -101,13 +97,7 @@ void TSymbolList::FocusFilter() {
 }
 
 void TSymbolList::Choose(const QString& symbol) {
-  if (group_.empty()) {
-    TListObject chosen(symbol.toStdString(), false);
-    services_.Channels.Send(Constdef::Channel_CopySymbol, &owner_, &chosen);
-  } else {
-    TGroupData chosen(group_, symbol.toStdString(), false);
-    services_.Channels.SendToGroup(group_, &owner_, &chosen);
-  }
+  ChooseSymbol(services_, group_, &owner_, symbol.toStdString());
 }
 
 void TSymbolList::ChooseRow(const QModelIndex& row) {

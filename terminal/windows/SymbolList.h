@@ -14,7 +14,8 @@ class TSymbolFilter : public QSortFilterProxyModel {
 public:
   explicit TSymbolFilter(QObject* parent);
 
-  /// Symbols that begin with `text`, with or without leading zeros, and names that hold it.
+  /// Symbols that begin with `text`, with or without leading zeros, and names that hold it, in
+  /// whatever language.
   void SetText(const QString& text);
 
 protected:

@@ -1,7 +1,10 @@
 #include "terminal/windows/SymbolListModel.h"
 
+#include "host/ConstDef.h"
+#include "host/RecordFields.h"
 #include "platform/Colour.h"
 #include "terminal/services/NumberTexts.h"
+#include "terminal/windows/Table.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <algorithm>
@@ -13,11 +16,6 @@ namespace {
 
 constexpr int UpdateInterval = 150; // milliseconds
 
-constexpr int BidField = 1;
-constexpr int AskField = 2;
-constexpr int NominalField = 3;
-constexpr int VolumeField = 17;
-
 constexpr const char* headerKeys[TSymbolListModel::Columns] = {
     "Term_Symbol",        "Term_Name", "Term_Last", "Term_Change",
     "Term_ChangePercent", "Term_Bid",  "Term_Ask",  "Term_Volume"};
@@ -28,6 +26,10 @@ QString SymbolOrder(const QString& symbol) {
   bool isNumber = false;
   symbol.toLongLong(&isNumber);
   return isNumber ? symbol.rightJustified(longest, u'0') : symbol;
+}
+
+TCellKind KindOf(int column) {
+  return column >= TSymbolListModel::LastColumn ? TCellKind::Figure : TCellKind::Text;
 }
 
 double FigureOrder(QString text) {
@@ -65,13 +67,17 @@ QVariant TSymbolListModel::data(const QModelIndex& index, int role) const {
   case Qt::DisplayRole:
     return text;
   case Qt::TextAlignmentRole:
-    return int(Qt::AlignVCenter | (column >= LastColumn ? Qt::AlignRight : Qt::AlignLeft));
+    return AlignmentOf(KindOf(column));
   case Qt::ForegroundRole:
     return column >= LastColumn && column <= ChangePercentColumn ? ColourOf(row) : QVariant();
   case SortRole:
     return column == SymbolColumn ? QVariant(SymbolOrder(text))
            : column == NameColumn ? QVariant(text)
                                   : QVariant(FigureOrder(text));
+  case NamesRole: {
+    const auto& names = services_.Symbols.Entries()[static_cast<std::size_t>(index.row())].Names;
+    return QStringList(names.begin(), names.end());
+  }
   default:
     return {};
   }
@@ -83,7 +89,7 @@ QVariant TSymbolListModel::headerData(int section, Qt::Orientation orientation, 
   if (role == Qt::DisplayRole)
     return WindowText(headerKeys[section]);
   if (role == Qt::TextAlignmentRole)
-    return int(Qt::AlignVCenter | (section >= LastColumn ? Qt::AlignRight : Qt::AlignLeft));
+    return AlignmentOf(KindOf(section));
   return {};
 }
 
@@ -112,6 +118,13 @@ void TSymbolListModel::Update() {
   }
 }
 
+void TSymbolListModel::SetTexts() {
+  for (std::size_t row = 0; row < rows_.size(); ++row)
+    MarkStale(row);
+  Update();
+  emit headerDataChanged(Qt::Horizontal, 0, Columns - 1);
+}
+
 void TSymbolListModel::AddListed() {
   const auto& symbols = services_.Symbols;
   if (std::exchange(knownListing_, symbols.Revision()) == symbols.Revision())
@@ -124,8 +137,8 @@ void TSymbolListModel::AddListed() {
   beginInsertRows({}, rowCount(), static_cast<int>(entries.size()) - 1);
   while (rows_.size() < entries.size()) {
     const auto row = rows_.size();
-    auto* record =
-        services_.Subscriptions.Subscribe(entries[row].Symbol.toStdString(), "PRCDDS", true);
+    auto* record = services_.Subscriptions.Subscribe(entries[row].Symbol.toStdString(),
+                                                     Constdef::DataSet_Prices, true);
     rows_.push_back({record, {}, false});
     rows_.back().Texts = TextsOf(row);
     services_.Subscriptions.SetUpdateHandler(
@@ -152,13 +165,15 @@ TSymbolListModel::TTexts TSymbolListModel::TextsOf(std::size_t row) const {
   };
   const auto& entry = services_.Symbols.Entries()[row];
   return {entry.Symbol,
-          entry.Name,
-          price(NominalField),
+          entry.NameIn(services_.Languages.CurrentLanguage()),
+          price(Host::Field::Nominal),
           textOf([&](std::string& text) { formatter.FormatChange(record, text); }),
           textOf([&](std::string& text) { formatter.FormatChangePercent(record, text); }),
-          price(BidField),
-          price(AskField),
-          textOf([&](std::string& text) { formatter.FormatVolume(record, VolumeField, text); })};
+          price(Host::Field::Bid.Price[0]),
+          price(Host::Field::Ask.Price[0]),
+          textOf([&](std::string& text) {
+            formatter.FormatVolume(record, Host::Field::Volume, text);
+          })};
 }
 
 } // namespace Terminal

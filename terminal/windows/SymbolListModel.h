@@ -30,6 +30,8 @@ public:
 
   /// Gives what a column is sorted by: numbers for figures, lowest where there is none.
   static constexpr int SortRole = Qt::UserRole;
+  /// Gives all that a symbol is found by beside itself: its names in every language.
+  static constexpr int NamesRole = Qt::UserRole + 1;
 
   /// Subscribes the symbols until it is destroyed. The services outlive the model.
   explicit TSymbolListModel(TServices& services, QObject* parent = nullptr);
@@ -39,6 +41,9 @@ public:
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  /// Takes headers and names in the present language.
+  void SetTexts();
 
   /// Takes in the symbols that were listed and the figures that came since it ran last. Runs by
   /// itself while there is an event loop.

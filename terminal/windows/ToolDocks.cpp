@@ -82,10 +82,7 @@ void TToolDocks::GoTo(const TTool& tool) {
 }
 
 void TToolDocks::SetTexts() {
-  for (const auto& tool : tools_)
-    tool.Dock->setWindowTitle(WindowText(tool.CaptionKey));
-  CaptionChart();
-  symbolsBar_->SetCaption(symbolsDock_->windowTitle());
+  CaptionDocks();
   symbols_->SetTexts();
   ticket_->SetTexts();
   blotter_->SetTexts();
@@ -94,17 +91,34 @@ void TToolDocks::SetTexts() {
 
 void TToolDocks::SetSkin() {
   symbols_->RepaintFigures();
+  ticket_->SetSkin();
   chart_->update();
 }
 
-void TToolDocks::CaptionChart() {
-  chartDock_->setWindowTitle(
+void TToolDocks::SetMark(const QString& mark) {
+  mark_ = mark;
+  CaptionDocks();
+}
+
+void TToolDocks::CaptionDocks() {
+  for (const auto& tool : tools_)
+    Caption(tool.Dock, WindowText(tool.CaptionKey));
+  Caption(
+      chartDock_,
       (WindowText("Term_Chart") + u' ' + InstrumentText(services_, chart_->Symbol())).trimmed());
+  symbolsBar_->SetCaption(WindowText("Term_Symbols"));
+  symbolsBar_->SetMark(mark_);
+}
+
+// The menu that shows and hides the docks has their names alone.
+void TToolDocks::Caption(QDockWidget* dock, const QString& caption) {
+  dock->setWindowTitle(MarkedTitle(mark_, caption));
+  dock->toggleViewAction()->setText(caption);
 }
 
 void TToolDocks::ShowChart(const QString& symbol) {
   chart_->SetSymbol(symbol);
-  CaptionChart();
+  CaptionDocks();
   chartDock_->show();
   chartDock_->raise();
 }
@@ -113,7 +127,7 @@ void TToolDocks::OfferChart(const QString& symbol) {
   if (!chart_->Symbol().isEmpty())
     return;
   chart_->SetSymbol(symbol);
-  CaptionChart();
+  CaptionDocks();
 }
 
 void TToolDocks::AddView(QDockWidget* view, const std::vector<QDockWidget*>& before, int width) {

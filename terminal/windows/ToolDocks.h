@@ -40,6 +40,8 @@ public:
 
   /// Takes the texts of the present language.
   void SetTexts();
+  /// Says in every dock's title which market it shows; empty: nothing.
+  void SetMark(const QString& mark);
   /// The skin has changed, or the colours of prices alone.
   void SetSkin();
 
@@ -63,7 +65,8 @@ private:
   QDockWidget* Add(const char* name, QWidget* content);
   void BuildSymbolList();
   void SetListGroup(const QString& group);
-  void CaptionChart();
+  void CaptionDocks();
+  void Caption(QDockWidget* dock, const QString& caption);
 
   TServices& services_;
   QMainWindow& window_;
@@ -74,6 +77,7 @@ private:
   TBlotter* blotter_;
   QDockWidget *symbolsDock_, *ticketDock_, *chartDock_, *blotterDock_;
   class TCaptionBar* symbolsBar_;
+  QString mark_;
   std::vector<TTool> tools_;
 };
 

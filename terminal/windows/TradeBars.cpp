@@ -1,6 +1,6 @@
 #include "terminal/windows/TradeBars.h"
 
-#include "terminal/replay/Recording.h"
+#include "terminal/data/TimeOfDay.h"
 #include "terminal/services/NumberTexts.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include "platform/Grid.h"
 #include "terminal/windows/CaptionBar.h"
 #include "terminal/windows/PopupWindow.h"
+#include "terminal/windows/WindowTexts.h"
 
 #include <QVBoxLayout>
 
@@ -75,8 +76,18 @@ void TViewPane::ApplyPreferredSize() {
   view_->setFixedSize(preferred_);
 }
 
+void TViewPane::SetMark(const QString& mark) {
+  mark_ = mark;
+  bar_->SetMark(mark);
+  for (auto* popup : findChildren<TPopupWindow*>(Qt::FindDirectChildrenOnly))
+    popup->SetMark(mark);
+  RefreshCaption();
+}
+
 void TViewPane::RefreshCaption() {
-  bar_->SetCaption(QString::fromStdString(Caption()));
+  const QString caption = QString::fromStdString(Caption());
+  bar_->SetCaption(caption);
+  setWindowTitle(MarkedTitle(mark_, caption));
   Platform::TcxImageList* images = nullptr;
   descriptor_.GetViewCaptionButtonImageList(handle_, images);
   bar_->SetButtons(CaptionButtons(), images);
@@ -92,6 +103,7 @@ void TViewPane::RepaintView() {
 
 QWidget* TViewPane::OpenPopup() {
   auto* window = new TPopupWindow(this, static_cast<int>(Popups().size()));
+  window->SetMark(mark_);
   QPixmap icon;
   descriptor_.GetViewIcon(handle_, icon);
   window->setWindowIcon(icon.isNull() ? this->window()->windowIcon() : QIcon(icon));

@@ -55,7 +55,12 @@ public:
   void ApplyPreferredSize();
   QSize PreferredSize() const { return preferred_; }
 
-  /// Shows caption, caption buttons and group as they are now.
+  /// Says in the caption bar, in the pane's title and in the titles of its pop-ups which market
+  /// they show; empty: nothing.
+  void SetMark(const QString& mark);
+
+  /// Shows caption, caption buttons and group as they are now. The pane's window title is the
+  /// caption with the mark, for a window that shows the view by itself.
   void RefreshCaption();
 
   /// Makes the view and its pop-ups paint everything anew.
@@ -75,6 +80,7 @@ private:
   TCaptionBar* bar_;
   QWidget* view_;
   QSize preferred_;
+  QString mark_;
   std::vector<TPopup> popups_;
 };
 

@@ -1,6 +1,7 @@
 #include "terminal/windows/WindowTexts.h"
 
 #include "host/BaseLanguageManager.h"
+#include "terminal/MarketFeed.h"
 #include "terminal/services/Services.h"
 
 #include <algorithm>
@@ -18,11 +19,43 @@ QString WithMnemonic(const QString& text, QChar letter) {
                    : QString(text).insert(place, QLatin1Char('&'));
 }
 
-QString InstrumentText(const TServices& services, const QString& symbol) {
+QString InstrumentName(const TServices& services, const QString& symbol) {
   const auto& entries = services.Symbols.Entries();
   const auto listed = std::find_if(entries.begin(), entries.end(),
                                    [&](const auto& entry) { return entry.Symbol == symbol; });
-  return listed == entries.end() ? symbol : (symbol + u' ' + listed->Name).trimmed();
+  auto* languages = Baselanguagemanager::TCustomLanguageManager::GetInstance();
+  return listed == entries.end() ? QString() : listed->NameIn(languages->CurrentLanguage());
+}
+
+QString InstrumentText(const TServices& services, const QString& symbol) {
+  return (symbol + u' ' + InstrumentName(services, symbol)).trimmed();
+}
+
+QString MarketText(const TMarketFeed& feed) {
+  return WindowText(feed.IsSimulated() ? "Term_Simulated" : "Term_Replay").toUpper();
+}
+
+QString SimulatedMark(const TMarketFeed& feed) {
+  return feed.IsSimulated() ? MarketText(feed) : QString();
+}
+
+QString FileSentence(const QString& file, const QString& reason) {
+  return reason.isEmpty()
+             ? QString()
+             : WindowText("Term_FileSentence").arg(file, WindowText(reason.toStdString().c_str()));
+}
+
+QString MarkedTitle(const QString& mark, const QString& title) {
+  return mark.isEmpty() ? title : QStringLiteral("%1 – %2").arg(mark, title);
+}
+
+QString PriceText(TServices& services, const std::string& symbol, double price) {
+  constexpr int everyDecimal = 0;
+  return QString::fromStdString(services.Formatter.FormatPrice(symbol, everyDecimal, price));
+}
+
+QString SideText(Market::TSide side) {
+  return WindowText(side == Market::TSide::Bid ? "Term_Buy" : "Term_Sell");
 }
 
 const char* StatusKey(Market::TOrderStatus status) {

@@ -6,6 +6,7 @@
 
 namespace Terminal {
 
+class TMarketFeed;
 class TServices;
 
 /// The text of a language key in the terminal's current language.
@@ -15,8 +16,32 @@ QString WindowText(const char* key);
 /// behind the text, as in "確定(&O)".
 QString WithMnemonic(const QString& text, QChar letter);
 
+/// An instrument's name in the terminal's current language; empty where it has none.
+QString InstrumentName(const TServices& services, const QString& symbol);
+
 /// A symbol and, where it has one, its name.
 QString InstrumentText(const TServices& services, const QString& symbol);
+
+/// What is wrong with a file, in one sentence that names it. `reason` is a language key, as the
+/// sentences are of those who read and write files; empty gives an empty sentence.
+QString FileSentence(const QString& file, const QString& reason);
+
+/// What stands wherever the market is shown that `feed` hands on: that it is invented, or that it
+/// is played again.
+QString MarketText(const TMarketFeed& feed);
+
+/// What must stand in every window that can be seen by itself: that the market is invented; empty
+/// when it is not.
+QString SimulatedMark(const TMarketFeed& feed);
+
+/// A window's title with such a mark, which comes first: where there is little room, the end is cut
+/// off. An empty mark adds nothing.
+QString MarkedTitle(const QString& mark, const QString& title);
+
+/// A price in currency units, with the decimals of the symbol's spread table.
+QString PriceText(TServices& services, const std::string& symbol, double price);
+
+QString SideText(Market::TSide side);
 
 /// Language key of an order's status.
 const char* StatusKey(Market::TOrderStatus status);

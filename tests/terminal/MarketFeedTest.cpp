@@ -1,6 +1,6 @@
 #include "terminal/MarketRecorder.h"
 #include "terminal/OrderDesk.h"
-#include "terminal/market/SimulationRecording.h"
+#include "terminal/replay/SimulationRecording.h"
 #include "terminal/services/Services.h"
 
 #include <QFile>
@@ -92,6 +92,17 @@ TEST_F(MarketFeed, HandsTheMarketToTheServices) {
   EXPECT_EQ(Record().GetText(2), "6");
 }
 
+TEST_F(MarketFeed, NamesInstrumentsInEveryLanguageThatTheHeaderHas) {
+  Play("{\"quorprice\":1,\"instruments\":[{\"symbol\":\"5\",\"name\":\"BANK\","
+       "\"name1\":\"銀行\",\"name2\":\"银行\",\"currency\":\"HKD\"},"
+       "{\"symbol\":\"6\",\"name\":\"OLD\",\"currency\":\"HKD\"}]}\n");
+  Player.Step(0);
+  const auto& entries = Services.Symbols.Entries();
+  ASSERT_EQ(entries.size(), 2u);
+  EXPECT_EQ(entries[0].Names, (std::array<QString, 3>{"銀行", "银行", "BANK"}));
+  EXPECT_EQ(entries[1].NameIn(Constdef::Language_TraditionalChinese), QStringLiteral("OLD"));
+}
+
 TEST_F(MarketFeed, ForgetsTheMarketOnAJump) {
   Play(market);
   Player.Step(6000);
@@ -126,7 +137,7 @@ TEST_F(MarketFeed, TellsTheLinesThatWereSkipped) {
   const auto lines = SkippedLines(*Player.Index());
   ASSERT_EQ(lines.size(), 2u);
   EXPECT_EQ(lines[0].find("line 5: "), 0u);
-  EXPECT_EQ(lines[1], "lines skipped: 1");
+  EXPECT_EQ(lines[1], "Lines skipped: 1");
 }
 
 TEST_F(MarketFeed, TellsTheFirstOfManySkippedLinesAndTheirNumber) {
@@ -134,7 +145,7 @@ TEST_F(MarketFeed, TellsTheFirstOfManySkippedLinesAndTheirNumber) {
   Player.Step(0);
   const auto lines = SkippedLines(*Player.Index());
   ASSERT_EQ(lines.size(), 11u);
-  EXPECT_EQ(lines.back(), "lines skipped: 25");
+  EXPECT_EQ(lines.back(), "Lines skipped: 25");
 }
 
 TEST_F(MarketFeed, RecordsTheMarketAsItStandsAndEveryChange) {
@@ -168,11 +179,11 @@ TEST_F(MarketFeed, AJumpEndsTheRecording) {
   EXPECT_FALSE(recorder.IsRecording());
 }
 
-constexpr Market::TSimulation simulation{5, 9h + 31min};
+constexpr TSimulation simulation{5, 9h + 31min};
 
 TEST_F(MarketFeed, SimulationThatWasRecordedPlaysBackTheSameScreensAtAHundredInstants) {
   const auto file = File("day.jsonl");
-  ASSERT_EQ(Market::RecordSimulation(simulation, 11s, file.toStdString()), "");
+  ASSERT_EQ(RecordSimulation(simulation, 11s, file.toStdString()), "");
   Player.Simulate(simulation);
   Player.Step(0);
   const auto simulated = AHundredScreens();
@@ -199,6 +210,7 @@ TEST_F(MarketFeed, RecorderWritesTheSimulatedMarketAsItIsShown) {
   const auto played = AHundredScreens();
   for (std::size_t i = 0; i < simulated.size(); ++i)
     ASSERT_EQ(simulated[i], played[i]) << i;
+  EXPECT_NE(simulated[0], simulated[99]);
 }
 
 TEST_F(MarketFeed, SnapshotsComeOnRequestOnlyAndAreCounted) {
@@ -266,6 +278,7 @@ TEST_F(MarketFeed, DelayedQuotesAreAQuarterOfAnHourOldAndHaveNoQueue) {
   Feed.SetFeedType(Constdef::FeedType_Delayed);
   Player.Simulate({simulation.Seed, 9h + 55min});
   Player.Step(0);
+  ASSERT_FALSE(early.empty());
   ASSERT_EQ(Feed.Present().size(), early.size());
   for (const auto& record : early) {
     const auto* shown = Services.Subscriptions.Find(record.Symbol);
@@ -353,9 +366,28 @@ TEST_F(MarketFeed, DeskTradesInTheSimulatedMarketAndNotInARecording) {
   EXPECT_EQ(desk.Orders().at(0).Reason, Market::Refused_NoMarket);
 }
 
+TEST_F(MarketFeed, DeskForgetsTheOrdersWhenTheDayBeginsAnew) {
+  TOrderDesk desk;
+  desk.Follow(Player);
+  Player.Simulate(simulation);
+  Player.Step(0);
+  desk.Submit("nothing", Market::TSide::Bid, 1, 1);
+  Player.Step(1000);
+  ASSERT_EQ(desk.Orders().size(), 1u);
+  int reopened = 0;
+  QObject::connect(&desk, &TOrderDesk::Reopened, [&reopened] { ++reopened; });
+  Player.Seek(9h);
+  Player.Step(0);
+  EXPECT_EQ(reopened, 1);
+  EXPECT_TRUE(desk.IsOpen());
+  EXPECT_TRUE(desk.Orders().empty());
+  EXPECT_EQ(desk.Submit("nothing", Market::TSide::Bid, 1, 1), 1);
+}
+
 TEST_F(MarketFeed, SaysWhyItCannotRecord) {
   TMarketRecorder recorder(Player, Feed);
-  EXPECT_NE(recorder.Start("/nowhere/at/all.jsonl"), "");
+  EXPECT_EQ(recorder.Start("/nowhere/at/all.jsonl"), "The file cannot be written.");
+  EXPECT_EQ(recorder.File(), "/nowhere/at/all.jsonl");
   EXPECT_FALSE(recorder.IsRecording());
 }
 

@@ -34,6 +34,10 @@ public:
                          for (const auto& [field, value] : change.Fields)
                            Market[change.Symbol][field] = value.value_or("(none)");
                      });
+    QObject::connect(&player, &MarketPlayer::CoolingOffReached, [this](const QString& symbol) {
+      Told += "cooling-off ";
+      CoolingOff = symbol.toStdString();
+    });
     QObject::connect(&player, &MarketPlayer::Finished, [this] { Told += "finished "; });
   }
 
@@ -41,6 +45,7 @@ public:
 
   std::string Told;
   TRecordingHeader Header;
+  std::string CoolingOff;
   std::map<std::string, std::map<int, std::string>> Market;
 };
 
@@ -260,15 +265,34 @@ TEST(MarketPlayer, NothingMoreIsToldOfARecordingThatASlotHasReplaced) {
   EXPECT_FALSE(listener.Market.contains("5"));
 }
 
-TEST(MarketPlayer, IsNoLongerFinishedOnceAJumpWasAskedFor) {
+TEST(MarketPlayer, JumpToACoolingOffThatDoesNotComeFinishesTheDayUntilTheNextJump) {
   MarketPlayer player;
-  player.Simulate({5, 16h + 10min});
+  Listener listener(player);
+  player.Simulate({5, 16h + 9min});
   player.Step(0);
+  listener.Taken();
+  player.Jump(TJump::CoolingOff);
+  player.Step(0);
+  EXPECT_EQ(listener.Taken(), "reset batch finished ");
+  EXPECT_EQ(player.Position(), player.End());
   ASSERT_EQ(player.State(), MarketPlayer::TState::Finished);
   QSignalSpy states(&player, &MarketPlayer::StateChanged);
-  player.Jump(Market::TJump::Opening);
+  player.Jump(TJump::Opening);
   ASSERT_EQ(states.size(), 1);
   EXPECT_EQ(states[0][0].value<MarketPlayer::TState>(), MarketPlayer::TState::Paused);
+}
+
+TEST(MarketPlayer, JumpToACoolingOffTellsItsSymbolAfterItsBatch) {
+  MarketPlayer player;
+  Listener listener(player);
+  player.Simulate({5, 9h + 31min});
+  player.Step(0);
+  listener.Taken();
+  player.Jump(TJump::CoolingOff);
+  player.Step(0);
+  EXPECT_EQ(listener.Taken(), "reset batch cooling-off ");
+  ASSERT_TRUE(listener.Market.contains(listener.CoolingOff)) << listener.CoolingOff;
+  EXPECT_EQ(listener.Market[listener.CoolingOff][3500], "1") << "in force";
 }
 
 } // namespace

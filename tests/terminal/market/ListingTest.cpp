@@ -255,11 +255,8 @@ TEST_F(Listing, PriceEarningsNeedEarnings) {
 }
 
 TEST_F(Listing, DailyLimitsAreATenthEitherWayOnTheGrid) {
-  const TInstrument& limited = At("600816");
-  EXPECT_EQ(limited.LimitUp(Listed.Grid(limited)), 9300);   // 9.306
-  EXPECT_EQ(limited.LimitDown(Listed.Grid(limited)), 7620); // 7.614
-  EXPECT_EQ(At("700").LimitUp(Listed.Grid(At("700"))), 0);
-  EXPECT_EQ(At("700").LimitDown(Listed.Grid(At("700"))), 0);
+  EXPECT_EQ(Listed.DailyLimits(At("600816")), (TPriceLimits{7610, 9310})); // 7.614 to 9.306
+  EXPECT_EQ(Listed.DailyLimits(At("700")), std::nullopt);
 }
 
 TEST(Brokers, HousesHaveNamesInThreeLanguagesAndBlocksOfTheirOwn) {

@@ -249,7 +249,6 @@ private:
     }
     ASSERT_EQ(bought, volume_);
     ASSERT_EQ(sold, volume_);
-    ASSERT_EQ(market_.Figures().Trades, Trades);
   }
 
   std::mt19937_64 random_;

@@ -51,8 +51,14 @@ struct TMarketRig {
   explicit TMarketRig(TInstrumentSettings changed = Usual())
       : Market(std::move(changed), Grid, Day, Ears) {}
 
-  static TInstrumentSettings Usual() { return {"1", 100, 50'000, true, true, 0, false}; }
-  static TInstrumentSettings Volatile() { return {"1", 100, 50'000, true, true, 10, false}; }
+  static TInstrumentSettings Usual() {
+    return {.Symbol = "1", .BoardLot = 100, .PreviousClose = 50'000, .HasClosingAuction = true};
+  }
+  static TInstrumentSettings Volatile() {
+    TInstrumentSettings settings = Usual();
+    settings.VolatilityPercent = 10;
+    return settings;
+  }
 
   TEntryResult Enter(TSide side, TPrice price, TQuantity quantity, TBrokerId broker = 0) {
     return Market.Enter({++LastId, side, TOrderKind::Limit, price, quantity, broker});

@@ -21,7 +21,8 @@ struct TFlowRun {
         Market({.Symbol = Instrument.Symbol,
                 .BoardLot = Instrument.BoardLot,
                 .PreviousClose = Instrument.PreviousClose,
-                .HasClosingAuction = true},
+                .HasClosingAuction = true,
+                .DailyLimits = Listing.DailyLimits(Instrument)},
                Listing.Grid(Instrument), Day, Ears),
         Flow(Instrument, Day, Brokers, TRandom(seed, 0)) {}
 
@@ -227,10 +228,10 @@ TEST(OrderFlow, StaysWithinADailyLimit) {
   TFlowRun run(5, "600816");
   run.Fair *= 1.2;
   run.RunUntil(10h);
-  EXPECT_EQ(run.Market.Figures().High, 9300);
+  EXPECT_EQ(run.Market.Figures().High, 9310);
   run.Fair *= 0.6;
   run.RunUntil(10h + 30min);
-  EXPECT_EQ(run.Market.Figures().Low, 7620);
+  EXPECT_EQ(run.Market.Figures().Low, 7610);
 }
 
 TEST(OrderFlow, RestsWhileNobodyCanSayWhatTheInstrumentIsWorth) {

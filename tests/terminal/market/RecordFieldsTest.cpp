@@ -1,6 +1,6 @@
 #include "terminal/market/RecordFields.h"
 
-#include "terminal/market/FieldNumbers.h"
+#include "host/RecordFields.h"
 
 #include <gtest/gtest.h>
 
@@ -44,19 +44,19 @@ protected:
 
   TTexts Book() const {
     TFieldList fields;
-    AddBookFields(fields, Instrument);
+    AddBookFields(fields, SnapshotOf(Instrument));
     return Texts(std::move(fields));
   }
 
   TTexts Day() const {
     TFieldList fields;
-    AddDayFields(fields, Listed, Instrument);
+    AddDayFields(fields, Listed, SnapshotOf(Instrument));
     return Texts(std::move(fields));
   }
 
   TTexts Sessions(TCoolingOffs earlier = TCoolingOffs::None) const {
     TFieldList fields;
-    AddSessionFields(fields, Instrument, earlier);
+    AddSessionFields(fields, Instrument.Settings(), SnapshotOf(Instrument), earlier);
     return Texts(std::move(fields));
   }
 
@@ -101,11 +101,11 @@ TEST_F(RecordFields, TenLevelsASideAreSaid) {
   const TTexts texts = Book();
   for (std::size_t level = 0; level < 10; ++level) {
     const auto number = static_cast<TQuantity>(level);
-    EXPECT_EQ(texts.at(Field::Bid.Price[level]), PriceText(4'990 - 10 * number));
-    EXPECT_EQ(texts.at(Field::Bid.Size[level]), std::to_string(500 * (number + 1)));
-    EXPECT_EQ(texts.at(Field::Ask.Price[level]), PriceText(5'000 + 10 * number));
-    EXPECT_EQ(texts.at(Field::Ask.Size[level]), std::to_string(1000 * (number + 1)));
-    EXPECT_EQ(texts.at(Field::Ask.Count[level]), "1");
+    EXPECT_EQ(texts.at(Host::Field::Bid.Price[level]), PriceText(4'990 - 10 * number));
+    EXPECT_EQ(texts.at(Host::Field::Bid.Size[level]), std::to_string(500 * (number + 1)));
+    EXPECT_EQ(texts.at(Host::Field::Ask.Price[level]), PriceText(5'000 + 10 * number));
+    EXPECT_EQ(texts.at(Host::Field::Ask.Size[level]), std::to_string(1000 * (number + 1)));
+    EXPECT_EQ(texts.at(Host::Field::Ask.Count[level]), "1");
   }
   EXPECT_EQ(texts.size(), 62u);
   EXPECT_EQ(texts.at(121), "2000,+1,2001,+2,2002,+3,2003,+4,2004,+5,2005,+6,2006,+7,2007,+8,2008,"
@@ -219,6 +219,15 @@ TEST_F(RecordFields, CoolingOffSaysItsTimesAndPrices) {
   EXPECT_EQ(Sessions(TCoolingOffs::Had), (TTexts{{3500, "0"}, {3506, "0"}, {3510, "1"}}));
 }
 
+TEST_F(RecordFields, SuspensionIsSaidAndNothingElseOfABook) {
+  Instrument.AdvanceTo(10h);
+  Enter(TSide::Bid, 4'990, 500, 1);
+  EXPECT_FALSE(Day().contains(5));
+  Instrument.Suspend();
+  EXPECT_EQ(Day().at(5), "0");
+  EXPECT_EQ(Book(), TTexts{});
+}
+
 TEST(ListedFields, SayWhatAWarrantIs) {
   const TListing listing;
   const auto& all = listing.Instruments();
@@ -240,20 +249,6 @@ TEST(ListedFields, SayWhatAWarrantIs) {
   EXPECT_FALSE(texts.contains(172));
   EXPECT_EQ(texts.at(135), warrant->Terms->Underlying);
   EXPECT_FALSE(texts.at(3200).empty());
-}
-
-TEST(ListedFields, SayThatAHaltedShareHasNoPrices) {
-  const TListing listing;
-  int halted = 0;
-  for (const TInstrument& instrument : listing.Instruments()) {
-    TFieldList fields;
-    AddListedFields(fields, listing, instrument);
-    const auto sorted = std::move(fields).Sorted();
-    const TTexts texts(sorted.begin(), sorted.end());
-    EXPECT_EQ(texts.contains(5), instrument.Standing == TStanding::Halted) << instrument.Symbol;
-    halted += texts.contains(5) ? 1 : 0;
-  }
-  EXPECT_EQ(halted, 1);
 }
 
 TEST(FieldList, WritesPricesWithoutNeedlessZeros) {

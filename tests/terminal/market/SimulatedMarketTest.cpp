@@ -1,6 +1,6 @@
 #include "terminal/market/SimulatedMarket.h"
 
-#include "terminal/market/FieldNumbers.h"
+#include "host/RecordFields.h"
 #include "terminal/market/PublishedState.h"
 
 #include <gtest/gtest.h>
@@ -102,17 +102,91 @@ TEST(SimulatedMarket, OnlyWhatChangedIsTold) {
   EXPECT_EQ(market.TakeChanges().size(), TListing().Instruments().size());
 }
 
+TEST(SimulatedMarket, TimeOfTheLastUpdateMovesOnlyWithSomethingThatShows) {
+  TSimulatedMarket market(seed);
+  market.AdvanceTo(9h + 31min);
+  market.TakeChanges();
+  int moments = 0, changes = 0;
+  for (; market.Now() < 9h + 32min; ++moments) {
+    market.AdvanceTo(market.NextMoment());
+    for (const TRecordChange& change : market.TakeChanges()) {
+      EXPECT_FALSE(change.Fields.size() == 1 && change.Fields[0].first == Host::Field::UpdateTime)
+          << change.Symbol << " " << TimeOfDayText(market.Now());
+      ++changes;
+    }
+  }
+  EXPECT_GT(changes, 1000);
+  EXPECT_LT(changes, moments) << "some of what is done shows nothing";
+}
+
+TEST(SimulatedMarket, WhatDoesNotTradeIsSuspendedAndSaysNoTime) {
+  TSimulatedMarket market(seed);
+  market.AdvanceTo(10h);
+  TPublishedState state;
+  state.Hear(market.TakeChanges());
+  const TListing listing;
+  for (const TInstrument& instrument : listing.Instruments()) {
+    const auto& fields = state.Records.at(instrument.Symbol).Fields;
+    const bool trades = instrument.Standing == TStanding::Trading;
+    EXPECT_EQ(fields.contains(Host::Field::UpdateTime), trades) << instrument.Symbol;
+    EXPECT_EQ(fields.contains(Host::Field::Status), instrument.Standing == TStanding::Halted);
+  }
+}
+
+TEST(SimulatedMarket, CalledContractIsSuspendedAndSaysWhy) {
+  TSimulatedMarket market(seed);
+  market.AdvanceTo(9h + 45min);
+  TPublishedState state;
+  state.Hear(market.TakeChanges());
+  const auto& contract = state.Records["55321"].Fields; // a bull on 700
+  const auto& underlying = state.Records["700"].Fields;
+  ASSERT_FALSE(contract.contains(Host::Field::Status));
+  const double level = std::stod(contract.at(Host::Field::CallPrice));
+  // The user sells the underlying, eight ticks at a time, down to a bid of his own.
+  market.Apply({TOrderAction::Submit, 1, "700", TSide::Bid, std::llround(level * PriceUnit), 100});
+  for (int sold = 2; sold < 100 && std::stod(underlying.at(Host::Field::Low)) > level; ++sold) {
+    market.Apply({TOrderAction::Submit, sold, "700", TSide::Ask,
+                  std::llround((std::stod(underlying.at(1)) - 1.6) * PriceUnit), 300'000});
+    state.Hear(market.TakeChanges());
+  }
+  ASSERT_LE(std::stod(underlying.at(Host::Field::Low)), level);
+  EXPECT_EQ(contract.at(Host::Field::Status), "0");
+  EXPECT_EQ(contract.at(Host::Field::FirstMessage), "MANDATORY CALL");
+  EXPECT_FALSE(contract.contains(1));
+}
+
+TEST(SimulatedMarket, ControlIsSaidToBeOffForAMomentAfterACoolingOff) {
+  TSimulatedMarket market(seed);
+  for (TTimeOfDay time = 9h + 45min; market.CoolingOffs().empty(); time += 1min)
+    market.AdvanceTo(time);
+  TPublishedState state;
+  const auto fieldsAt = [&](TTimeOfDay time) -> const std::map<int, std::string>& {
+    market.AdvanceTo(time);
+    state.Hear(market.TakeChanges());
+    return state.Records.at(market.CoolingOffs().front()).Fields;
+  };
+  const auto& fields = fieldsAt(market.Now());
+  const auto end = *ParseTimeOfDay(fields.at(Host::Field::VcmEndTime) + ".999999");
+  EXPECT_EQ(fieldsAt(end - 2s).at(Host::Field::VcmMarker), "1");
+  EXPECT_EQ(fieldsAt(end).at(Host::Field::VcmMarker), "0");
+  EXPECT_FALSE(fields.contains(Host::Field::VcmEndTime));
+  EXPECT_EQ(fieldsAt(end + 11s).at(Host::Field::VcmMarker), "1");
+  EXPECT_FALSE(fields.contains(Host::Field::VcmEndTime));
+}
+
 TEST(SimulatedMarket, HeaderNamesEverythingAndSaysThatItIsSimulated) {
   const auto header = TSimulatedMarket(seed).Header();
   EXPECT_TRUE(header.Simulated);
-  std::set<std::string> codes, symbols;
+  std::set<std::string> codes;
   for (const auto& table : header.Spreads)
     codes.insert(table.Code);
-  for (const auto& instrument : header.Instruments)
-    symbols.insert(instrument.Symbol);
   const TListing listing;
-  for (const TInstrument& instrument : listing.Instruments()) {
-    EXPECT_TRUE(symbols.contains(instrument.Symbol));
+  ASSERT_EQ(header.Instruments.size(), listing.Instruments().size());
+  for (std::size_t i = 0; i < header.Instruments.size(); ++i) {
+    const TInstrument& instrument = listing.Instruments()[i];
+    EXPECT_EQ(header.Instruments[i], (TRecordingHeader::TInstrument{
+                                         instrument.Symbol, instrument.Name, instrument.Currency,
+                                         instrument.TraditionalName, instrument.SimplifiedName}));
     EXPECT_TRUE(codes.contains(instrument.SpreadCode)) << instrument.SpreadCode;
   }
   EXPECT_GE(header.Brokers.size(), 40u);
@@ -157,11 +231,11 @@ protected:
     }
   }
 
-  void CheckSide(const TRecord& record, const TTickGrid& grid, const Field::TDepth& side,
+  void CheckSide(const TRecord& record, const TTickGrid& grid, const Host::Field::TSide& side,
                  int direction) const {
-    const double lot = Number(record, Field::BoardLot);
+    const double lot = Number(record, Host::Field::BoardLot);
     double former = 0;
-    for (std::size_t level = 0; level < Field::Levels; ++level) {
+    for (std::size_t level = 0; level < Host::Field::DepthLevels; ++level) {
       const bool isThere = record.contains(side.Price[level]);
       ASSERT_EQ(isThere, record.contains(side.Size[level])) << level;
       ASSERT_EQ(isThere, record.contains(side.Count[level])) << level;
@@ -188,8 +262,8 @@ TEST_F(PublishedMarket, BookIsNeverCrossedAndEveryLevelIsInItsPlace) {
     if (!record.contains(1) || !record.contains(2))
       return;
     const TTickGrid& grid = Listing.Grid(*Listing.Find(change.Symbol));
-    CheckSide(record, grid, Field::Bid, -1);
-    CheckSide(record, grid, Field::Ask, 1);
+    CheckSide(record, grid, Host::Field::Bid, -1);
+    CheckSide(record, grid, Host::Field::Ask, 1);
     EXPECT_LT(Number(record, 1), Number(record, 2));
     ++checked;
   });
@@ -202,14 +276,14 @@ TEST_F(PublishedMarket, VolumeIsTheSumOfTheTradesAndTheFiguresFollowThem) {
   ForEachChange(9h, 9h + 33min, [&](const TRecordChange& change, const TRecord& record) {
     for (const auto& trade : change.Trades) {
       volume[change.Symbol] += std::stod(trade.Quantity);
-      EXPECT_GE(trade.Price, Number(record, Field::Low) - 1e-9);
-      EXPECT_LE(trade.Price, Number(record, Field::High) + 1e-9);
+      EXPECT_GE(trade.Price, Number(record, Host::Field::Low) - 1e-9);
+      EXPECT_LE(trade.Price, Number(record, Host::Field::High) + 1e-9);
       ++trades;
     }
-    EXPECT_EQ(Number(record, Field::Volume), volume[change.Symbol]);
+    EXPECT_EQ(Number(record, Host::Field::Volume), volume[change.Symbol]);
     if (record.contains(1) && record.contains(2)) {
-      EXPECT_GE(Number(record, Field::Nominal), Number(record, 1));
-      EXPECT_LE(Number(record, Field::Nominal), Number(record, 2));
+      EXPECT_GE(Number(record, Host::Field::Nominal), Number(record, 1));
+      EXPECT_LE(Number(record, Host::Field::Nominal), Number(record, 2));
     }
   });
   EXPECT_GT(trades, 500);
@@ -250,7 +324,7 @@ TEST_F(PublishedMarket, NoOrdinaryBookIsPublishedBeforeTheOpening) {
   ForEachChange(9h, 9h + 29min, [&](const TRecordChange&, const TRecord& record) {
     for (const int field : {1, 2, 16, 19, 55, 65, 120, 121})
       EXPECT_FALSE(record.contains(field)) << field;
-    equilibria += record.contains(Field::ImbalanceSide) ? 1 : 0;
+    equilibria += record.contains(Host::Field::ImbalanceDirection) ? 1 : 0;
   });
   EXPECT_GT(equilibria, 100);
 }

@@ -168,7 +168,7 @@ TEST_F(UserAccount, RejectionsSayWhy) {
   }
   Account.Apply({TOrderAction::Submit, 9, "nothing", TSide::Bid, 4'990, 500}, nullptr, ++LastId);
   EXPECT_EQ(Only<TUserOrder>().Reason, Refused_Symbol);
-  EXPECT_EQ(Instrument.Book().TotalQuantity(TSide::Bid), 0);
+  EXPECT_EQ(Instrument.Book().BestPrice(TSide::Bid), std::nullopt);
 }
 
 TEST_F(UserAccount, NoOrderIsTakenAtLunchButOneMayBeCancelled) {

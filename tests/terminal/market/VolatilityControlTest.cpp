@@ -132,12 +132,26 @@ TEST_F(MarketCoolingOff, OrdersOutsideAreRejectedAndTradingGoesOnInside) {
   EXPECT_EQ(Rig.Bid(55'050, 100).Rejection, TRejection::VolatilityControl);
 }
 
-TEST_F(MarketCoolingOff, ASellerMayNotTakeABidThatWasLeftAboveTheLimits) {
+TEST_F(MarketCoolingOff, BidsAboveTheLimitsLapseWhenItBegins) {
+  Rig.Bid(54'950, 100);
+  Rig.Bid(55'050, 100);
   Rig.Bid(56'000, 100);
   EXPECT_EQ(Rig.Ask(56'000, 100).Rejection, TRejection::VolatilityControl);
-  EXPECT_EQ(Rig.Ask(55'600, 100).Rejection, TRejection::VolatilityControl);
-  EXPECT_EQ(Rig.Ask(55'000, 100).Rejection, TRejection::BeyondReach);
+  ASSERT_EQ(Rig.Ears.LapsedOrders.size(), 2u);
+  EXPECT_EQ(Rig.Ears.LapsedOrders[0].Price, 56'000);
+  EXPECT_EQ(Rig.Ears.LapsedOrders[1].Price, 55'050);
+  EXPECT_EQ(Rig.Market.Book().BestPrice(TSide::Bid), 54'950);
+  EXPECT_EQ(Rig.Market.NominalPrice(), 54'950);
   EXPECT_EQ(Rig.Ears.Trades.size(), 1u);
+}
+
+TEST_F(MarketCoolingOff, AsksBelowTheLimitsLapseAndThoseAboveThemStay) {
+  Rig.Ask(44'900, 100);
+  Rig.Ask(56'000, 100);
+  EXPECT_EQ(Rig.Bid(44'900, 100).Rejection, TRejection::VolatilityControl);
+  ASSERT_EQ(Rig.Ears.LapsedOrders.size(), 1u);
+  EXPECT_EQ(Rig.Ears.LapsedOrders[0].Price, 44'900);
+  EXPECT_EQ(Rig.Market.Book().BestPrice(TSide::Ask), 56'000);
 }
 
 TEST_F(MarketCoolingOff, TradingIsNormalAgainAfterwards) {

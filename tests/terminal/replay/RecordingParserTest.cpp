@@ -114,13 +114,14 @@ TEST(RecordingParser, ReadsTheHeader) {
       R"({"quorprice":1,"simulated":true,"future":[],)"
       R"("spreads":{"01":{"state":1,"bands":[[0,0.25,0.001],[0.25,0.5,0.005]]},"09":{"state":0}},)"
       R"("brokers":[{"id":"1234","name":"N","name1":"一","name2":"二","other":"O"},{"id":"0005"}],)"
-      R"("instruments":[{"symbol":"700","name":"X","currency":"HKD"}]})");
+      R"("instruments":[{"symbol":"700","name":"X","currency":"HKD"},)"
+      R"({"symbol":"5","name":"Y","name1":"銀行","name2":"银行","currency":"CNY"}]})");
   ASSERT_TRUE(std::holds_alternative<TRecordingHeader>(parsed));
   TRecordingHeader expected;
   expected.Simulated = true;
   expected.Spreads = {{"01", 1, {{0, 0.25, 0.001}, {0.25, 0.5, 0.005}}}, {"09", 0, {}}};
   expected.Brokers = {{"1234", "N", "一", "二", "O"}, {"0005", "", "", "", ""}};
-  expected.Instruments = {{"700", "X", "HKD"}};
+  expected.Instruments = {{"700", "X", "HKD"}, {"5", "Y", "CNY", "銀行", "银行"}};
   EXPECT_EQ(std::get<TRecordingHeader>(parsed), expected);
 }
 
@@ -159,25 +160,6 @@ TEST(RecordingParser, GoesOnAfterAMalformedLine) {
       parser.Parse(std::string_view(both).substr(0, bad.size()))));
   EXPECT_TRUE(std::holds_alternative<TRecordedEvent>(
       parser.Parse(std::string_view(both).substr(bad.size(), good.size()))));
-}
-
-TEST(TimeOfDay, ReadsWholeSecondsAndFractions) {
-  EXPECT_EQ(ParseTimeOfDay("00:00:00"), TTimeOfDay(0));
-  EXPECT_EQ(ParseTimeOfDay("23:59:59.999999"), 24h - 1us);
-  EXPECT_EQ(ParseTimeOfDay("01:02:03.5"), 1h + 2min + 3s + 500ms);
-  EXPECT_EQ(ParseTimeOfDay("01:02:03.000007"), 1h + 2min + 3s + 7us);
-}
-
-TEST(TimeOfDay, RefusesEverythingElse) {
-  for (const char* text :
-       {"", "9:30:00", "09:30", "24:00:00", "09:60:00", "09:30:60", "09:30:00.", "09:30:00.1234567",
-        "09:30:00,5", "09:30:00.1x", "09-30-00", " 09:30:00", "09:30:00 ", "-1:00:00", "09:30:0a"})
-    EXPECT_FALSE(ParseTimeOfDay(text)) << text;
-}
-
-TEST(TimeOfDay, WritesWhatItReads) {
-  EXPECT_EQ(TimeOfDayText(9h + 5min + 7s + 42us), "09:05:07.000042");
-  EXPECT_EQ(ParseTimeOfDay(TimeOfDayText(24h - 1us)), 24h - 1us);
 }
 
 } // namespace

@@ -123,7 +123,7 @@ TEST(RecordingReader, MergesWhatASlowOwnerDidNotTake) {
   ASSERT_EQ(news.Changes.size(), 1u);
   const decltype(TRecordChange::Fields) fields = {{1, "2000"}};
   EXPECT_EQ(news.Changes[0].Fields, fields);
-  EXPECT_EQ(owner.Reader().Position(), 12h - 2h + 2s);
+  EXPECT_EQ(owner.Reader().Position(), 10h + 2s);
 }
 
 TEST(RecordingReader, WithoutAClockWaitsForItsOwner) {
@@ -185,18 +185,27 @@ TEST(RecordingReader, SeeksAlikeWithCheckpointsAndWithout) {
 }
 
 TEST(RecordingReader, GoesOnPlayingAfterASeek) {
-  const TemporaryFile file(Milliseconds(100));
+  const TemporaryFile file(Milliseconds(60000));
   Owner owner(file);
-  owner.Reader().SetSpeed(1000);
   owner.Reader().Play();
-  owner.Reader().Seek(10h + 50ms);
+  owner.Reader().Seek(10h + 59900ms);
+  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return !o.Market.empty(); }));
+  EXPECT_GE(std::stoi(owner.Market["5"][1]), 59900);
   ASSERT_TRUE(owner.TakeUntilFinished());
-  EXPECT_EQ(owner.Market["5"][1], "99");
-  owner.Finishes = 0;
-  owner.Reader().Play(); // at the end: from the beginning
+  EXPECT_EQ(owner.Market["5"][1], "59999");
+}
+
+TEST(RecordingReader, PlaysFromTheBeginningOnceItHasFinished) {
+  const TemporaryFile file(Line("10:00:00", "5", 1, "a") + Line("10:00:00.050", "5", 2, "b"));
+  Owner owner(file);
+  owner.Reader().Step(1s);
   ASSERT_TRUE(owner.TakeUntilFinished());
-  EXPECT_EQ(owner.Market["5"][1], "99");
-  EXPECT_GE(owner.Resets, 2);
+  owner.Reader().SetSpeed(0.1);
+  owner.Reader().Play();
+  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Resets == 2; }));
+  EXPECT_EQ(owner.Market["5"], (std::map<int, std::string>{{1, "a"}}));
+  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Finishes == 2; }));
+  EXPECT_EQ(owner.Market["5"], (std::map<int, std::string>{{1, "a"}, {2, "b"}}));
 }
 
 TEST(RecordingReader, StartsOverWithoutFinishingWhenTold) {
@@ -235,9 +244,27 @@ TEST(RecordingReader, FinishesAtOnceWhenThereIsNothingToPlay) {
   owner.Reader().SetAtEnd(TAtEnd::StartOver);
   owner.Reader().SetSpeed(RecordingReader::AsFastAsPossible);
   owner.Reader().Play();
-  owner.Reader().Step(1s);
+  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Finishes == 2; }))
+      << "there is nothing to start over with";
+  EXPECT_FALSE(owner.Reader().IsPlaying());
   EXPECT_TRUE(owner.Market.empty());
   EXPECT_EQ(owner.Reader().Position(), 0us);
+}
+
+TEST(RecordingReader, StartsOverOnlyOnceTheEndWasTakenWhereThereIsNoClock) {
+  const TemporaryFile file(Milliseconds(3000));
+  Owner owner(file);
+  owner.Reader().SetAtEnd(TAtEnd::StartOver);
+  owner.Reader().SetSpeed(RecordingReader::AsFastAsPossible);
+  owner.Reader().Play();
+  std::string last;
+  ASSERT_TRUE(owner.TakeUntil([&last](const Owner& o) {
+    if (o.Resets == 1 && !o.Market.empty())
+      last = o.Market.at("5").at(1);
+    return o.Resets == 2;
+  }));
+  EXPECT_EQ(last, "2999");
+  EXPECT_LT(std::stoi(owner.Market["5"][1]), 2000) << "from the beginning";
 }
 
 TEST(RecordingReader, CanBeLeftAtAnyMoment) {

@@ -15,7 +15,7 @@ TRecordingHeader SomeHeader() {
   header.Simulated = true;
   header.Spreads = {{"01", 1, {{0, 0.25, 0.001}, {0.25, 9995, 0.005}}}, {"03", 0, {}}};
   header.Brokers = {{"0123", "Quote \"One\"", "一", "二", "back\\slash"}, {"4567", "", "", "", ""}};
-  header.Instruments = {{"700", "HARBOUR\tTECH", "HKD"}};
+  header.Instruments = {{"700", "HARBOUR\tTECH", "HKD"}, {"5", "BANK", "CNY", "銀行", "银行"}};
   return header;
 }
 

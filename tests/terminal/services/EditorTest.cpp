@@ -1,5 +1,6 @@
 #include "terminal/services/EditorManager.h"
 
+#include "host/ConstDef.h"
 #include "platform/PopupEdit.h"
 
 #include <QAbstractItemView>
@@ -31,7 +32,7 @@ protected:
         Heard.append(Edit->Hint());
     });
     Manager.RegisterSymbolEditor(Edit, "A", true, true);
-    Manager.OnUserSymbol = [this](TcxPopupEdit*, std::string_view group, std::string_view symbol) {
+    Manager.OnUserSymbol = [this](std::string_view group, std::string_view symbol) {
       Passed.append(QString("%1:%2 after %3")
                         .arg(QString::fromStdString(std::string(group)),
                              QString::fromStdString(std::string(symbol)))
@@ -62,8 +63,9 @@ protected:
     Edit->PerformExit();
   }
 
+  Terminal::TLanguageTexts Languages;
   TSymbolDirectory Symbols;
-  TEditorManager Manager{Symbols};
+  TEditorManager Manager{Symbols, Languages};
   TcxPopupEdit* Edit = new TcxPopupEdit;
   QStringList Heard;  ///< the hint each time the owner was told
   QStringList Passed; ///< what went on to the group
@@ -108,7 +110,32 @@ TEST(SymbolDirectory, AChangedNameReplacesTheFormerOne) {
   EXPECT_GT(symbols.Revision(), revision);
   symbols.Add("700");
   EXPECT_EQ(symbols.Entries().size(), 1U);
-  EXPECT_EQ(TSymbolDirectory::Text(symbols.Entries()[0]), "700  NEW NAME");
+  EXPECT_EQ(TSymbolDirectory::Text(symbols.Entries()[0], Constdef::Language_English),
+            "700  NEW NAME");
+}
+
+TEST(SymbolDirectory, ResolvesANameInEveryLanguageAndWhatIsOfferedInIt) {
+  TSymbolDirectory symbols;
+  symbols.Add("5", "BANK", "銀行", "银行");
+  for (const char* text : {"bank", "銀行", "银行", "5  BANK", "5  銀行", "5 银行"})
+    EXPECT_EQ(symbols.Resolve(text), "5") << text;
+  EXPECT_EQ(symbols.Resolve("5 行"), std::nullopt);
+  EXPECT_EQ(TSymbolDirectory::Text(symbols.Entries()[0], Constdef::Language_TraditionalChinese),
+            QStringLiteral("5  銀行"));
+  EXPECT_EQ(TSymbolDirectory::Text(symbols.Entries()[0], Constdef::Language_SimplifiedChinese),
+            QStringLiteral("5  银行"));
+}
+
+TEST(SymbolDirectory, NewNamesReplaceTheFormerOnesTogether) {
+  TSymbolDirectory symbols;
+  symbols.Add("5", "BANK", "銀行", "银行");
+  symbols.Add("5", "OTHER");
+  const auto& entry = symbols.Entries()[0];
+  for (const int language : {1, 2, 3})
+    EXPECT_EQ(entry.NameIn(language), QStringLiteral("OTHER")) << language;
+  EXPECT_EQ(symbols.Resolve("銀行"), std::nullopt);
+  symbols.Add("5", "");
+  EXPECT_EQ(entry.NameIn(Constdef::Language_English), QStringLiteral("OTHER"));
 }
 
 TEST_F(SymbolBox, EnterResolvesWhatWasTyped) {
@@ -201,6 +228,17 @@ TEST_F(SymbolBox, OffersListedSymbolsAndNamesWhileTheUserTypes) {
   EXPECT_EQ(completer->completionCount(), 2) << "a symbol listed since is offered";
 }
 
+TEST_F(SymbolBox, CompletionsHaveTheNamesOfTheLanguage) {
+  Symbols.Add("5", "BANK", "銀行", "银行");
+  const auto offered = [this] {
+    Type("5");
+    return Edit->completer()->currentCompletion();
+  };
+  EXPECT_EQ(offered(), QStringLiteral("5  BANK"));
+  Languages.SetLanguage(Constdef::Language_TraditionalChinese);
+  EXPECT_EQ(offered(), QStringLiteral("5  銀行"));
+}
+
 TEST_F(SymbolBox, AnOfferedSymbolIsEnteredByKey) {
   Type("hsb");
   auto* list = Edit->completer()->popup();
@@ -247,8 +285,8 @@ TEST_F(SymbolBox, MayResolveOnEnterOnly) {
 TEST_F(SymbolBox, MayBeClosedByWhoTakesItsSymbol) {
   auto* second = new TcxPopupEdit;
   Manager.RegisterSymbolEditor(second, "A", true, true);
-  Manager.OnUserSymbol = [&](TcxPopupEdit* edit, std::string_view, std::string_view) {
-    Manager.RemoveSymbolEditor(edit);
+  Manager.OnUserSymbol = [&](std::string_view, std::string_view) {
+    Manager.RemoveSymbolEditor(second);
   };
   QTest::keyClicks(second, "700");
   QTest::keyClick(second, Qt::Key_Return);
@@ -259,7 +297,8 @@ TEST_F(SymbolBox, MayBeClosedByWhoTakesItsSymbol) {
 
 TEST(SymbolBoxes, ABoxThatDiesIsForgotten) {
   TSymbolDirectory symbols;
-  TEditorManager manager(symbols);
+  Terminal::TLanguageTexts languages;
+  TEditorManager manager(symbols, languages);
   {
     TcxPopupEdit edit;
     manager.RegisterSymbolEditor(&edit, "A", true, true);

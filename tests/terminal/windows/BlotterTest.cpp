@@ -1,5 +1,6 @@
 #include "terminal/windows/Blotter.h"
 
+#include "host/ConstDef.h"
 #include "terminal/market/OrderRequest.h"
 #include "terminal/script/Input.h"
 #include "terminal/services/Services.h"
@@ -152,6 +153,17 @@ TEST_F(Blotter, ChangesTheQuantityWhereThatIsChosen) {
   EXPECT_EQ(Asked[0].Quantity, 1500);
 }
 
+TEST_F(Blotter, WhatIsTypedStaysWhileTheOrderIsFilled) {
+  Desk.TakeOrder(Order(1));
+  Choose(0);
+  Input::PressKey(Orders(), Qt::Key_F2);
+  Input::Type(Editor(), QStringLiteral("101.9"));
+  TUserOrder filled = Order(1, TOrderStatus::PartlyFilled);
+  filled.Filled = 500;
+  Desk.TakeOrder(filled);
+  EXPECT_EQ(Editor()->text(), QStringLiteral("101.9"));
+}
+
 TEST_F(Blotter, EscapeLeavesTheOrderAlone) {
   Desk.TakeOrder(Order(1));
   Choose(0);
@@ -187,8 +199,72 @@ TEST_F(Blotter, ShowsTradesAndWhatWasBoughtAndSoldInEachCurrency) {
 TEST_F(Blotter, SaysWhyTheMarketRefused) {
   Desk.TakeRefusal(3, "Term_StatusFilled");
   EXPECT_EQ(Text("refusal"), QStringLiteral("Order 3: Filled"));
+  Services.Languages.SetLanguage(Constdef::Language_SimplifiedChinese);
+  View.SetTexts();
+  EXPECT_EQ(Text("refusal"), QStringLiteral("委托 3：全部成交"));
+}
+
+TEST_F(Blotter, ARefusalStaysWhileOrdersAreFilledAndTraded) {
   Desk.TakeOrder(Order(1));
+  Desk.TakeRefusal(1, "Term_RefusedLimit");
+  const QString refusal = Text("refusal");
+  EXPECT_NE(refusal, QString());
+  Desk.TakeOrder(Order(1, TOrderStatus::PartlyFilled));
+  Desk.TakeOrder(Order(2));
+  Trade("700", TSide::Ask, 101300, 500);
+  EXPECT_EQ(Text("refusal"), refusal);
+}
+
+TEST_F(Blotter, ARefusalGoesWhenTheUserAsksAnewAndWhenTheMarketBeginsAnew) {
+  Desk.TakeOrder(Order(1));
+  Desk.TakeRefusal(1, "Term_RefusedLimit");
+  Choose(0);
+  Input::PressKey(Orders(), Qt::Key_F2);
+  Input::PressKey(Editor(), Qt::Key_Up);
+  EXPECT_NE(Text("refusal"), QString()) << "while the user still thinks";
+  Input::PressKey(Editor(), Qt::Key_Return);
+  Input::Deliver();
   EXPECT_EQ(Text("refusal"), QString());
+  Desk.TakeRefusal(1, "Term_RefusedLimit");
+  Input::PressKey(Orders(), Qt::Key_Delete);
+  EXPECT_EQ(Text("refusal"), QString());
+  Desk.TakeRefusal(1, "Term_RefusedLimit");
+  Desk.SetMarket({});
+  EXPECT_EQ(Text("refusal"), QString());
+}
+
+TEST_F(Blotter, SaysThatWhatWasTypedIsNoFigureAndAsksForNothing) {
+  Desk.TakeOrder(Order(1));
+  const auto type = [this](TModel::TColumn column, const char* text) {
+    Choose(0, column);
+    Input::PressKey(Orders(), Qt::Key_F2);
+    Input::Type(Editor(), QLatin1String(text));
+    Input::PressKey(Editor(), Qt::Key_Return);
+    Input::Deliver();
+    return Text("refusal");
+  };
+  const auto noPrice = QStringLiteral(
+      "Order 1: unchanged, for what was typed is no price above zero with three decimals at most.");
+  EXPECT_EQ(type(TModel::PriceColumn, "abc"), noPrice);
+  EXPECT_EQ(
+      type(TModel::QuantityColumn, "1.5"),
+      QStringLiteral("Order 1: unchanged, for what was typed is no whole quantity above zero."));
+  EXPECT_EQ(type(TModel::PriceColumn, "101.2345"), noPrice);
+  EXPECT_TRUE(Asked.empty());
+  EXPECT_EQ(type(TModel::PriceColumn, "101.4"), QString());
+  EXPECT_EQ(Asked.size(), 1u);
+}
+
+TEST_F(Blotter, AChangeOfAnOrderThatIsDoneMeanwhileIsTheMarketsToRefuse) {
+  Desk.TakeOrder(Order(1));
+  Choose(0);
+  Input::PressKey(Orders(), Qt::Key_F2);
+  Input::PressKey(Editor(), Qt::Key_Up);
+  Desk.TakeOrder(Order(1, TOrderStatus::Filled));
+  Input::PressKey(Editor(), Qt::Key_Return);
+  Input::Deliver();
+  ASSERT_EQ(Asked.size(), 1u);
+  EXPECT_EQ(Asked[0].Price, 101400);
 }
 
 TEST_F(Blotter, IsEmptyWhenTheMarketBeginsAnew) {

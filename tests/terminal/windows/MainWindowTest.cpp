@@ -1,16 +1,13 @@
 #include "terminal/windows/MainWindow.h"
 
 #include "host/ConstDef.h"
-#include "terminal/Fixture.h"
-#include "terminal/script/Input.h"
-#include "terminal/services/Services.h"
 #include "terminal/windows/CaptionBar.h"
+#include "terminal/windows/WindowFixture.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QMenuBar>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include <QMessageBox>
 
 namespace Terminal {
 namespace {
@@ -22,22 +19,17 @@ QStringList LabelTexts(const QWidget& widget) {
   return texts;
 }
 
-class MainWindow : public testing::Test {
+class MainWindow : public TWindowFixture {
 protected:
-  MainWindow() { Services.Profile.Grant({"QuorPrice"}); }
-
-  std::unique_ptr<TMainWindow> NewWindow() {
-    return std::make_unique<TMainWindow>(
-        TMainWindow::TParts{Services, Descriptor, Player, Feed, State, Desk});
+  /// Plays a recording of one line, paused at its beginning.
+  void OpenRecording(const char* line) {
+    QFile file(Folder.filePath(QStringLiteral("recording.jsonl")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(line);
+    file.close();
+    ASSERT_EQ(Player.Open(file.fileName()), QString());
+    Player.Step(0);
   }
-
-  QTemporaryDir Folder;
-  TServices Services;
-  Fixture::TDescriptor Descriptor;
-  MarketPlayer Player;
-  TMarketFeed Feed{Services, Player};
-  TOrderDesk Desk;
-  TSavedState State{Folder.filePath(QStringLiteral("state.sqlite"))};
 };
 
 TEST_F(MainWindow, OpensOneViewWhereNothingWasSaved) {
@@ -110,16 +102,120 @@ TEST_F(MainWindow, MarksEveryViewOfASimulatedMarket) {
   EXPECT_EQ(marked(), 0);
   Player.Simulate({1, Market::DayStart});
   Player.Step(0);
-  EXPECT_EQ(marked(), 2) << "player bar and view";
+  EXPECT_EQ(marked(), 3) << "player bar, symbol list and view";
   window->Views().Open("Symbol=5");
-  EXPECT_EQ(marked(), 3);
+  EXPECT_EQ(marked(), 4);
 }
 
-QAction* ActionOf(const QWidget& window, const char* text) {
-  for (auto* action : window.findChildren<QAction*>())
-    if (action->text() == QLatin1String(text))
-      return action;
-  return nullptr;
+/// Titles of the windows that can be seen by themselves, the main window's first.
+QStringList Titles(const QWidget& window) {
+  QStringList titles{window.windowTitle()};
+  for (const char* name : {"view1", "symbolList", "orderTicket", "chartDock", "blotter"})
+    titles.append(window.findChild<QDockWidget*>(QLatin1String(name))->windowTitle());
+  return titles;
+}
+
+TEST_F(MainWindow, EveryTitleSaysThatTheMarketIsSimulatedWhileItIs) {
+  const auto window = NewWindow();
+  window->RestoreViews({});
+  const QStringList unmarked{"QuorPrice",    "Fixture", "Symbols",
+                             "Order ticket", "Chart",   "Orders and trades"};
+  EXPECT_EQ(Titles(*window), unmarked);
+  Player.Simulate({1, Market::DayStart});
+  Player.Step(0);
+  EXPECT_EQ(Titles(*window), (QStringList{"SIMULATED – QuorPrice", "SIMULATED – Fixture",
+                                          "SIMULATED – Symbols", "SIMULATED – Order ticket",
+                                          "SIMULATED – Chart", "SIMULATED – Orders and trades"}));
+  EXPECT_NE(ActionOf(*window, QStringLiteral("Order ticket")), nullptr) << "in the menu";
+  Choose(*window, QStringLiteral("繁體中文"));
+  EXPECT_EQ(Titles(*window).at(3), QStringLiteral("模擬 – 落盤"));
+  Choose(*window, QStringLiteral("English"));
+  OpenRecording(R"({"t":"10:00:00","s":"5","f":{"3":"40"}})");
+  EXPECT_EQ(Titles(*window), unmarked);
+  OpenRecording(R"({"quorprice":1,"simulated":true})");
+  EXPECT_EQ(Titles(*window).at(4), QStringLiteral("SIMULATED – Chart"));
+}
+
+TEST_F(MainWindow, APopUpSaysThatTheMarketIsSimulatedToo) {
+  const auto window = NewWindow();
+  window->RestoreViews({});
+  const auto open = [&](const char* title) {
+    auto* popup = window->Views().GetDialogForm(Descriptor.Last, nullptr);
+    popup->setWindowTitle(QLatin1String(title));
+    return popup;
+  };
+  const auto* before = open("Detail - 700");
+  EXPECT_EQ(before->windowTitle(), QStringLiteral("Detail - 700"));
+  Player.Simulate({1, Market::DayStart});
+  Player.Step(0);
+  EXPECT_EQ(before->windowTitle(), QStringLiteral("SIMULATED – Detail - 700"));
+  const auto* after = open("Detail - 5");
+  EXPECT_EQ(after->windowTitle(), QStringLiteral("SIMULATED – Detail - 5"));
+  OpenRecording(R"({"t":"10:00:00","s":"5","f":{"3":"40"}})");
+  EXPECT_EQ(before->windowTitle(), QStringLiteral("Detail - 700"));
+}
+
+TEST_F(MainWindow, BringsTheInstrumentOfACoolingOffIntoTheActiveView) {
+  const auto window = NewWindow();
+  window->RestoreViews({});
+  auto* active = window->Views().Open();
+  std::vector<std::string> heard;
+  System::TObject owner;
+  Services.Channels.RegisterCopySymbol(
+      [&](System::TObject*, System::TObject* data) {
+        const auto* list = dynamic_cast<TListObject*>(data);
+        ASSERT_NE(list, nullptr);
+        EXPECT_FALSE(list->IsEmpty());
+        heard.push_back("all: " + list->Symbol());
+      },
+      &owner);
+  Services.Channels.JoinGroup(
+      "2",
+      [&](System::TObject*, System::TObject* data) {
+        const auto* group = dynamic_cast<TGroupData*>(data);
+        ASSERT_NE(group, nullptr);
+        heard.push_back("group " + group->GroupID() + ": " + group->Symbol());
+      },
+      &owner);
+  emit Player.CoolingOffReached(QStringLiteral("2468"));
+  active->SetGroup("2");
+  emit Player.CoolingOffReached(QStringLiteral("700"));
+  EXPECT_EQ(heard, (std::vector<std::string>{"all: 2468", "group 2: 700"}));
+  Services.Channels.LeaveGroup("2", &owner);
+  Services.Channels.UnregisterCopySymbol(&owner);
+}
+
+TEST_F(MainWindow, SaysWhichFileCannotBeRecordedAndWhy) {
+  const auto window = NewWindow();
+  window->show();
+  Services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
+  QString said;
+  QTimer user; // the dialogs run loops of their own
+  QObject::connect(&user, &QTimer::timeout, [&said] {
+    auto* dialog = QApplication::activeModalWidget();
+    if (auto* files = qobject_cast<QFileDialog*>(dialog)) {
+      files->findChild<QLineEdit*>()->setText(QStringLiteral("/nowhere/at/all.jsonl"));
+      QMetaObject::invokeMethod(files, "accept");
+    } else if (auto* box = qobject_cast<QMessageBox*>(dialog)) {
+      said = box->text();
+      box->close();
+    }
+  });
+  user.start(0);
+  Choose(*window, QStringLiteral("Record"));
+  EXPECT_EQ(said, QStringLiteral("/nowhere/at/all.jsonl：檔案無法寫入。"));
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("QuorPrice"));
+}
+
+TEST_F(MainWindow, HasTheTerminalsIconAndSoItsDocksHave) {
+  const auto window = NewWindow();
+  window->RestoreViews({});
+  const auto* dock = window->findChild<QDockWidget*>(QStringLiteral("view1"));
+  const QImage icon = dock->windowIcon().pixmap(32).toImage();
+  ASSERT_EQ(icon.size(), QSize(32, 32));
+  EXPECT_EQ(icon.pixelColor(12, 8), QColor(0x4f, 0xa3, 0xd9)) << "bids at the left";
+  EXPECT_EQ(icon.pixelColor(19, 8), QColor(0xd9, 0x9a, 0x4f)) << "asks at the right";
+  EXPECT_EQ(icon.pixelColor(0, 0).alpha(), 0);
 }
 
 TEST_F(MainWindow, OpensItsViewsAnewForAnotherDataFeed) {
@@ -127,10 +223,7 @@ TEST_F(MainWindow, OpensItsViewsAnewForAnotherDataFeed) {
   window->RestoreViews("Symbol=700");
   window->Views().Open("Symbol=5")->SetGroup("2");
   const int last = window->Views().Panes().back()->Number();
-  auto* perClick = ActionOf(*window, "Snapshot per click");
-  ASSERT_NE(perClick, nullptr);
-  perClick->trigger();
-  Input::Deliver();
+  Choose(*window, QStringLiteral("Snapshot per click"));
   EXPECT_EQ(Services.Vendor.FeedType(), Constdef::FeedType_PerClick);
   const auto panes = window->Views().Panes();
   ASSERT_EQ(panes.size(), 2u);
@@ -146,7 +239,7 @@ TEST_F(MainWindow, GoesBackToTheSimulatedMarketFromTheMenu) {
   const auto window = NewWindow();
   Player.Simulate({4, Market::DayStart});
   Player.Close();
-  ActionOf(*window, "Simulated market")->trigger();
+  Choose(*window, QStringLiteral("Simulated market"));
   EXPECT_TRUE(Player.IsSimulating());
   EXPECT_EQ(Player.Simulation().Seed, 4u);
   EXPECT_EQ(Player.Simulation().Start, Market::DayStart);
@@ -156,10 +249,7 @@ TEST_F(MainWindow, SwitchesTheLanguageOfWindowAndViews) {
   const auto window = NewWindow();
   window->RestoreViews({});
   Descriptor.Last->Told.clear();
-  for (auto* action : window->findChildren<QAction*>())
-    if (action->text() == QStringLiteral("繁體中文"))
-      action->trigger();
-  Input::Deliver();
+  Choose(*window, QStringLiteral("繁體中文"));
   EXPECT_EQ(window->menuBar()->actions().front()->text(), QStringLiteral("檔案"));
   EXPECT_EQ(Descriptor.Last->Told, std::vector<std::string>{"language 1"});
 }
@@ -290,19 +380,13 @@ TEST_F(MainWindowTools, TheLinkingGroupIsChosenByKeyboard) {
 
 TEST_F(MainWindowTools, TakeTheScaleOfTheWindow) {
   const int before = Dock("orderTicket")->widget()->font().pointSize();
-  for (auto* action : Window->findChildren<QAction*>())
-    if (action->text() == QStringLiteral("150 %"))
-      action->trigger();
-  Input::Deliver();
+  Choose(*Window, QStringLiteral("150 %"));
   EXPECT_EQ(Dock("orderTicket")->widget()->font().pointSize(), before * 150 / 100);
   EXPECT_EQ(Descriptor.Last->font().pointSize(), before * 150 / 100);
 }
 
 TEST_F(MainWindowTools, SpeakTheLanguage) {
-  for (auto* action : Window->findChildren<QAction*>())
-    if (action->text() == QStringLiteral("繁體中文"))
-      action->trigger();
-  Input::Deliver();
+  Choose(*Window, QStringLiteral("繁體中文"));
   EXPECT_EQ(Dock("orderTicket")->windowTitle(), QStringLiteral("落盤"));
   EXPECT_EQ(Dock("chartDock")->windowTitle(), QStringLiteral("圖表 700 TESTCO"));
   EXPECT_TRUE(LabelTexts(*Dock("symbolList")).contains(QStringLiteral("股份列表")));

@@ -2,6 +2,7 @@
 
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
+#include "platform/Colour.h"
 #include "terminal/market/OrderRequest.h"
 #include "terminal/script/Input.h"
 
@@ -301,6 +302,40 @@ TEST_F(OrderTicket, AltKeysChooseTheSideInEveryLanguage) {
     Input::PressKey(Price(), Qt::Key_B, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([this] { return Buy()->isChecked(); })) << language;
   }
+}
+
+TEST_F(OrderTicket, TheChosenSideIsInTheColoursThatPriceViewsHaveForIt) {
+  Services.Skin.OnChanged = [this] { Ticket.SetSkin(); };
+  const auto ground = [this](QPushButton* side) {
+    Input::Click(side);
+    return side->grab().toImage().pixelColor(6, side->height() / 2);
+  };
+  const auto skin = [this](const char* name) {
+    return Platform::ToQColor(Services.Skin.GetColour(0, name));
+  };
+  for (const char* look : {"Dark", "Light"})
+    for (const char* colours : {"BlueOrange", "RedUp", "GreenUp"}) {
+      Services.Skin.Select(look);
+      Services.Skin.SelectPriceColours(colours);
+      EXPECT_EQ(ground(Buy()), skin("coBuyColorLabel")) << look << " " << colours;
+      EXPECT_EQ(ground(Sell()), skin("coSellColorLabel")) << look << " " << colours;
+    }
+  Services.Skin.OnChanged = nullptr;
+}
+
+TEST_F(OrderTicket, NamesTheInstrumentInTheLanguage) {
+  Services.Market.DefineInstrument("700", "HKD", "TESTCO", "測試科技");
+  CopyFromBid();
+  const auto shown = [this] {
+    QStringList texts;
+    for (const auto* label : Ticket.findChildren<QLabel*>())
+      texts.append(label->text());
+    return texts;
+  };
+  EXPECT_TRUE(shown().contains(QStringLiteral("TESTCO")));
+  Services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
+  Ticket.SetTexts();
+  EXPECT_TRUE(shown().contains(QStringLiteral("測試科技")));
 }
 
 } // namespace

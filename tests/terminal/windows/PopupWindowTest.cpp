@@ -72,6 +72,18 @@ TEST_F(PopupWindow, StaysWhereItIsMovedTo) {
   EXPECT_EQ(window->pos(), moved);
 }
 
+TEST_F(PopupWindow, PutsItsMarkBeforeWhateverTitleItIsGiven) {
+  const auto window = Open(0);
+  window->SetMark(QStringLiteral("SIMULATED"));
+  window->setWindowTitle(QStringLiteral("Detail"));
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("SIMULATED – Detail"));
+  window->setWindowTitle(QStringLiteral("Detail - 5"));
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("SIMULATED – Detail - 5"));
+  window->SetMark({});
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("Detail - 5"));
+  window->close();
+}
+
 TEST_F(PopupWindow, EscapeClosesIt) {
   const auto window = Open(0);
   Input::PressKey(window, Qt::Key_A);

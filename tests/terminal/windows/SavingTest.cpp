@@ -1,32 +1,20 @@
 #include "host/ConstDef.h"
-#include "terminal/Fixture.h"
-#include "terminal/services/Services.h"
 #include "terminal/windows/CaptionBar.h"
-#include "terminal/windows/MainWindow.h"
+#include "terminal/windows/WindowFixture.h"
 
 #include <QDockWidget>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
 #include <QStatusBar>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
-
-#include <gtest/gtest.h>
 
 namespace Terminal {
 namespace {
 
-class Saving : public testing::Test {
+class Saving : public TWindowFixture {
 protected:
-  Saving() { Services.Profile.Grant({"QuorPrice"}); }
-
-  std::unique_ptr<TMainWindow> NewWindow() {
-    return std::make_unique<TMainWindow>(
-        TMainWindow::TParts{Services, Descriptor, Player, Feed, State, Desk});
-  }
-
   /// The window of a new start, with what the former one left.
   std::unique_ptr<TMainWindow> NextWindow() {
     Services.Config.SetLayoutReady(false);
@@ -55,14 +43,6 @@ protected:
     return QGuiApplication::primaryScreen()->availableGeometry().contains(
         QPoint(place.center().x(), place.top()));
   }
-
-  QTemporaryDir Folder;
-  TServices Services;
-  Fixture::TDescriptor Descriptor;
-  MarketPlayer Player;
-  TMarketFeed Feed{Services, Player};
-  TOrderDesk Desk;
-  TSavedState State{Folder.filePath(QStringLiteral("state.sqlite"))};
 };
 
 TEST_F(Saving, ALayoutThatAViewAnnouncesIsSaved) {
@@ -199,9 +179,7 @@ TEST_F(Saving, SaysNothingWhenEverythingIsKept) {
 TEST_F(Saving, PriceColoursAreChosenInTheMenuAndKept) {
   State.Follow(Services.Config);
   const auto window = NextWindow();
-  for (auto* action : window->findChildren<QAction*>())
-    if (action->text() == QStringLiteral("Red up, green down"))
-      action->trigger();
+  Choose(*window, QStringLiteral("Red up, green down"));
   ASSERT_TRUE(QTest::qWaitFor([&] { return Services.Skin.PriceColours().Name == "RedUp"; }));
   TConfigStore stored;
   TSavedState(State.File()).Follow(stored);

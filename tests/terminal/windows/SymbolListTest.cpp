@@ -214,6 +214,29 @@ TEST_F(SymbolList, SpeaksToItsLinkingGroupAlone) {
   Services.Channels.LeaveGroup("2", &Owner);
 }
 
+TEST_F(SymbolList, NamesAndFindsSymbolsInEveryLanguageThatTheyHave) {
+  Services.Market.DefineInstrument("700", "HKD", "TESTCO", "測試科技", "测试科技");
+  Services.Market.DefineInstrument("5", "HKD", "Bank of Test", "測試銀行");
+  Show();
+  const auto names = [this] {
+    QStringList texts;
+    for (int row = 0; row < 3; ++row)
+      texts.append(Text(*List.findChild<TModel*>(), row, TModel::NameColumn));
+    return texts;
+  };
+  EXPECT_EQ(names(), (QStringList{"TESTCO", "Bank of Test", "Seven"}));
+  Input::Type(Find(), QStringLiteral("測試"));
+  EXPECT_EQ(Shown(), (QStringList{"700", "5"}));
+  Services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
+  List.SetTexts();
+  EXPECT_EQ(names(), (QStringList{"測試科技", "測試銀行", "Seven"}));
+  Services.Languages.SetLanguage(Constdef::Language_SimplifiedChinese);
+  List.SetTexts();
+  EXPECT_EQ(names(), (QStringList{"测试科技", "測試銀行", "Seven"}));
+  Input::Type(Find(), QStringLiteral("testco"));
+  EXPECT_EQ(Shown(), QStringList{"700"});
+}
+
 TEST_F(SymbolList, SpeaksTheLanguage) {
   Services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
   List.SetTexts();

@@ -1,16 +1,16 @@
-#include "terminal/market/SimulationRecording.h"
+#include "terminal/replay/SimulationRecording.h"
 
 #include "terminal/replay/RecordingWriter.h"
 
-namespace Terminal::Market {
+namespace Terminal {
 
 std::string RecordSimulation(const TSimulation& simulation, TTimeOfDay length,
                              const std::filesystem::path& file) {
-  TSimulatedMarket market(simulation.Seed);
+  Market::TSimulatedMarket market(simulation.Seed);
   RecordingWriter writer;
   if (auto error = writer.Open(file, market.Header()); !error.empty())
     return error;
-  const TTimeOfDay end = std::min(simulation.Start + length, DayEnd);
+  const TTimeOfDay end = std::min(simulation.Start + length, Market::DayEnd);
   for (TTimeOfDay moment = simulation.Start; moment <= end; moment = market.NextMoment()) {
     market.AdvanceTo(moment);
     for (const TRecordChange& change : market.TakeChanges())
@@ -19,4 +19,4 @@ std::string RecordSimulation(const TSimulation& simulation, TTimeOfDay length,
   return writer.Close();
 }
 
-} // namespace Terminal::Market
+} // namespace Terminal

@@ -1,4 +1,4 @@
-#include "terminal/replay/Recording.h"
+#include "terminal/data/TimeOfDay.h"
 
 #include <array>
 #include <cstdio>
@@ -68,5 +68,7 @@ std::string TimeOfDayText(TTimeOfDay time) {
       static_cast<long>(parts.subseconds().count()));
   return text.data();
 }
+
+std::string ClockText(TTimeOfDay time) { return TimeOfDayText(time).substr(0, 8); }
 
 } // namespace Terminal

@@ -1,4 +1,4 @@
-#include "terminal/market/SimulationReader.h"
+#include "terminal/replay/SimulationReader.h"
 
 #include "terminal/market/PublishedState.h"
 
@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cmath>
 #include <semaphore>
+#include <set>
 
 namespace {
 
@@ -41,7 +42,7 @@ protected:
 
   /// Takes news until `isEnough` says so.
   template <class TIsEnough> void TakeUntil(TIsEnough isEnough) {
-    for (int i = 0; i < 10'000; ++i) {
+    for (int i = 0; i < 200'000; ++i) {
       const auto news = Reader.Take();
       if (isEnough(news))
         return;
@@ -50,9 +51,23 @@ protected:
     FAIL() << "it never came";
   }
 
+  struct TBid {
+    std::string Symbol;
+    TPrice Price = 0;
+    TQuantity Quantity = 0;
+  };
+  /// One lot more at the best bid of an instrument that trades.
+  TBid LivelyBid() const {
+    for (const auto& [symbol, record] : State.Records)
+      if (record.Fields.contains(1) && record.Fields.contains(84))
+        return {symbol, std::llround(std::stod(record.Fields.at(84)) * PriceUnit),
+                std::stoll(record.Fields.at(24))};
+    return {};
+  }
+
   std::atomic<int> Wakes = 0;
   TPublishedState State;
-  Market::SimulationReader Reader{{seed, 9h + 31min}, [this] { ++Wakes; }};
+  Terminal::SimulationReader Reader{{seed, 9h + 31min}, [this] { ++Wakes; }};
 };
 
 TEST_F(SimulationReader, BeginsPausedAtItsStartWithTheWholeMarket) {
@@ -125,7 +140,7 @@ TEST_F(SimulationReader, JumpsToWhereACoolingOffIsInForceAndNamesIt) {
   EXPECT_TRUE(record.contains(3503));
   EXPECT_GE(Reader.Position(), 9h + 45min);
   EXPECT_FALSE(news.Progress.empty());
-  EXPECT_FALSE(Step(100ms).CoolingOff == news.CoolingOff);
+  EXPECT_EQ(Step(100ms).CoolingOff, "") << "named once";
 }
 
 TEST_F(SimulationReader, DelayedChangesComeFromThatMuchEarlier) {
@@ -145,15 +160,7 @@ TEST_F(SimulationReader, DelayedMarketHasTheUsersOrdersToo) {
   Step();
   const std::string symbol = State.Records.begin()->first;
   Reader.Request({TOrderAction::Submit, 1, symbol, TSide::Bid, 1'000'000'000, 1});
-  std::string lively;
-  TPrice price = 0;
-  TQuantity lot = 0;
-  for (const auto& [name, record] : State.Records)
-    if (record.Fields.contains(1) && record.Fields.contains(84) && lively.empty()) {
-      lively = name;
-      price = std::llround(std::stod(record.Fields.at(84)) * PriceUnit);
-      lot = std::stoll(record.Fields.at(24));
-    }
+  const auto [lively, price, lot] = LivelyBid();
   Reader.Request({TOrderAction::Submit, 2, lively, TSide::Bid, price, lot});
   auto news = Step();
   ASSERT_EQ(news.Reports.size(), 2u);
@@ -165,17 +172,106 @@ TEST_F(SimulationReader, DelayedMarketHasTheUsersOrdersToo) {
   EXPECT_TRUE(State == live) << Differences(live, State);
 }
 
-TEST_F(SimulationReader, SlowOwnerFindsOneChangeASymbol) {
+TEST_F(SimulationReader, SlowOwnerIsToldOnceAndFindsOneChangeASymbol) {
   Step();
-  Reader.SetSpeed(200);
-  Reader.Play();
+  TSimulatedMarket market(seed);
+  market.AdvanceTo(9h + 31min);
+  market.TakeChanges();
+  std::size_t unmerged = 0;
   const int wakes = Wakes;
-  while (Reader.Position() < 9h + 32min)
-    std::this_thread::sleep_for(1ms);
-  EXPECT_LE(Wakes - wakes, 1) << "told once until it is taken";
+  for (int second = 1; second <= 20; ++second) {
+    Reader.Step(1s);
+    market.AdvanceTo(9h + 31min + second * 1s);
+    unmerged += market.TakeChanges().size();
+  }
+  EXPECT_EQ(Wakes - wakes, 1);
   const auto news = Reader.Take();
-  EXPECT_LE(news.Changes.size(), State.Records.size());
-  EXPECT_GT(news.Changes.size(), 10u);
+  EXPECT_LT(news.Changes.size(), unmerged);
+  std::set<std::string> symbols;
+  for (const auto& change : news.Changes)
+    EXPECT_TRUE(symbols.insert(change.Symbol).second) << change.Symbol << " comes twice";
+  State.Hear(news.Changes);
+  const auto direct = StateAt(9h + 31min + 20s);
+  EXPECT_TRUE(State == direct) << Differences(direct, State);
+}
+
+TEST_F(SimulationReader, StartsTheSameDayOverAtItsEndWithoutTheUsersOrders) {
+  Step();
+  const auto opening = State;
+  const auto [symbol, price, lot] = LivelyBid();
+  Reader.Request({TOrderAction::Submit, 1, symbol, TSide::Bid, price, lot});
+  Reader.SetAtEnd(TAtEnd::StartOver);
+  Reader.SetSpeed(MarketReader::AsFastAsPossible);
+  Reader.Play();
+  Reader.Seek(16h + 10min);
+  std::optional<TUserOrder> order;
+  TakeUntil([&order](const TReaderNews& news) {
+    for (const auto& report : news.Reports)
+      if (const auto* now = std::get_if<TUserOrder>(&report))
+        order = *now;
+    return news.Reset && news.Time == 16h + 10min;
+  });
+  ASSERT_TRUE(order);
+  EXPECT_FALSE(order->IsAlive()) << "no order outlives its day";
+  bool isNewDay = false;
+  TakeUntil([this, &isNewDay](const TReaderNews& news) {
+    isNewDay = isNewDay || news.Index;
+    EXPECT_TRUE(news.Reports.empty());
+    EXPECT_FALSE(news.Finished);
+    if (!news.Reset)
+      return false;
+    EXPECT_EQ(news.Time, 9h + 31min);
+    State = {};
+    State.Hear(news.Changes);
+    return true;
+  });
+  EXPECT_TRUE(isNewDay);
+  EXPECT_TRUE(State == opening) << Differences(opening, State);
+  EXPECT_TRUE(Reader.IsPlaying());
+  Reader.Request({TOrderAction::Cancel, 1, {}, TSide::Bid, 0, 0});
+  const auto reports = Step().Reports;
+  ASSERT_EQ(reports.size(), 1u);
+  EXPECT_EQ(std::get<TOrderRefusal>(reports[0]).Reason, Refused_Done);
+}
+
+TEST_F(SimulationReader, ResetIsNeverTakenWithoutTheStateThatFollowsIt) {
+  Step();
+  const auto takeReset = [this] {
+    TReaderNews news;
+    while (!news.Reset)
+      news = Reader.Take(); // all the time, so that no moment between the two is left out
+    return news;
+  };
+  for (int second = 1; second <= 50; ++second) {
+    Reader.Seek(9h + 31min + second * 1s);
+    ASSERT_EQ(takeReset().Changes.size(), State.Records.size()) << second;
+  }
+  Reader.SetDelay(1min);
+  EXPECT_EQ(takeReset().Changes.size(), State.Records.size());
+}
+
+TEST_F(SimulationReader, CoolingOffIsNotNamedBeforeTheDelayedStateComes) {
+  Step();
+  Reader.Jump(TJump::CoolingOff);
+  Reader.Step(0ms);
+  Reader.SetDelay(1min);
+  const auto early = Reader.Take();
+  EXPECT_EQ(early.CoolingOff.empty(), early.Changes.empty());
+  const auto late = Step();
+  EXPECT_NE(early.CoolingOff.empty(), late.CoolingOff.empty());
+}
+
+TEST_F(SimulationReader, ProgressOfARunThatIsBrokenOffEndsAllTheSame) {
+  Step();
+  Reader.Jump(TJump::ClosingAuction);
+  TakeUntil([](const TReaderNews& news) {
+    return !news.Progress.empty() && news.Progress.back().PerCent < 90;
+  });
+  Reader.Seek(9h);
+  const auto news = Step();
+  EXPECT_EQ(news.Time, 9h);
+  ASSERT_FALSE(news.Progress.empty());
+  EXPECT_EQ(news.Progress.back().PerCent, 100);
 }
 
 TEST_F(SimulationReader, RequestToADayThatIsOverHasNoAnswerInTheNext) {
@@ -225,6 +321,15 @@ TEST_F(SimulationReader, NoChangeOfTheMarketComesOnceItIsToBeDelayed) {
   EXPECT_TRUE(news.Changes.empty() || news.Reset);
 }
 
+TEST(Simulation, DayOfAFirstStartHasACoolingOffInItsFirstInstrumentWithinFiveMinutes) {
+  Market::TSimulatedMarket market(TSimulation::DefaultSeed);
+  market.AdvanceTo(TSimulation::DefaultStart);
+  EXPECT_TRUE(market.CoolingOffs().empty());
+  market.AdvanceTo(TSimulation::DefaultStart + 5min);
+  EXPECT_EQ(market.CoolingOffs(),
+            std::vector<std::string>{market.Header().Instruments.front().Symbol});
+}
+
 TEST(SimulationReaderRun, CoolingOffIsNamedTogetherWithItsBatch) {
   std::binary_semaphore told(0);
   std::binary_semaphore taken(0);
@@ -235,7 +340,7 @@ TEST(SimulationReaderRun, CoolingOffIsNamedTogetherWithItsBatch) {
     told.release();
     taken.acquire();
   };
-  Market::SimulationReader reader({seed, 9h + 31min}, wake);
+  Terminal::SimulationReader reader({seed, 9h + 31min}, wake);
   reader.Jump(TJump::CoolingOff);
   TReaderNews news;
   while (news.CoolingOff.empty() && !news.Finished) {

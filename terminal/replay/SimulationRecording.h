@@ -1,10 +1,10 @@
 #pragma once
 
-#include "terminal/market/SimulationReader.h"
+#include "terminal/replay/SimulationReader.h"
 
 #include <filesystem>
 
-namespace Terminal::Market {
+namespace Terminal {
 
 /// Writes `length` of a simulated day from its start on into a recording: first everything as it
 /// stands, then every change at its moment. Empty when that worked; otherwise what is wrong, in one
@@ -12,4 +12,4 @@ namespace Terminal::Market {
 std::string RecordSimulation(const TSimulation& simulation, TTimeOfDay length,
                              const std::filesystem::path& file);
 
-} // namespace Terminal::Market
+} // namespace Terminal
