@@ -24,7 +24,7 @@ import time
 HERE = pathlib.Path(__file__).resolve().parent
 BUILT = HERE.parent.parent / "build" / "dev" / "bin" / "quorterminal"
 SETTINGS = "TARN_TRADEPLATFORM"
-SEED = "700"
+SEED = "972"
 LANGUAGES = {1: "Traditional Chinese", 2: "Simplified Chinese", 3: "English"}
 SKINS = ["Dark", "Light"]
 SCALES = [100, 125, 150]
@@ -141,7 +141,8 @@ class Moment:
             yield {"do": "spread-table", "code": code, **table}
         yield {"do": "brokers", "list": self.header["brokers"]}
         for instrument in self.header["instruments"]:
-            yield {"do": "instrument", **instrument}
+            members = {key: instrument[key] for key in ("symbol", "currency", "name")}
+            yield {"do": "instrument", **members}
         for symbol, record in self.records.items():
             yield {"do": "record", "symbol": symbol, **record}
         for symbol, trades in self.trades.items():
@@ -263,7 +264,7 @@ class Tour:
         self.view("equity-5", morning, "700", 5)
         self.view("equity-10", morning, "700", 10)
         self.view("cbbc", morning, "55321", 10)
-        self.view("vcm", self.moment("10:41:00", 70, "10:42:06", {"2468": "3503"}), "2468")
+        self.view("vcm", self.moment("10:03:00", 60, "10:03:50", {"18": "3503"}), "18")
         self.view("pos", self.moment("09:10:00", 5, "09:10:05", {"1266": "3507"}), "1266")
         self.view("cas", self.moment("16:05:00", 5, "16:05:05", {"700": "3511"}), "700")
         self.view("per-click", morning, "700", prepare=per_click)
@@ -314,7 +315,7 @@ def make_window(terminal, scratch, target, settings):
     home.set(home.make_store(scratch), settings)
     with display() as number:
         window = subprocess.Popen(
-            [str(terminal), "--symbol", "700", "--seed", SEED, "--start", "10:00:00"],
+            [str(terminal), "--seed", SEED, "--start", "10:03:20"],
             env=home.environment("xcb", DISPLAY=number))
         try:
             time.sleep(WINDOW_SECONDS)

@@ -141,6 +141,8 @@ void TChart::PaintGrid(QPainter& painter, const TChartLayout& layout) const {
   for (const auto& mark : layout.TimeMarks(widest * 1.8)) {
     painter.setPen(Faded(text, 0.15));
     painter.drawLine(QPointF(mark.Place, area.top()), QPointF(mark.Place, area.bottom()));
+    if (mark.Place < widest / 2) // half of it would be beyond the edge
+      continue;
     painter.setPen(Faded(text, 0.75));
     const QRectF place(mark.Place - widest, area.bottom() + Margin, 2 * widest, line);
     painter.drawText(place, Qt::AlignHCenter | Qt::AlignTop, mark.Time);

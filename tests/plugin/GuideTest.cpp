@@ -1,11 +1,12 @@
 // The guide for those who write a host lists what the contract names; here it is held against it.
 
+#include <QRegularExpression>
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <set>
 #include <string>
 
@@ -20,9 +21,9 @@ std::string TextOf(const std::filesystem::path& file) {
 std::set<std::pair<std::string, std::string>> Matches(const std::string& text,
                                                       const char* pattern) {
   std::set<std::pair<std::string, std::string>> matches;
-  const std::regex expression(pattern);
-  for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end; ++match)
-    matches.emplace((*match)[1], (*match)[2]);
+  const QRegularExpression expression(QString::fromLatin1(pattern));
+  for (const auto& match : expression.globalMatch(QString::fromStdString(text)))
+    matches.emplace(match.captured(1).toStdString(), match.captured(2).toStdString());
   return matches;
 }
 
