@@ -191,6 +191,12 @@ TEST_P(CrowdInCoolingOff, KeepsBiddingOfferingAndCancellingWithinTheLimits) {
     EXPECT_GT(market.Figures().Volume, volume);
     for (const TPrice price : acts.Prices)
       EXPECT_TRUE(coolingOff.Limits.Hold(price)) << price;
+    if (minute > coolingOff.Start + 1min)
+      continue;
+    // Those whom the limit holds back queue at it.
+    const auto [waiting, others] = std::pair(shock.LogMove > 0 ? acts.Bids : acts.Asks,
+                                             shock.LogMove > 0 ? acts.Asks : acts.Bids);
+    EXPECT_GT(waiting, 1.5 * others);
   }
 }
 
