@@ -59,7 +59,6 @@ public:
   double Speed() const { return speed_; }
   /// Kept from one recording to the next; Stop unless told.
   void SetAtEnd(TAtEnd atEnd);
-  TAtEnd AtEnd() const { return atEnd_; }
 
   /// Goes to `time`, clamped to the recording: Reset, then one batch with the state at that
   /// moment, then on as before. Returns at once; a long seek shows Progress.

@@ -16,8 +16,6 @@ public:
   explicit TCustomGridDataSource(std::unique_ptr<Basedatacontrol::TBaseDataControl> control);
   ~TCustomGridDataSource() override;
 
-  Basedatacontrol::TBaseDataControl& DataControl() { return *control_; }
-
   int GetRecordCount() const override;
   void GetDisplayText(int record, int column, std::string& text) const override;
 
