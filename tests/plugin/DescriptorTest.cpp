@@ -2,6 +2,7 @@
 
 #include "fakes/ViewFakes.h"
 #include "platform/Grid.h"
+#include "tests/Paths.h"
 
 #include <QTest>
 #include <dlfcn.h>

@@ -1,5 +1,7 @@
 // The guide for those who write a host lists what the contract names; here it is held against it.
 
+#include "tests/Paths.h"
+
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 #include "terminal/CommandLine.h"
 #include "terminal/PackageLoader.h"
+#include "tests/Paths.h"
 
 #include <QTemporaryDir>
 

@@ -1,4 +1,5 @@
 #include "terminal/services/LanguageTexts.h"
+#include "tests/Paths.h"
 
 #include <QDirIterator>
 #include <QRegularExpression>
