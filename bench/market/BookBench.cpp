@@ -1,4 +1,4 @@
-#include "terminal/market/InstrumentMarket.h"
+#include "market/InstrumentMarket.h"
 
 #include <benchmark/benchmark.h>
 
@@ -11,7 +11,7 @@
 // The same stream of orders through the market's book and through one made of the library's
 // containers: a queue a price, and where each order stands.
 
-namespace Terminal::Market {
+namespace Market {
 
 namespace {
 
@@ -202,7 +202,7 @@ void OrdersThroughMaps(benchmark::State& state) {
 }
 
 struct TCounter : TMarketListener {
-  void Traded(const TInstrumentMarket&, const TTrade& trade) override { Traded_ += trade.Quantity; }
+  void Traded(const TInstrumentMarket&, const TMatch& trade) override { Traded_ += trade.Quantity; }
   void Lapsed(const TInstrumentMarket&, const TBookOrder&) override {}
 
   TQuantity Traded_ = 0;
@@ -239,6 +239,6 @@ BENCHMARK(Orders)->Unit(benchmark::kMillisecond);
 BENCHMARK(OrdersThroughMaps)->Unit(benchmark::kMillisecond);
 BENCHMARK(OrdersAtTheExchange)->Unit(benchmark::kMillisecond);
 
-} // namespace Terminal::Market
+} // namespace Market
 
 BENCHMARK_MAIN();

@@ -1,4 +1,4 @@
-#include "terminal/market/SimulatedMarket.h"
+#include "market/SimulatedMarket.h"
 
 #include <benchmark/benchmark.h>
 
@@ -6,7 +6,7 @@
 // that publishes 50 times a second, and beside it the same hour without anything published. At that
 // speed the market takes 200 / times_real_time of one core.
 
-namespace Terminal::Market {
+namespace Market {
 
 namespace {
 
@@ -64,4 +64,4 @@ BENCHMARK(MarketMomentByMoment)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
-} // namespace Terminal::Market
+} // namespace Market

@@ -77,7 +77,7 @@ QJsonObject UpdateRecord(TScriptSession& session, const QJsonObject& members) {
   CheckSymbol(members);
   const QJsonObject fields = members["fields"].toObject();
   CheckElements(fields, TKind::TextOrNull, QStringLiteral("fields"));
-  TRecordChange change;
+  Data::TRecordChange change;
   change.Symbol = TextOf(members, "symbol");
   if (members.contains("state"))
     change.State = members["state"].toInt();

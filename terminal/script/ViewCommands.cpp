@@ -4,8 +4,6 @@
 #include "terminal/script/ScriptSession.h"
 #include "terminal/script/ViewDump.h"
 
-#include "terminal/PackageLoader.h"
-
 #include <QPixmap>
 
 namespace Terminal {

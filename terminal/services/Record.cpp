@@ -26,7 +26,7 @@ void TRecord::RemoveRealtimeListener(const System::TObject* owner) {
   realtimeListeners_.Remove(owner);
 }
 
-void TRecord::Merge(const TRecordChange& change) {
+void TRecord::Merge(const Data::TRecordChange& change) {
   if (!std::exchange(named_, true))
     state_ = Constdef::RecordState_Ready;
   state_ = change.State.value_or(state_);

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "data/RecordChange.h"
 #include "host/BaseSubscribeData.h"
 #include "host/ConstDef.h"
-#include "terminal/data/RecordChange.h"
 #include "terminal/services/Listeners.h"
 
 namespace Terminal {
@@ -30,7 +30,7 @@ private:
   };
 
   const TField* Find(int field) const;
-  void Merge(const TRecordChange& change);
+  void Merge(const Data::TRecordChange& change);
   void SetField(int field, const std::optional<std::string>& text);
 
   std::string symbol_;

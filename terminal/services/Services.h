@@ -2,7 +2,6 @@
 
 #include "terminal/services/ChannelManager.h"
 #include "terminal/services/ConfigStore.h"
-#include "terminal/services/EditorManager.h"
 #include "terminal/services/Formatters.h"
 #include "terminal/services/ImageResources.h"
 #include "terminal/services/LanguageTexts.h"
@@ -11,6 +10,7 @@
 #include "terminal/services/SkinService.h"
 #include "terminal/services/SubscribeAdapter.h"
 #include "terminal/services/SymbolDirectory.h"
+#include "terminal/services/SymbolEditors.h"
 #include "terminal/services/TimerControl.h"
 #include "terminal/services/TradeSideDetector.h"
 #include "terminal/services/UserProfile.h"
@@ -54,7 +54,7 @@ public:
   TOrderAdapter Orders;
   TUserProfile Profile;
   TVendorModel Vendor;
-  TEditorManager Editors{Symbols, Languages};
+  TSymbolEditors Editors{Symbols, Languages};
   TImageResources Images;
 };
 

@@ -38,18 +38,18 @@ void TSpreadTable::Define(int state, const std::vector<TSpreadBand>& bands) {
       bands_.push_back({ToUnits(band.From), ToUnits(band.To), step, DecimalsOf(step)});
   }
   std::sort(bands_.begin(), bands_.end(),
-            [](const TBand& a, const TBand& b) { return a.From < b.From; });
+            [](const TUnitBand& a, const TUnitBand& b) { return a.From < b.From; });
 }
 
-const TSpreadTable::TBand* TSpreadTable::BandBelow(TUnits price) const {
+const TSpreadTable::TUnitBand* TSpreadTable::BandBelow(TUnits price) const {
   const auto band = std::lower_bound(bands_.begin(), bands_.end(), price,
-                                     [](const TBand& b, TUnits p) { return b.To < p; });
+                                     [](const TUnitBand& b, TUnits p) { return b.To < p; });
   return band != bands_.end() && band->From < price ? &*band : nullptr;
 }
 
-const TSpreadTable::TBand* TSpreadTable::BandAbove(TUnits price) const {
+const TSpreadTable::TUnitBand* TSpreadTable::BandAbove(TUnits price) const {
   const auto band = std::upper_bound(bands_.begin(), bands_.end(), price,
-                                     [](TUnits p, const TBand& b) { return p < b.To; });
+                                     [](TUnits p, const TUnitBand& b) { return p < b.To; });
   return band != bands_.end() && band->From <= price ? &*band : nullptr;
 }
 

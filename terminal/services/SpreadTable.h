@@ -32,18 +32,18 @@ public:
 private:
   using TUnits = long long;
 
-  struct TBand {
+  struct TUnitBand {
     TUnits From;
     TUnits To;
     TUnits Step;
     int Decimals; ///< of the step
   };
 
-  const TBand* BandBelow(TUnits price) const; ///< whose steps lead down to `price`'s neighbour
-  const TBand* BandAbove(TUnits price) const; ///< whose steps lead up from `price`
+  const TUnitBand* BandBelow(TUnits price) const; ///< whose steps lead down to `price`'s neighbour
+  const TUnitBand* BandAbove(TUnits price) const; ///< whose steps lead up from `price`
 
   int state_ = 0;
-  std::vector<TBand> bands_; ///< ascending
+  std::vector<TUnitBand> bands_; ///< ascending
 };
 
 } // namespace Terminal

@@ -61,7 +61,7 @@ void TSubscribeAdapter::Refresh(std::string_view symbol) {
     OnRefresh(symbol);
 }
 
-void TSubscribeAdapter::Apply(const TRecordChange& change) {
+void TSubscribeAdapter::Apply(const Data::TRecordChange& change) {
   if (change.Symbol.empty())
     return;
   auto& record = Provide(change.Symbol);

@@ -35,7 +35,7 @@ public:
 
   /// Merges the change into the symbol's record, takes its trades, and tells the record's
   /// listeners and update handlers once.
-  void Apply(const TRecordChange& change);
+  void Apply(const Data::TRecordChange& change);
 
   /// Null when there is none. Lives as long as the adapter.
   const TRecord* Find(std::string_view symbol) const;

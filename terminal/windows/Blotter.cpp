@@ -15,7 +15,7 @@
 
 namespace Terminal {
 
-using namespace Market;
+using namespace Data;
 
 TBlotter::TBlotter(TServices& services, TOrderDesk& desk, QWidget* parent)
     : QWidget(parent), services_(services), desk_(desk), ordersModel_(services, desk),

@@ -1,13 +1,13 @@
 #include "terminal/windows/BlotterModels.h"
 
-#include "terminal/data/TimeOfDay.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/Table.h"
 #include "terminal/windows/WindowTexts.h"
+#include "text/TimeOfDay.h"
 
 namespace Terminal {
 
-using namespace Market;
+using namespace Data;
 
 namespace {
 
@@ -18,7 +18,7 @@ constexpr const char* tradeKeys[TTradesModel::Columns] = {
     "Term_Time",  "Term_OrderNumber", "Term_Symbol", "Term_Side",
     "Term_Price", "Term_Quantity",    "Term_Amount"};
 
-QString TimeText(TTimeOfDay time) { return QString::fromStdString(ClockText(time)); }
+QString TimeText(Text::TTimeOfDay time) { return QString::fromStdString(Text::ClockText(time)); }
 
 TCellKind KindOf(TOrdersModel::TColumn column) {
   const bool isFigure =

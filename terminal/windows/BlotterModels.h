@@ -1,7 +1,7 @@
 #pragma once
 
-#include "terminal/OrderDesk.h"
-#include "terminal/windows/OrderFigures.h"
+#include "terminal/trading/OrderDesk.h"
+#include "terminal/trading/OrderFigures.h"
 
 #include <QAbstractTableModel>
 
@@ -38,7 +38,7 @@ public:
   /// `value` is the text of a price or quantity; false for any other, which is told as refused.
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
-  const Market::TUserOrder& Order(const QModelIndex& index) const;
+  const Data::TUserOrder& Order(const QModelIndex& index) const;
 
 signals:
   /// The user has given an order another figure, and the market is asked next.
@@ -48,9 +48,9 @@ signals:
   void Refused(int number, const QString& reason);
 
 private:
-  QString Text(const Market::TUserOrder& order, int column) const;
+  QString Text(const Data::TUserOrder& order, int column) const;
   int RowOf(int number) const;
-  void TakeOrder(const Market::TUserOrder& order);
+  void TakeOrder(const Data::TUserOrder& order);
 
   TOrderDesk& desk_;
   TOrderFigures figures_;
@@ -82,7 +82,7 @@ public:
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-  QString Text(const Market::TUserTrade& trade, int column) const;
+  QString Text(const Data::TUserTrade& trade, int column) const;
 
   TOrderDesk& desk_;
   TOrderFigures figures_;

@@ -3,6 +3,7 @@
 #include "host/RecordFields.h"
 #include "platform/Colour.h"
 #include "terminal/services/Services.h"
+#include "terminal/trading/OrderFigures.h"
 #include "terminal/windows/ChartLayout.h"
 #include "terminal/windows/WindowTexts.h"
 

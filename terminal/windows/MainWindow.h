@@ -1,7 +1,7 @@
 #pragma once
 
-#include "terminal/MarketRecorder.h"
-#include "terminal/SavedState.h"
+#include "terminal/services/MarketRecorder.h"
+#include "terminal/store/SavedState.h"
 #include "terminal/windows/PlayerBar.h"
 #include "terminal/windows/PreferenceDialog.h"
 #include "terminal/windows/ToolDocks.h"
@@ -32,7 +32,7 @@ public:
   struct TParts {
     TServices& Services;
     Baseview::TIBaseView& Descriptor;
-    MarketPlayer& Player;
+    TMarketPlayer& Player;
     TMarketFeed& Feed;
     TSavedState& State;
     TOrderDesk& Desk;

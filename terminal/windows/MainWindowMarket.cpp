@@ -12,8 +12,8 @@
 namespace Terminal {
 
 void TMainWindow::FollowMarket() {
-  connect(&parts_.Player, &MarketPlayer::HeaderRead, this, &TMainWindow::ShowMarks);
-  connect(&parts_.Player, &MarketPlayer::CoolingOffReached, this, [this](const QString& symbol) {
+  connect(&parts_.Player, &TMarketPlayer::HeaderRead, this, &TMainWindow::ShowMarks);
+  connect(&parts_.Player, &TMarketPlayer::CoolingOffReached, this, [this](const QString& symbol) {
     // A view in a linking group does not hear what is broadcast.
     const auto* active = ActivePane();
     ChooseSymbol(parts_.Services, active ? active->Group() : std::string(), nullptr,

@@ -1,9 +1,9 @@
 #include "terminal/windows/MainWindow.h"
 
 #include "host/ConstDef.h"
-#include "terminal/LayoutSymbol.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/CaptionBar.h"
+#include "terminal/windows/LayoutSymbol.h"
 #include "terminal/windows/StoreSentence.h"
 #include "terminal/windows/WindowTexts.h"
 

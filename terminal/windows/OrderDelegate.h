@@ -1,6 +1,6 @@
 #pragma once
 
-#include "terminal/windows/OrderFigures.h"
+#include "terminal/trading/OrderFigures.h"
 
 #include <QStyledItemDelegate>
 

@@ -1,9 +1,9 @@
 #include "terminal/windows/OrderTicket.h"
 
+#include "data/Orders.h"
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
 #include "platform/Colour.h"
-#include "terminal/market/OrderRequest.h"
 #include "terminal/windows/Chip.h"
 #include "terminal/windows/WindowTexts.h"
 
@@ -14,7 +14,7 @@
 
 namespace Terminal {
 
-using namespace Market;
+using namespace Data;
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/PopupEdit.h"
-#include "terminal/OrderDesk.h"
 #include "terminal/services/Services.h"
-#include "terminal/windows/OrderFigures.h"
+#include "terminal/trading/OrderDesk.h"
+#include "terminal/trading/OrderFigures.h"
 #include "terminal/windows/StepEdit.h"
 
 #include <QButtonGroup>
@@ -48,9 +48,9 @@ protected:
 
 private:
   struct TDraft {
-    Market::TSide Side;
-    Market::TPrice Price;
-    Market::TQuantity Quantity;
+    Data::TSide Side;
+    Data::TPrice Price;
+    Data::TQuantity Quantity;
   };
 
   void BuildSides();
@@ -67,8 +67,8 @@ private:
   void StepPrice(int steps);
   void StepQuantity(int steps);
 
-  std::optional<Market::TSide> Side() const;
-  void SetSide(std::optional<Market::TSide> side);
+  std::optional<Data::TSide> Side() const;
+  void SetSide(std::optional<Data::TSide> side);
   /// What the form says; where it says no order, that is told to the user and nothing given.
   std::optional<TDraft> Draft();
   /// Shows the order for confirmation, or sends the one that was shown.
@@ -79,7 +79,7 @@ private:
   void FormChanged();
   void Clear();
   void ShowOpen();
-  void ShowOutcome(const Market::TUserOrder& order);
+  void ShowOutcome(const Data::TUserOrder& order);
 
   TServices& services_;
   TOrderDesk& desk_;

@@ -5,6 +5,7 @@
 #include "platform/Colour.h"
 #include "platform/DrawnIcon.h"
 #include "terminal/windows/Chip.h"
+#include "terminal/windows/SkippedLines.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QEvent>
@@ -21,12 +22,12 @@ constexpr double QuietAfter = 5; // seconds without data while playing
 constexpr double speeds[] = {0.1, 0.5, 1, 2, 5, 10, 20, 50, 100, 200, 1000};
 
 struct TJumpChoice {
-  TJump To;
+  Feed::TJump To;
   const char* Text;
 };
-constexpr TJumpChoice jumps[] = {{TJump::Opening, "Term_JumpOpening"},
-                                 {TJump::CoolingOff, "Term_JumpCoolingOff"},
-                                 {TJump::ClosingAuction, "Term_JumpClosingAuction"}};
+constexpr TJumpChoice jumps[] = {{Feed::TJump::Opening, "Term_JumpOpening"},
+                                 {Feed::TJump::CoolingOff, "Term_JumpCoolingOff"},
+                                 {Feed::TJump::ClosingAuction, "Term_JumpClosingAuction"}};
 
 /// A click beside the handle goes there, instead of a page on.
 class TSeekStyle : public QProxyStyle {
@@ -39,12 +40,13 @@ public:
   }
 };
 
-qint64 Milliseconds(TTimeOfDay time) {
+qint64 Milliseconds(Text::TTimeOfDay time) {
   return std::chrono::duration_cast<std::chrono::milliseconds>(time).count();
 }
 
-QString PositionText(TTimeOfDay time) {
-  return QString::fromStdString(TimeOfDayText(time).substr(0, 10)); // to the tenth of a second
+QString PositionText(Text::TTimeOfDay time) {
+  return QString::fromStdString(
+      Text::TimeOfDayText(time).substr(0, 10)); // to the tenth of a second
 }
 
 QString SpeedText(double speed) { return QStringLiteral("%1×").arg(speed); }
@@ -86,7 +88,7 @@ QString WarningStyle() {
 
 } // namespace
 
-TPlayerBar::TPlayerBar(MarketPlayer& player, const TMarketFeed& feed, QWidget* parent)
+TPlayerBar::TPlayerBar(TMarketPlayer& player, const TMarketFeed& feed, QWidget* parent)
     : QToolBar(parent), player_(player), feed_(feed), mark_(new QLabel), snapshots_(new QLabel),
       play_(new QToolButton), speed_(new QComboBox), jump_(new QToolButton),
       position_(new QSlider(Qt::Horizontal)), progress_(new QProgressBar), clock_(new QLabel),
@@ -151,15 +153,15 @@ void TPlayerBar::BuildJumps() {
 }
 
 void TPlayerBar::FollowPlayer() {
-  connect(&player_, &MarketPlayer::StateChanged, this, &TPlayerBar::ShowState);
-  connect(&player_, &MarketPlayer::HeaderRead, this, [this] {
+  connect(&player_, &TMarketPlayer::StateChanged, this, &TPlayerBar::ShowState);
+  connect(&player_, &TMarketPlayer::HeaderRead, this, [this] {
     ShowMark();
     ShowSkippedLines();
     ShowState();
   });
   connect(&feed_, &TMarketFeed::SnapshotTaken, this, &TPlayerBar::ShowSnapshots);
-  connect(&player_, &MarketPlayer::PositionChanged, this, &TPlayerBar::ShowPosition);
-  connect(&player_, &MarketPlayer::Progress, this, [this](TActivity, int perCent) {
+  connect(&player_, &TMarketPlayer::PositionChanged, this, &TPlayerBar::ShowPosition);
+  connect(&player_, &TMarketPlayer::Progress, this, [this](Feed::TLongTask, int perCent) {
     progress_->setValue(perCent);
     for (auto* action : actions())
       if (widgetForAction(action) == progress_)
@@ -170,7 +172,7 @@ void TPlayerBar::FollowPlayer() {
 }
 
 void TPlayerBar::PlayOrPause() {
-  if (player_.State() == MarketPlayer::TState::Playing)
+  if (player_.State() == TMarketPlayer::TState::Playing)
     player_.Pause();
   else
     player_.Play();
@@ -197,7 +199,7 @@ void TPlayerBar::changeEvent(QEvent* event) {
 }
 
 void TPlayerBar::ShowState() {
-  const bool isPlaying = player_.State() == MarketPlayer::TState::Playing;
+  const bool isPlaying = player_.State() == TMarketPlayer::TState::Playing;
   play_->setIcon(isPlaying ? PauseIcon() : PlayIcon());
   play_->setToolTip(WindowText(isPlaying ? "Term_Pause" : "Term_Play"));
   ShowSpeed();
@@ -239,7 +241,7 @@ void TPlayerBar::ShowSkippedLines() {
   skipped_->setToolTip(lines.join(QLatin1Char('\n')));
 }
 
-void TPlayerBar::ShowPosition(TTimeOfDay position) {
+void TPlayerBar::ShowPosition(Text::TTimeOfDay position) {
   if (position_->isSliderDown())
     return;
   position_->setValue(static_cast<int>(Milliseconds(position - player_.Start())));
@@ -248,7 +250,7 @@ void TPlayerBar::ShowPosition(TTimeOfDay position) {
 
 void TPlayerBar::ShowAge() {
   const auto age = feed_.Age();
-  const bool isPlaying = player_.State() == MarketPlayer::TState::Playing;
+  const bool isPlaying = player_.State() == TMarketPlayer::TState::Playing;
   const bool isStopped = !isPlaying || !age;
   const bool isQuiet = isPlaying && age.value_or(0) > QuietAfter;
   const QString figure = age ? QStringLiteral(" %1 s").arg(*age, 0, 'f', 1) : QString();
@@ -259,7 +261,7 @@ void TPlayerBar::ShowAge() {
   age_->setStyleSheet(isStopped || isQuiet ? WarningStyle() : QString());
 }
 
-TTimeOfDay TPlayerBar::SliderTime() const {
+Text::TTimeOfDay TPlayerBar::SliderTime() const {
   return player_.Start() + std::chrono::milliseconds(position_->value());
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "terminal/MarketFeed.h"
+#include "terminal/services/MarketFeed.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -19,7 +19,7 @@ class TPlayerBar : public QToolBar {
 
 public:
   /// Both outlive the bar.
-  TPlayerBar(MarketPlayer& player, const TMarketFeed& feed, QWidget* parent);
+  TPlayerBar(TMarketPlayer& player, const TMarketFeed& feed, QWidget* parent);
 
   void PlayOrPause();
   void SetTexts();
@@ -37,11 +37,11 @@ private:
   void ShowMark();
   void ShowSnapshots();
   void ShowSkippedLines();
-  void ShowPosition(TTimeOfDay position);
+  void ShowPosition(Text::TTimeOfDay position);
   void ShowAge();
-  TTimeOfDay SliderTime() const;
+  Text::TTimeOfDay SliderTime() const;
 
-  MarketPlayer& player_;
+  TMarketPlayer& player_;
   const TMarketFeed& feed_;
   QLabel* mark_;
   QLabel* snapshots_; ///< how many were asked for; empty while quotes stream

@@ -1,6 +1,6 @@
 #include "terminal/windows/StoreSentence.h"
 
-#include "terminal/SavedState.h"
+#include "terminal/store/SavedState.h"
 #include "terminal/windows/WindowTexts.h"
 
 namespace Terminal {

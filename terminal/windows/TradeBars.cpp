@@ -1,7 +1,7 @@
 #include "terminal/windows/TradeBars.h"
 
-#include "terminal/data/TimeOfDay.h"
 #include "terminal/services/NumberTexts.h"
+#include "text/TimeOfDay.h"
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ using Markettradesidedetector::TTrade;
 namespace {
 
 std::optional<int> MinuteOf(const TTrade& trade) {
-  const auto time = ParseTimeOfDay(Trimmed(trade.Time));
+  const auto time = Text::ParseTimeOfDay(Trimmed(trade.Time));
   if (!time)
     return {};
   return static_cast<int>(std::chrono::duration_cast<std::chrono::minutes>(*time).count());

@@ -1,7 +1,7 @@
 #include "terminal/windows/WindowTexts.h"
 
 #include "host/BaseLanguageManager.h"
-#include "terminal/MarketFeed.h"
+#include "terminal/services/MarketFeed.h"
 #include "terminal/services/Services.h"
 
 #include <algorithm>
@@ -49,26 +49,21 @@ QString MarkedTitle(const QString& mark, const QString& title) {
   return mark.isEmpty() ? title : QStringLiteral("%1 – %2").arg(mark, title);
 }
 
-QString PriceText(TServices& services, const std::string& symbol, double price) {
-  constexpr int everyDecimal = 0;
-  return QString::fromStdString(services.Formatter.FormatPrice(symbol, everyDecimal, price));
+QString SideText(Data::TSide side) {
+  return WindowText(side == Data::TSide::Bid ? "Term_Buy" : "Term_Sell");
 }
 
-QString SideText(Market::TSide side) {
-  return WindowText(side == Market::TSide::Bid ? "Term_Buy" : "Term_Sell");
-}
-
-const char* StatusKey(Market::TOrderStatus status) {
+const char* StatusKey(Data::TOrderStatus status) {
   switch (status) {
-  case Market::TOrderStatus::Working:
+  case Data::TOrderStatus::Working:
     return "Term_StatusWorking";
-  case Market::TOrderStatus::PartlyFilled:
+  case Data::TOrderStatus::PartlyFilled:
     return "Term_StatusPartlyFilled";
-  case Market::TOrderStatus::Filled:
+  case Data::TOrderStatus::Filled:
     return "Term_StatusFilled";
-  case Market::TOrderStatus::Cancelled:
+  case Data::TOrderStatus::Cancelled:
     return "Term_StatusCancelled";
-  case Market::TOrderStatus::Rejected:
+  case Data::TOrderStatus::Rejected:
     return "Term_StatusRejected";
   }
   return "";

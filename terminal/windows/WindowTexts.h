@@ -1,6 +1,6 @@
 #pragma once
 
-#include "terminal/market/UserOrders.h"
+#include "data/Orders.h"
 
 #include <QString>
 
@@ -38,12 +38,9 @@ QString SimulatedMark(const TMarketFeed& feed);
 /// off. An empty mark adds nothing.
 QString MarkedTitle(const QString& mark, const QString& title);
 
-/// A price in currency units, with the decimals of the symbol's spread table.
-QString PriceText(TServices& services, const std::string& symbol, double price);
-
-QString SideText(Market::TSide side);
+QString SideText(Data::TSide side);
 
 /// Language key of an order's status.
-const char* StatusKey(Market::TOrderStatus status);
+const char* StatusKey(Data::TOrderStatus status);
 
 } // namespace Terminal

@@ -5,8 +5,8 @@
 // First it says what the store held: "found SETTINGS LAYOUT VIEWS", each a generation number or
 // "mixed", and how many views there were.
 
-#include "terminal/SavedState.h"
 #include "terminal/services/ConfigStore.h"
+#include "terminal/store/SavedState.h"
 
 #include <QCoreApplication>
 

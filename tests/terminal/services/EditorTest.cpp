@@ -1,4 +1,4 @@
-#include "terminal/services/EditorManager.h"
+#include "terminal/services/SymbolEditors.h"
 
 #include "host/ConstDef.h"
 #include "platform/PopupEdit.h"
@@ -14,8 +14,8 @@
 namespace {
 
 using Platform::TcxPopupEdit;
-using Terminal::TEditorManager;
 using Terminal::TSymbolDirectory;
+using Terminal::TSymbolEditors;
 
 class SymbolBox : public testing::Test {
 protected:
@@ -65,7 +65,7 @@ protected:
 
   Terminal::TLanguageTexts Languages;
   TSymbolDirectory Symbols;
-  TEditorManager Manager{Symbols, Languages};
+  TSymbolEditors Manager{Symbols, Languages};
   TcxPopupEdit* Edit = new TcxPopupEdit;
   QStringList Heard;  ///< the hint each time the owner was told
   QStringList Passed; ///< what went on to the group
@@ -298,7 +298,7 @@ TEST_F(SymbolBox, MayBeClosedByWhoTakesItsSymbol) {
 TEST(SymbolBoxes, ABoxThatDiesIsForgotten) {
   TSymbolDirectory symbols;
   Terminal::TLanguageTexts languages;
-  TEditorManager manager(symbols, languages);
+  TSymbolEditors manager(symbols, languages);
   {
     TcxPopupEdit edit;
     manager.RegisterSymbolEditor(&edit, "A", true, true);

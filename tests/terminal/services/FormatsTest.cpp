@@ -7,9 +7,9 @@
 
 namespace {
 
+using Data::TRecordChange;
 using Terminal::TFormatter;
 using Terminal::TMarketDataFormatter;
-using Terminal::TRecordChange;
 
 class Formats : public testing::Test {
 protected:
@@ -19,7 +19,7 @@ protected:
   }
 
   const Terminal::TRecord& Record(std::vector<std::pair<int, std::optional<std::string>>> fields) {
-    TRecordChange change;
+    Data::TRecordChange change;
     change.Symbol = "S" + std::to_string(++made_);
     change.Fields = std::move(fields);
     Adapter.Apply(change);
@@ -156,7 +156,7 @@ TEST_F(Formats, APriceTextThatIsNotPlainIsReadAsANumberOrShownAsItStands) {
 TEST_F(Formats, APriceIsRefusedWithoutAReadyRecordFieldAndText) {
   EXPECT_EQ(Price(Record({{1, ""}}), 1), "refused");
   EXPECT_EQ(Price(Record({{2, "5"}}), 1), "refused");
-  TRecordChange rejected;
+  Data::TRecordChange rejected;
   rejected.Symbol = "X";
   rejected.State = 2;
   rejected.Fields = {{1, "5"}, {17, "5"}, {48, "5"}, {130, "5"}, {3, "5"}, {31, "4"}};
@@ -170,7 +170,7 @@ TEST_F(Formats, APriceIsRefusedWithoutAReadyRecordFieldAndText) {
 }
 
 TEST_F(Formats, APriceOfASymbolFollowsItsSpreadTableOrThePrecisionAskedFor) {
-  TRecordChange change;
+  Data::TRecordChange change;
   change.Symbol = "700";
   change.Fields = {{73, "01"}, {3, "60"}};
   Adapter.Apply(change);

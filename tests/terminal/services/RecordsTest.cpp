@@ -7,8 +7,8 @@
 namespace {
 
 using Basesubscribedata::TCustomSubItem;
+using Data::TRecordChange;
 using Markettradesidedetector::TTrade;
-using Terminal::TRecordChange;
 
 class TOwner : public System::TObject {};
 
@@ -18,9 +18,9 @@ protected:
     return Adapter.Subscribe(symbol, "PRCDDS", true);
   }
 
-  static TRecordChange Change(std::string symbol,
-                              std::vector<std::pair<int, std::optional<std::string>>> fields) {
-    TRecordChange change;
+  static Data::TRecordChange
+  Change(std::string symbol, std::vector<std::pair<int, std::optional<std::string>>> fields) {
+    Data::TRecordChange change;
     change.Symbol = std::move(symbol);
     change.Fields = std::move(fields);
     return change;
@@ -47,7 +47,7 @@ TEST_F(Records, AnUpdateMakesTheRecordReadyUnlessItSaysOtherwise) {
   Adapter.Apply(Change("700", {{1, "318.2"}}));
   EXPECT_EQ(subscribed->GetState(), 1);
   EXPECT_EQ(subscribed->GetText(1), "318.2");
-  TRecordChange rejected;
+  Data::TRecordChange rejected;
   rejected.Symbol = "9999";
   rejected.State = 2;
   rejected.Status = "Unknown stock";

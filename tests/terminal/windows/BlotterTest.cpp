@@ -1,7 +1,7 @@
 #include "terminal/windows/Blotter.h"
 
+#include "data/Orders.h"
 #include "host/ConstDef.h"
-#include "terminal/market/OrderRequest.h"
 #include "terminal/script/Input.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/StepEdit.h"
@@ -11,7 +11,7 @@
 namespace Terminal {
 namespace {
 
-using namespace Market;
+using namespace Data;
 using TModel = TOrdersModel;
 
 class Blotter : public testing::Test {
@@ -20,7 +20,7 @@ protected:
     Services.Market.DefineSpreadTables({{"01", 1, {{100, 200, 0.1}}}});
     Services.Market.DefineInstrument("700", "HKD", "TESTCO");
     Services.Market.DefineInstrument("80700", "CNY", "TESTCO-R");
-    TRecordChange change;
+    Data::TRecordChange change;
     change.Symbol = "700";
     change.Fields = {{3, "101.2"}, {24, "500"}, {73, "01"}};
     Services.Subscriptions.Apply(change);

@@ -82,9 +82,9 @@ TEST_F(MainWindow, SpacePlaysAndPauses) {
   window->show();
   Input::Activate(window.get());
   Input::PressKey(window.get(), Qt::Key_Space);
-  EXPECT_EQ(Player.State(), MarketPlayer::TState::Playing);
+  EXPECT_EQ(Player.State(), TMarketPlayer::TState::Playing);
   Input::PressKey(window.get(), Qt::Key_Space);
-  EXPECT_EQ(Player.State(), MarketPlayer::TState::Paused);
+  EXPECT_EQ(Player.State(), TMarketPlayer::TState::Paused);
 }
 
 TEST_F(MainWindow, MarksASimulatedMarketWhereTheTraderLooks) {
@@ -284,7 +284,7 @@ TEST_F(MainWindow, SpacePressesTheButtonThatHasTheKeyboard) {
   buy->setFocus();
   Input::PressKey(buy, Qt::Key_Space);
   EXPECT_TRUE(buy->isChecked());
-  EXPECT_EQ(Player.State(), MarketPlayer::TState::Closed);
+  EXPECT_EQ(Player.State(), TMarketPlayer::TState::Closed);
 }
 
 class MainWindowTools : public MainWindow {

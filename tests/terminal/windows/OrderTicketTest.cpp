@@ -1,9 +1,9 @@
 #include "terminal/windows/OrderTicket.h"
 
+#include "data/Orders.h"
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
 #include "platform/Colour.h"
-#include "terminal/market/OrderRequest.h"
 #include "terminal/script/Input.h"
 
 #include <QtTest>
@@ -13,7 +13,7 @@
 namespace Terminal {
 namespace {
 
-using namespace Market;
+using namespace Data;
 
 class OrderTicket : public testing::Test {
 protected:
@@ -21,7 +21,7 @@ protected:
     Services.Market.DefineSpreadTables({{"01", 1, {{0.25, 0.5, 0.005}, {100, 200, 0.1}}}});
     Services.Market.DefineInstrument("700", "HKD", "TESTCO");
     Services.Market.DefineInstrument("5", "HKD", "Bank");
-    TRecordChange change;
+    Data::TRecordChange change;
     change.Symbol = "700";
     change.Fields = {{3, "101.2"}, {24, "500"}, {73, "01"}};
     Services.Subscriptions.Apply(change);

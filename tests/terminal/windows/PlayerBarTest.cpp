@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 
 class PlayerBar : public testing::Test {
 protected:
-  void Simulate(TTimeOfDay start) {
+  void Simulate(Text::TTimeOfDay start) {
     Player.Simulate({7, start});
     Player.Step(0);
   }
@@ -56,7 +56,7 @@ protected:
 
   QTemporaryDir Folder;
   TServices Services;
-  MarketPlayer Player;
+  TMarketPlayer Player;
   TMarketFeed Feed{Services, Player};
   TPlayerBar Bar{Player, Feed, nullptr};
 };
@@ -74,7 +74,7 @@ TEST_F(PlayerBar, JumpsToTheClosingAuction) {
 }
 
 TEST_F(PlayerBar, JumpsToTheNextCoolingOffAndNamesItsInstrument) {
-  const QSignalSpy reached(&Player, &MarketPlayer::CoolingOffReached);
+  const QSignalSpy reached(&Player, &TMarketPlayer::CoolingOffReached);
   Simulate(9h + 44min);
   Jump("On to the next VCM cooling-off");
   ASSERT_EQ(reached.size(), 1);

@@ -37,7 +37,7 @@ protected:
 
   void Update(const std::string& symbol,
               std::vector<std::pair<int, std::optional<std::string>>> fields) {
-    TRecordChange change;
+    Data::TRecordChange change;
     change.Symbol = symbol;
     change.Fields = std::move(fields);
     Services.Subscriptions.Apply(change);

@@ -42,7 +42,7 @@ protected:
   QTemporaryDir Folder;
   TServices Services;
   Fixture::TDescriptor Descriptor;
-  MarketPlayer Player;
+  TMarketPlayer Player;
   TMarketFeed Feed{Services, Player};
   TOrderDesk Desk;
   TSavedState State{Folder.filePath(QStringLiteral("state.sqlite"))};

@@ -1,8 +1,8 @@
 #include "terminal/windows/WindowTexts.h"
 
+#include "feed/recording/RecordingWriter.h"
 #include "host/ConstDef.h"
-#include "terminal/MarketPlayer.h"
-#include "terminal/replay/RecordingWriter.h"
+#include "terminal/services/MarketPlayer.h"
 #include "terminal/services/Services.h"
 
 #include <QTemporaryDir>
@@ -48,7 +48,7 @@ TEST(WindowTexts, NameAnInstrumentInTheLanguageOrInTheOneItHas) {
 TEST(WindowTexts, SayWhichFileIsOfNoUseAndWhyInEveryLanguage) {
   TServices services;
   const auto file = QStringLiteral("/home/me/market.jsonl");
-  const QString reason = MarketPlayer().Open(file);
+  const QString reason = TMarketPlayer().Open(file);
   EXPECT_EQ(FileSentence(file, reason),
             QStringLiteral("/home/me/market.jsonl: The file does not exist."));
   services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
@@ -61,19 +61,19 @@ TEST(WindowTexts, SayWhichFileIsOfNoUseAndWhyInEveryLanguage) {
 TEST(WindowTexts, KnowEveryReasonForWhichAFileIsOfNoUse) {
   TServices services;
   services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
-  RecordingWriter writer;
+  Feed::TRecordingWriter writer;
   const QTemporaryDir folder;
   std::vector<std::string> reasons{
-      MarketPlayer().Open(QStringLiteral("/nowhere/at/all.jsonl")).toStdString(),
-      MarketPlayer().Open(folder.path()).toStdString(), writer.Open("/nowhere/at/all.jsonl", {}),
+      TMarketPlayer().Open(QStringLiteral("/nowhere/at/all.jsonl")).toStdString(),
+      TMarketPlayer().Open(folder.path()).toStdString(), writer.Open("/nowhere/at/all.jsonl", {}),
       writer.Close()};
-  RecordingParser parser;
+  Feed::TRecordingParser parser;
   for (std::string line : {"\xff", "{", R"({"s":"5"})", R"({"t":"10:00:00"})"}) {
     const std::size_t length = line.size();
-    line.resize(length + RecordingParser::Padding);
+    line.resize(length + Feed::TRecordingParser::Padding);
     const auto parsed = parser.Parse(std::string_view(line).substr(0, length));
-    ASSERT_TRUE(std::holds_alternative<TParseError>(parsed)) << line;
-    reasons.push_back(std::get<TParseError>(parsed).Sentence);
+    ASSERT_TRUE(std::holds_alternative<Feed::TParseError>(parsed)) << line;
+    reasons.push_back(std::get<Feed::TParseError>(parsed).Sentence);
   }
   for (const auto& reason : reasons) {
     EXPECT_NE(reason, "");
@@ -90,9 +90,9 @@ TEST(WindowTexts, PutAMarkFirstInATitle) {
 TEST(WindowTexts, EveryStatusOfAnOrderHasATextOfItsOwn) {
   TServices services;
   std::set<QString> texts;
-  for (const auto status : {Market::TOrderStatus::Working, Market::TOrderStatus::PartlyFilled,
-                            Market::TOrderStatus::Filled, Market::TOrderStatus::Cancelled,
-                            Market::TOrderStatus::Rejected}) {
+  for (const auto status :
+       {Data::TOrderStatus::Working, Data::TOrderStatus::PartlyFilled, Data::TOrderStatus::Filled,
+        Data::TOrderStatus::Cancelled, Data::TOrderStatus::Rejected}) {
     texts.insert(WindowText(StatusKey(status)));
     EXPECT_NE(WindowText(StatusKey(status)), QString());
   }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "feed/recording/RecordedEvent.h"
+
+#include <filesystem>
+#include <fstream>
+
+namespace Feed {
+
+/// Writes a recording. A change with several trades becomes several lines of the same time, since
+/// a line holds one.
+class TRecordingWriter {
+public:
+  /// Creates the file, or empties it, and writes the header. Empty when that worked; otherwise what
+  /// is wrong, in one sentence.
+  std::string Open(const std::filesystem::path& path, const TReferenceData& header);
+
+  /// A time before the last one, as after a clock was set back, is written as the last one: a
+  /// recording is in order of time. A change without a symbol is not written.
+  void Write(TTimeOfDay time, const TRecordChange& change);
+
+  /// Empty when every line reached the file; otherwise what is wrong, in one sentence.
+  std::string Close();
+
+private:
+  std::ofstream file_;
+  TTimeOfDay lastTime_{};
+};
+
+} // namespace Feed

@@ -1,3 +1,0 @@
-#include "terminal/TerminalMain.h"
-
-int main(int argc, char** argv) { return Terminal::RunTerminal(argc, argv); }

@@ -1,0 +1,186 @@
+#include "terminal/services/MarketPlayer.h"
+
+#include <QFile>
+
+#include <cmath>
+#include <utility>
+
+namespace Terminal {
+
+TMarketPlayer::TMarketPlayer(QObject* parent) : QObject(parent) {
+  positionTimer_.setInterval(100);
+  connect(&positionTimer_, &QTimer::timeout, this, &TMarketPlayer::TellPosition);
+}
+
+TMarketPlayer::~TMarketPlayer() = default;
+
+QString TMarketPlayer::Open(const QString& path) {
+  Feed::TRecordingSource source;
+  const std::string problem = source.Open(QFile::encodeName(path).toStdString());
+  if (!problem.empty())
+    return QString::fromStdString(problem);
+  Close();
+  path_ = path;
+  Begin(std::make_unique<Feed::TRecordingReader>(std::move(source), [this] { Wake(); }));
+  return {};
+}
+
+void TMarketPlayer::Simulate(const Feed::TSimulation& simulation) {
+  lastSimulation_ = simulation;
+  Close();
+  auto reader = std::make_unique<Feed::TSimulationReader>(lastSimulation_, [this] { Wake(); });
+  simulation_ = reader.get();
+  if (delay_ > Text::TTimeOfDay{})
+    simulation_->SetDelay(delay_);
+  Begin(std::move(reader));
+}
+
+void TMarketPlayer::Begin(std::shared_ptr<Feed::TMarketReader> reader) {
+  reader_ = std::move(reader);
+  reader_->SetSpeed(speed_);
+  reader_->SetAtEnd(atEnd_);
+  TellState();
+}
+
+void TMarketPlayer::Close() {
+  simulation_ = nullptr;
+  reader_.reset();
+  index_.reset();
+  path_.clear();
+  toldPosition_ = {};
+  TellState();
+}
+
+void TMarketPlayer::Play() {
+  if (!reader_)
+    return;
+  reader_->Play();
+  TellState();
+}
+
+void TMarketPlayer::Pause() {
+  if (!reader_)
+    return;
+  reader_->Pause();
+  TellPosition();
+  TellState();
+}
+
+void TMarketPlayer::SetSpeed(double speed) {
+  speed_ =
+      speed == AsFastAsPossible ? speed : std::fmin(std::fmax(speed, SlowestSpeed), FastestSpeed);
+  if (reader_)
+    reader_->SetSpeed(speed_);
+}
+
+void TMarketPlayer::SetAtEnd(Feed::TAtEnd atEnd) {
+  atEnd_ = atEnd;
+  if (reader_)
+    reader_->SetAtEnd(atEnd_);
+}
+
+void TMarketPlayer::Seek(Text::TTimeOfDay time) {
+  if (!reader_)
+    return;
+  reader_->Seek(time);
+  TellState();
+}
+
+void TMarketPlayer::Step(int milliseconds) {
+  if (!reader_)
+    return;
+  reader_->Step(std::chrono::milliseconds(milliseconds));
+  Deliver();
+}
+
+void TMarketPlayer::Jump(Feed::TJump to) {
+  if (!simulation_)
+    return;
+  simulation_->Jump(to);
+  TellState();
+}
+
+void TMarketPlayer::Request(const Data::TOrderRequest& request) {
+  if (simulation_)
+    simulation_->Request(request);
+}
+
+void TMarketPlayer::SetDelay(Text::TTimeOfDay delay) {
+  delay_ = delay;
+  if (simulation_)
+    simulation_->SetDelay(delay);
+}
+
+TMarketPlayer::TState TMarketPlayer::State() const {
+  if (!reader_)
+    return TState::Closed;
+  if (!index_)
+    return TState::Indexing;
+  if (reader_->IsPlaying())
+    return TState::Playing;
+  return reader_->IsAtEnd() ? TState::Finished : TState::Paused;
+}
+
+Text::TTimeOfDay TMarketPlayer::Position() const {
+  return index_ ? reader_->Position() : Text::TTimeOfDay{};
+}
+Text::TTimeOfDay TMarketPlayer::Start() const {
+  return index_ ? index_->Start : Text::TTimeOfDay{};
+}
+Text::TTimeOfDay TMarketPlayer::End() const { return index_ ? index_->End : Text::TTimeOfDay{}; }
+
+/// On the reader's thread.
+void TMarketPlayer::Wake() {
+  QMetaObject::invokeMethod(this, &TMarketPlayer::Deliver, Qt::QueuedConnection);
+}
+
+/// Tells the news of the reading thread. A slot may open, close or seek meanwhile: what is told
+/// here is this function's own, and the rest of it is dropped when its reader is gone.
+void TMarketPlayer::Deliver() {
+  if (!reader_)
+    return;
+  const std::weak_ptr<Feed::TMarketReader> teller = reader_;
+  const auto tell = [this, &teller](auto signal, const auto&... what) {
+    if (!teller.expired())
+      (this->*signal)(what...);
+  };
+  const Feed::TReaderNews news = reader_->Take();
+  batchTime_ = news.Time;
+  for (const Feed::TReaderProgress& progress : news.Progress)
+    tell(&TMarketPlayer::Progress, progress.Activity, progress.PerCent);
+  if (news.Index && !teller.expired()) {
+    index_ = news.Index;
+    emit HeaderRead(news.Index->Header);
+  }
+  if (news.Reset)
+    tell(&TMarketPlayer::Reset);
+  if (!news.Changes.empty())
+    tell(&TMarketPlayer::Batch, news.Changes);
+  for (const Data::TOrderReport& report : news.Reports)
+    tell(&TMarketPlayer::Reported, report);
+  if (!news.CoolingOff.empty())
+    tell(&TMarketPlayer::CoolingOffReached, QString::fromStdString(news.CoolingOff));
+  if (news.Reset || State() != TState::Playing)
+    TellPosition();
+  if (news.Finished)
+    tell(&TMarketPlayer::Finished);
+  TellState();
+}
+
+void TMarketPlayer::TellPosition() {
+  const Text::TTimeOfDay position = Position();
+  if (std::exchange(toldPosition_, position) != position)
+    emit PositionChanged(position);
+}
+
+void TMarketPlayer::TellState() {
+  const TState state = State();
+  if (state != TState::Playing)
+    positionTimer_.stop();
+  else if (!positionTimer_.isActive())
+    positionTimer_.start();
+  if (std::exchange(toldState_, state) != state)
+    emit StateChanged(state);
+}
+
+} // namespace Terminal

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "feed/recording/RecordingWriter.h"
+#include "terminal/services/MarketFeed.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace Terminal {
+
+/// Records the market that is played: first everything as it stands, then every change. A jump of
+/// the player ends the recording, since no market jumps.
+class TMarketRecorder : public QObject {
+  Q_OBJECT
+
+public:
+  /// Both outlive the recorder.
+  TMarketRecorder(const TMarketPlayer& player, const TMarketFeed& feed);
+
+  bool IsRecording() const { return writer_ != nullptr; }
+  /// That is being recorded, or was last.
+  const std::string& File() const { return file_; }
+  /// Empty when `file` is being written now; otherwise one sentence.
+  std::string Start(const std::string& file);
+  /// Empty when everything is in the file, or nothing was being recorded; otherwise one sentence.
+  std::string Stop();
+
+signals:
+  /// The recording ended by itself; `error` is empty or one sentence.
+  void Ended(const QString& error);
+
+private:
+  void Write(Text::TTimeOfDay time, const std::vector<Data::TRecordChange>& changes);
+
+  const TMarketPlayer& player_;
+  const TMarketFeed& feed_;
+  std::unique_ptr<Feed::TRecordingWriter> writer_;
+  std::string file_;
+};
+
+} // namespace Terminal

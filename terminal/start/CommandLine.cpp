@@ -1,0 +1,117 @@
+#include "terminal/start/CommandLine.h"
+
+#include <charconv>
+#include <cmath>
+#include <functional>
+#include <map>
+
+namespace Terminal {
+
+namespace {
+
+/// Takes an option's value over; false when it is none of those that the option takes.
+using TTakeValue = std::function<bool(const std::string& value)>;
+
+TTakeValue TakeText(std::optional<std::string>& text) {
+  return [&text](const std::string& value) {
+    text = value;
+    return !value.empty();
+  };
+}
+
+std::optional<double> PositiveNumber(const std::string& text) {
+  double number = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end || !std::isfinite(number) || number <= 0)
+    return {};
+  return number;
+}
+
+TTakeValue TakeSeed(std::uint64_t& seed) {
+  return [&seed](const std::string& value) {
+    const char* end = value.data() + value.size();
+    const auto [stop, error] = std::from_chars(value.data(), end, seed);
+    return error == std::errc() && stop == end;
+  };
+}
+
+/// A moment of the simulated day.
+TTakeValue TakeMoment(Text::TTimeOfDay& moment) {
+  return [&moment](const std::string& value) {
+    const auto time = Text::ParseTimeOfDay(value);
+    moment = time.value_or(Text::TTimeOfDay{});
+    return time && *time >= Market::DayStart && *time <= Market::DayEnd;
+  };
+}
+
+std::map<std::string, TTakeValue> OptionsInto(TCommandLine& line) {
+  return {
+      {"--script", TakeText(line.Script)},
+      {"--snapshot", TakeText(line.Snapshot)},
+      {"--replay", TakeText(line.Replay)},
+      {"--symbol", TakeText(line.Symbol)},
+      {"--package", TakeText(line.Package)},
+      {"--record", TakeText(line.Record)},
+      {"--seed", TakeSeed(line.Simulation.Seed)},
+      {"--start", TakeMoment(line.Simulation.Start)},
+      {"--speed",
+       [&line](const std::string& value) {
+         const auto speed = PositiveNumber(value);
+         line.Speed = speed.value_or(1);
+         return speed.has_value();
+       }},
+      {"--seconds",
+       [&line](const std::string& value) {
+         constexpr double wholeDay = 24 * 60 * 60;
+         line.Seconds = PositiveNumber(value);
+         return line.Seconds && *line.Seconds <= wholeDay;
+       }},
+      {"--mode",
+       [&line](const std::string& value) {
+         line.Levels = value == "5" ? 5 : 10;
+         return value == "5" || value == "10";
+       }},
+  };
+}
+
+} // namespace
+
+std::variant<TCommandLine, std::string> ParseCommandLine(const std::vector<std::string>& options) {
+  TCommandLine line;
+  const auto known = OptionsInto(line);
+  for (std::size_t i = 0; i < options.size(); ++i) {
+    if (options[i] == "--help") {
+      line.Help = true;
+      continue;
+    }
+    const auto option = known.find(options[i]);
+    if (option == known.end())
+      return "There is no option \"" + options[i] + "\"; --help lists those there are.";
+    if (i + 1 == options.size())
+      return "The option " + options[i] + " needs a value.";
+    const std::string& value = options[++i];
+    if (!option->second(value))
+      return "The option " + option->first + " does not take the value \"" + value + "\".";
+  }
+  return line;
+}
+
+std::string CommandLineHelp() {
+  return "quorterminal [OPTION VALUE]...\n"
+         "  --symbol SYMBOL   what the first view shows\n"
+         "  --mode 5|10       its price levels (10)\n"
+         "  --replay FILE     plays a recorded market instead of the simulated one\n"
+         "  --seed N          which simulated day: the same number, the same day\n"
+         "  --start HH:MM:SS  where in the simulated day to begin, 09:00:00 to 16:10:00\n"
+         "  --speed X         plays X times as fast as the market was (1)\n"
+         "  --snapshot FILE   writes a picture of the view and ends\n"
+         "  --seconds N       how long to run where there is no display (10), before a snapshot\n"
+         "                    (3), and to record (60)\n"
+         "  --record FILE     records --seconds of the simulated market as fast as it can, every\n"
+         "                    change at its moment, and ends\n"
+         "  --script FILE     carries out a script, - reads it from standard input\n"
+         "  --package FILE    loads another package than the quorprice.so beside the program\n";
+}
+
+} // namespace Terminal

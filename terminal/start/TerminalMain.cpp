@@ -1,0 +1,244 @@
+#include "terminal/start/TerminalMain.h"
+
+#include "host/ConstDef.h"
+
+#include "terminal/script/ScriptDriver.h"
+#include "terminal/script/ScriptSession.h"
+#include "terminal/start/CommandLine.h"
+#include "terminal/start/Headless.h"
+#include "terminal/start/PackageLoader.h"
+#include "terminal/start/SimulationRecording.h"
+#include "terminal/trading/OrderDesk.h"
+#include "terminal/windows/LayoutSymbol.h"
+#include "terminal/windows/MainWindow.h"
+#include "terminal/windows/SkippedLines.h"
+#include "terminal/windows/StoreSentence.h"
+#include "terminal/windows/TerminalStyle.h"
+#include "terminal/windows/WindowTexts.h"
+
+#include <QApplication>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+namespace Terminal {
+
+namespace {
+
+constexpr int StatusFailed = 1;
+constexpr int StatusNoScript = 2;
+constexpr double HeadlessSeconds = 10;
+constexpr double RecordedSeconds = 60;
+constexpr double SnapshotSeconds = 3;
+constexpr const char* PackageFile = "quorprice.so";
+constexpr const char* HeadlessPicture = "quorterminal.png";
+
+int Fail(const std::string& sentence, int status = StatusFailed) {
+  std::cerr << sentence << std::endl;
+  return status;
+}
+
+/// The platform without a display cannot do some of what windows ask of it, and need not.
+void DropPlatformNoise(QtMsgType, const QMessageLogContext&, const QString& message) {
+  if (!message.startsWith(QLatin1String("This plugin does not support")) &&
+      !message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR")))
+    std::cerr << message.toStdString() << std::endl;
+}
+
+int StatusOf(const std::string& error) { return error.empty() ? 0 : Fail(error); }
+
+std::string PackageOf(const TCommandLine& line) {
+  const auto beside = QApplication::applicationDirPath().toStdString() + "/" + PackageFile;
+  return line.Package.value_or(beside);
+}
+
+bool HasDisplay() {
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+    if (!qEnvironmentVariableIsEmpty(name))
+      return true;
+  return false;
+}
+
+/// The market that is played: the simulated one, or the recording of the command line.
+class TMarket {
+public:
+  explicit TMarket(TServices& services) : Feed(services, Player) {
+    Desk.Follow(Player);
+    services.Profile.Grant(
+        {std::string(Constdef::Function_QuorPrice), std::string(Constdef::Function_Chart)});
+  }
+
+  /// Empty, or one sentence.
+  std::string Open(const TCommandLine& line) {
+    Player.SetSpeed(line.Speed);
+    Player.SetAtEnd(line.Replay ? Feed::TAtEnd::Stop : Feed::TAtEnd::StartOver);
+    if (!line.Replay) {
+      Player.Simulate(line.Simulation);
+      return {};
+    }
+    const QString file = QString::fromStdString(*line.Replay);
+    return FileSentence(file, Player.Open(file)).toStdString();
+  }
+
+  TMarketPlayer Player;
+  TMarketFeed Feed;
+  TOrderDesk Desk;
+};
+
+/// Layout data of the view that is opened on `symbol`.
+std::string FirstLayout(TServices& services, const TCommandLine& line, const QString& symbol) {
+  if (line.Symbol)
+    services.Symbols.Add(*line.Symbol);
+  constexpr int fiveLevels = 0;
+  constexpr int tenLevels = 2;
+  const int mode = line.Levels == 5 ? fiveLevels : tenLevels;
+  return SymbolItem(line.Symbol.value_or(symbol.toStdString())) +
+         ",DisplayMode=" + std::to_string(mode);
+}
+
+int RunScript(TServices& services, Baseview::TIBaseView& descriptor, std::istream& script) {
+  TScriptSession session(services, descriptor);
+  return TScriptDriver(session).Run(script, std::cout) ? 0 : StatusFailed;
+}
+
+std::string Record(const TCommandLine& line) {
+  const std::chrono::duration<double> length(line.Seconds.value_or(RecordedSeconds));
+  const std::string error = RecordSimulation(
+      line.Simulation, std::chrono::duration_cast<Text::TTimeOfDay>(length), *line.Record);
+  return error.empty() ? error : *line.Record + ": " + error;
+}
+
+/// Linked views follow their own group only; views in no group follow what is broadcast.
+constexpr const char* GroupDataMode = "1";
+
+void RestoreSettings(TServices& services, TSavedState& state) {
+  services.Config.Load(Constdef::Section_TradePlatform, Constdef::Key_DefaultGroupDataMode,
+                       GroupDataMode);
+  state.Follow(services.Config);
+  services.Languages.SetLanguage(
+      services.Config.ReadInteger(Constdef::Section_TradePlatform, "Language"));
+  services.Skin.SelectPriceColours(
+      services.Config.ReadString(Constdef::Section_TradePlatform, "PriceColours"));
+  services.Skin.Select(services.Config.ReadString(Constdef::Section_TradePlatform, "Skin"));
+  if (const QString sentence = StoreSentence(state); !sentence.isEmpty())
+    std::cerr << sentence.toStdString() << std::endl;
+}
+
+int RunHeadless(TServices& services, Baseview::TIBaseView& descriptor, const TCommandLine& line) {
+  TSavedState state(TSavedState::DefaultFile());
+  RestoreSettings(services, state);
+  TMarket market(services);
+  QString symbol;
+  QObject::connect(&market.Feed, &TMarketFeed::Started,
+                   [&symbol](const QString& first) { symbol = first; });
+  if (const std::string error = market.Open(line); !error.empty())
+    return Fail(error);
+  market.Player.Step(0);
+  for (const auto& skipped : SkippedLines(*market.Player.Index()))
+    std::cerr << skipped << std::endl;
+  services.Config.SetLayoutReady(true);
+  TViewHost views(descriptor, [&] {
+    return SettingsAt(
+        services.Languages.CurrentLanguage(),
+        services.Config.ReadInteger(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize));
+  });
+  auto* view = views.Open(FirstLayout(services, line, symbol));
+  if (!view)
+    return Fail("The package opens no view.");
+  view->show();
+  const double seconds = line.Seconds.value_or(line.Snapshot ? SnapshotSeconds : HeadlessSeconds);
+  const std::chrono::milliseconds time(std::lround(seconds * 1000));
+  const THeadlessRun run{market.Player, market.Feed, *view, time};
+  return StatusOf(line.Snapshot ? WriteSnapshot(run, QString::fromStdString(*line.Snapshot))
+                                : PlayToConsole(run, QString::fromLatin1(HeadlessPicture)));
+}
+
+int RunWindow(TServices& services, Baseview::TIBaseView& descriptor, const TCommandLine& line) {
+  TSavedState state(TSavedState::DefaultFile());
+  RestoreSettings(services, state);
+  TMarket market(services);
+  if (const int type = services.Config.ReadInteger(Constdef::Section_TradePlatform, "FeedType"))
+    market.Feed.SetFeedType(type);
+  TMainWindow window({services, descriptor, market.Player, market.Feed, state, market.Desk});
+  QObject::connect(
+      &market.Feed, &TMarketFeed::Started, &window,
+      [&](const QString& symbol) {
+        const bool isAskedFor = line.Symbol || line.Levels || line.Replay;
+        window.RestoreViews(FirstLayout(services, line, symbol),
+                            isAskedFor ? TFirstView::AsTold : TFirstView::AsSaved);
+      },
+      Qt::SingleShotConnection);
+  if (const std::string error = market.Open(line); !error.empty())
+    return Fail(error);
+  market.Player.Play();
+  window.show();
+  return QApplication::exec();
+}
+
+int Run(const TCommandLine& line, std::istream& script, bool hasDisplay) {
+  TServices services;
+  auto loaded = LoadPackage(PackageOf(line));
+  if (const auto* sentence = std::get_if<std::string>(&loaded))
+    return Fail(*sentence);
+  auto& descriptor = std::get<std::unique_ptr<TPackage>>(loaded)->Descriptor();
+  if (line.Script)
+    return RunScript(services, descriptor, script);
+  if (line.Snapshot || !hasDisplay)
+    return RunHeadless(services, descriptor, line);
+  return RunWindow(services, descriptor, line);
+}
+
+bool OpenScript(const std::string& name, std::ifstream& file) {
+  std::error_code ignored;
+  if (!std::filesystem::is_directory(name, ignored))
+    file.open(name, std::ios::binary);
+  return file.is_open();
+}
+
+bool CanReadStandardInput() {
+  struct stat input {};
+  return fstat(STDIN_FILENO, &input) == 0 && !S_ISDIR(input.st_mode);
+}
+
+/// Scripts and snapshots never show a window, whatever display there is.
+void ChoosePlatform(const TCommandLine& line, bool hasDisplay) {
+  const bool isSilent = line.Script || line.Snapshot;
+  if (!isSilent && hasDisplay)
+    return;
+  if (!isSilent)
+    std::cerr << "There is no display, so the terminal runs without windows." << std::endl;
+  qInstallMessageHandler(DropPlatformNoise);
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+} // namespace
+
+int RunTerminal(int argc, char** argv) {
+  const auto parsed = ParseCommandLine({argv + 1, argv + argc});
+  if (const auto* sentence = std::get_if<std::string>(&parsed))
+    return Fail(*sentence);
+  const auto& line = std::get<TCommandLine>(parsed);
+  if (line.Help) {
+    std::cout << CommandLineHelp();
+    return 0;
+  }
+  if (line.Record)
+    return StatusOf(Record(line));
+  std::ifstream file;
+  if (line.Script &&
+      !(*line.Script == "-" ? CanReadStandardInput() : OpenScript(*line.Script, file)))
+    return Fail("The script " + *line.Script + " cannot be read.", StatusNoScript);
+  const bool hasDisplay = HasDisplay();
+  ChoosePlatform(line, hasDisplay);
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("quorterminal"));
+  QApplication::setStyle(new TTerminalStyle);
+  return Run(line, file.is_open() ? static_cast<std::istream&>(file) : std::cin, hasDisplay);
+}
+
+} // namespace Terminal

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "terminal/store/FileLock.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class QSqlDatabase;
+class QSqlQuery;
+
+namespace Terminal {
+
+class TConfigStore;
+struct TConfigValue;
+
+/// A view as it is put back at the next start.
+struct TSavedView {
+  std::string LayoutData;
+  std::string Group; ///< linking group; empty for none
+};
+
+/// The open views, in their order, and how the window is arranged.
+struct TSavedLayout {
+  std::vector<TSavedView> Views;
+  QByteArray Geometry; ///< of the main window
+  QByteArray Docks;
+};
+
+/// What there is to say of the store.
+enum class TStoreStatus {
+  Kept,    ///< nothing: it is read, and changes are kept
+  InUse,   ///< another terminal keeps its changes there; what is stored is read, nothing is kept
+  Damaged, ///< it could not be read and was set aside; changes are kept in a new one
+  Newer,   ///< it is of a later version and was set aside; changes are kept in a new one
+  Unusable ///< it cannot be opened, or a change could not be written
+};
+
+/// What survives a run, and a crash: configuration, open views and the window's arrangement, in a
+/// database file of the user. What is stored together is in the file as a whole or not at all, at
+/// whatever moment the terminal is killed, and is there for good once the storing is done.
+class TSavedState {
+public:
+  /// Opens the database, making it when there is none. Only one holds it to keep changes; a lock
+  /// beside the file says who.
+  explicit TSavedState(const QString& file);
+  ~TSavedState();
+  TSavedState(const TSavedState&) = delete;
+  TSavedState& operator=(const TSavedState&) = delete;
+
+  /// The file in the user's data folder.
+  static QString DefaultFile();
+
+  TStoreStatus Status() const { return status_; }
+  const QString& File() const { return file_; }
+  /// The name that a store set aside was given, or why it is unusable; otherwise empty.
+  const QString& Detail() const { return detail_; }
+
+  /// Puts all stored values into `config` and stores those written from now on. The state
+  /// outlives the writing.
+  void Follow(TConfigStore& config);
+
+  /// Empty when none was stored.
+  TSavedLayout Layout() const;
+  void StoreLayout(const TSavedLayout& layout);
+
+  /// Called when the store becomes unusable while it is kept; once.
+  std::function<void()> OnLost;
+
+private:
+  QSqlDatabase Database() const;
+  void OpenToRead();
+  void OpenToKeep();
+  TStoreStatus Examine();
+  bool SetAside(TStoreStatus reason);
+  void CreateTables();
+  void StoreConfig(const std::vector<TConfigValue>& values);
+  QSqlQuery Select(const QString& statement) const;
+  bool Run(const QString& statement, const QVariantList& values = {});
+  void StoreTogether(const std::function<bool()>& statements);
+  void Lose(const QString& reason);
+
+  QString file_;
+  TFileLock lock_;
+  QString connection_; ///< the toolkit's name of the open database
+  TStoreStatus status_ = TStoreStatus::Kept;
+  QString detail_;
+  QString lastError_;
+  bool keeps_ = false;
+};
+
+} // namespace Terminal

@@ -1,0 +1,97 @@
+#include "terminal/start/CommandLine.h"
+#include "terminal/start/PackageLoader.h"
+#include "tests/Paths.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace Terminal {
+namespace {
+
+TCommandLine Parsed(const std::vector<std::string>& options) {
+  const auto line = ParseCommandLine(options);
+  EXPECT_TRUE(std::holds_alternative<TCommandLine>(line));
+  return std::get<TCommandLine>(line);
+}
+
+std::string Sentence(const std::vector<std::string>& options) {
+  const auto line = ParseCommandLine(options);
+  return std::holds_alternative<std::string>(line) ? std::get<std::string>(line) : "";
+}
+
+TEST(CommandLine, TakesEveryOption) {
+  const auto line = Parsed({"--script",  "-",        "--snapshot", "a.png",  "--replay", "b.jsonl",
+                            "--symbol",  "700",      "--package",  "c.so",   "--speed",  "2.5",
+                            "--seconds", "3",        "--mode",     "5",      "--seed",   "12",
+                            "--start",   "09:31:00", "--record",   "d.jsonl"});
+  EXPECT_EQ(line.Script, "-");
+  EXPECT_EQ(line.Snapshot, "a.png");
+  EXPECT_EQ(line.Replay, "b.jsonl");
+  EXPECT_EQ(line.Symbol, "700");
+  EXPECT_EQ(line.Package, "c.so");
+  EXPECT_EQ(line.Speed, 2.5);
+  EXPECT_EQ(line.Seconds, 3);
+  EXPECT_EQ(line.Levels, 5);
+  EXPECT_EQ(line.Simulation.Seed, 12u);
+  EXPECT_EQ(line.Simulation.Start, std::chrono::hours(9) + std::chrono::minutes(31));
+  EXPECT_EQ(line.Record, "d.jsonl");
+}
+
+TEST(CommandLine, PlaysInRealTimeUnlessTold) {
+  const auto line = Parsed({});
+  EXPECT_EQ(line.Speed, 1);
+  EXPECT_FALSE(line.Script || line.Snapshot || line.Replay || line.Seconds || line.Levels);
+}
+
+TEST(CommandLine, SaysWhichOptionIsWrong) {
+  EXPECT_EQ(Sentence({"--fly"}), "There is no option \"--fly\"; --help lists those there are.");
+  EXPECT_EQ(Sentence({"--symbol"}), "The option --symbol needs a value.");
+  for (const char* value : {"0", "-1", "fast", "1x", "inf", ""})
+    EXPECT_EQ(Sentence({"--speed", value}), std::string("The option --speed does not take the "
+                                                        "value \"") +
+                                                value + "\".");
+  for (const char* time : {"08:59:59", "16:10:01", "ten", ""})
+    EXPECT_EQ(Sentence({"--start", time}), std::string("The option --start does not take the value "
+                                                       "\"") +
+                                               time + "\".");
+  EXPECT_EQ(Sentence({"--seed", "-1"}), "The option --seed does not take the value \"-1\".");
+  EXPECT_EQ(Sentence({"--mode", "7"}), "The option --mode does not take the value \"7\".");
+}
+
+TEST(CommandLine, HelpNamesEveryOption) {
+  for (const char* option : {"--script", "--snapshot", "--replay", "--symbol", "--package",
+                             "--speed", "--seconds", "--mode", "--seed", "--start", "--record"})
+    EXPECT_NE(CommandLineHelp().find(option), std::string::npos) << option;
+}
+
+std::string LoadError(const std::string& file) {
+  auto loaded = LoadPackage(file);
+  return std::holds_alternative<std::string>(loaded) ? std::get<std::string>(loaded) : "";
+}
+
+TEST(PackageLoader, SaysThatThereIsNoFile) {
+  EXPECT_EQ(LoadError("/nowhere/price.so"), "There is no package /nowhere/price.so.");
+}
+
+TEST(PackageLoader, SaysThatAFolderIsNoPackage) {
+  EXPECT_EQ(LoadError("/tmp"), "/tmp is not a package: it is not a file.");
+}
+
+TEST(PackageLoader, SaysThatATextIsNoPackage) {
+  const QTemporaryDir folder;
+  const std::string file = folder.filePath(QStringLiteral("text.so")).toStdString();
+  std::ofstream(file) << "not a library";
+  EXPECT_EQ(LoadError(file).find(file + " is not a package: it cannot be loaded ("), 0u);
+}
+
+TEST(PackageLoader, SaysThatALibraryWithoutTheFunctionsIsNoPackage) {
+  const std::string file = QUOR_BINARY_DIR "/bin/libquor_host.so";
+  EXPECT_EQ(LoadError(file),
+            file + " is not a package: it has no function quorPackageContractVersion.");
+}
+
+} // namespace
+} // namespace Terminal
