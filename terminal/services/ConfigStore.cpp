@@ -1,17 +1,9 @@
 #include "terminal/services/ConfigStore.h"
 
-#include "terminal/services/NumberTexts.h"
+#include "text/Numbers.h"
+#include "text/Strings.h"
 
 namespace Terminal {
-
-namespace {
-
-bool EqualsIgnoringCase(std::string_view text, std::string_view lower) {
-  return std::equal(text.begin(), text.end(), lower.begin(), lower.end(),
-                    [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a + 32 : a) == b; });
-}
-
-} // namespace
 
 void TConfigStore::RegisterListener(System::TDataEvent handler, const System::TObject* owner) {
   listeners_.Set(owner, std::move(handler));
@@ -28,12 +20,13 @@ std::string TConfigStore::ReadString(std::string_view section, std::string_view 
 }
 
 int TConfigStore::ReadInteger(std::string_view section, std::string_view key) {
-  return ParseInteger(ReadString(section, key)).value_or(0);
+  return Text::ParseInteger(ReadString(section, key)).value_or(0);
 }
 
 bool TConfigStore::ReadBoolean(std::string_view section, std::string_view key) {
   const auto text = ReadString(section, key);
-  return text == "1" || EqualsIgnoringCase(text, "y") || EqualsIgnoringCase(text, "true");
+  return text == "1" || Text::EqualsIgnoringCase(text, "y") ||
+         Text::EqualsIgnoringCase(text, "true");
 }
 
 void TConfigStore::WriteString(std::string_view section, std::string_view key,

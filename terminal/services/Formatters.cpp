@@ -2,7 +2,8 @@
 
 #include "host/ConstDef.h"
 #include "host/RecordFields.h"
-#include "terminal/services/NumberTexts.h"
+#include "text/Numbers.h"
+#include "text/Strings.h"
 
 #include <algorithm>
 #include <cmath>
@@ -47,7 +48,7 @@ std::optional<TMove> MoveOf(const TCustomSubItem& record) {
 }
 
 void WritePercent(std::string& text, double percent) {
-  WriteNumber(text, percent, 2, 2, TGrouping::None, TSign::Always);
+  Text::WriteNumber(text, percent, 2, 2, Text::TGrouping::None, Text::TSign::Always);
   text += '%';
 }
 
@@ -64,34 +65,34 @@ std::optional<int> PriceDecimals(const TCustomSubItem& record, TMarketAdapter& m
 std::string TFormatter::FormatNumber(double value, int flag) {
   const int decimals = flag == 0 ? 0 : 2;
   std::string text;
-  WriteNumber(text, value, decimals, decimals, TGrouping::Thousands);
+  Text::WriteNumber(text, value, decimals, decimals, Text::TGrouping::Thousands);
   return text;
 }
 
 std::string TFormatter::FormatQuantity(double value) {
   std::string text;
-  WriteNumber(text, value, 0, MaxDecimals, TGrouping::Thousands);
+  Text::WriteNumber(text, value, 0, Text::MaxDecimals, Text::TGrouping::Thousands);
   return text;
 }
 
 std::string TFormatter::FormatAmount(std::string_view, double value) {
   // What would not fit a column of figures is shortened.
   if (std::abs(value) >= ShortenedFrom)
-    return AbbreviatedNumber(value, 2);
+    return Text::AbbreviatedNumber(value, 2);
   const bool isWhole = std::round(value * 100) == std::round(value) * 100;
   return FormatNumber(value, isWhole ? 0 : 1);
 }
 
 std::string TFormatter::FormatAbbreviatedAmount(double value, int precision) {
-  return AbbreviatedNumber(value, precision);
+  return Text::AbbreviatedNumber(value, precision);
 }
 
 std::string TFormatter::FormatPrice(std::string_view symbol, int precision, double value) {
   const auto* record = precision == 0 ? records_.Find(symbol) : nullptr;
   const int least = record ? PriceDecimals(*record, market_).value_or(0) : 0;
-  const int most = precision == 0 ? MaxDecimals : std::clamp(precision, 0, MaxDecimals);
+  const int most = precision == 0 ? Text::MaxDecimals : std::clamp(precision, 0, Text::MaxDecimals);
   std::string text;
-  WriteNumber(text, value, least, most, TGrouping::None);
+  Text::WriteNumber(text, value, least, most, Text::TGrouping::None);
   return text;
 }
 
@@ -100,7 +101,7 @@ bool TMarketDataFormatter::FormatPrice(const TCustomSubItem& record, int field, 
   const auto given = FieldText(record, field);
   if (given.empty())
     return false;
-  WritePriceText(text, given, PriceDecimals(record, market_));
+  Text::WritePriceText(text, given, PriceDecimals(record, market_));
   return true;
 }
 
@@ -110,7 +111,7 @@ bool TMarketDataFormatter::FormatVolume(const TCustomSubItem& record, int field,
   const auto given = FieldText(record, field);
   if (given.empty())
     return false;
-  WriteQuantityText(text, given);
+  Text::WriteQuantityText(text, given);
   return true;
 }
 
@@ -123,13 +124,13 @@ bool TMarketDataFormatter::FormatChange(const TCustomSubItem& record, std::strin
     if (!move)
       return false;
     const int least =
-        decimals.value_or(std::max(DecimalsIn(record.GetText(Host::Field::Nominal)),
-                                   DecimalsIn(record.GetText(Host::Field::PreviousClose))));
-    WriteNumber(text, move->Nominal - move->PreviousClose, least, MaxDecimals, TGrouping::None,
-                TSign::Always);
-  } else if (const auto change = ParseNumber(given)) {
-    WriteNumber(text, *change, decimals.value_or(DecimalsIn(given)), MaxDecimals, TGrouping::None,
-                TSign::Always);
+        decimals.value_or(std::max(Text::DecimalsIn(record.GetText(Host::Field::Nominal)),
+                                   Text::DecimalsIn(record.GetText(Host::Field::PreviousClose))));
+    Text::WriteNumber(text, move->Nominal - move->PreviousClose, least, Text::MaxDecimals,
+                      Text::TGrouping::None, Text::TSign::Always);
+  } else if (const auto change = Text::ParseNumber(given)) {
+    Text::WriteNumber(text, *change, decimals.value_or(Text::DecimalsIn(given)), Text::MaxDecimals,
+                      Text::TGrouping::None, Text::TSign::Always);
   } else {
     text = given;
   }
@@ -139,7 +140,7 @@ bool TMarketDataFormatter::FormatChange(const TCustomSubItem& record, std::strin
 bool TMarketDataFormatter::FormatChangePercent(const TCustomSubItem& record, std::string& text) {
   text.clear();
   const auto given = FieldText(record, Host::Field::ChangePercent);
-  auto number = Trimmed(given);
+  auto number = Text::Trim(given);
   if (!number.empty() && number.back() == '%')
     number.remove_suffix(1);
   if (given.empty()) {
@@ -147,7 +148,7 @@ bool TMarketDataFormatter::FormatChangePercent(const TCustomSubItem& record, std
     if (!move)
       return false;
     WritePercent(text, (move->Nominal - move->PreviousClose) / move->PreviousClose * 100);
-  } else if (const auto percent = ParseNumber(number)) {
+  } else if (const auto percent = Text::ParseNumber(number)) {
     WritePercent(text, *percent);
   } else {
     text = given;

@@ -1,6 +1,6 @@
 #include "terminal/services/Record.h"
 
-#include "terminal/services/NumberTexts.h"
+#include "text/Numbers.h"
 
 namespace Terminal {
 
@@ -16,7 +16,7 @@ std::string_view TRecord::GetText(int field) const {
   return found ? std::string_view(found->Text) : std::string_view();
 }
 
-double TRecord::GetNumber(int field) const { return ParseNumber(GetText(field)).value_or(0); }
+double TRecord::GetNumber(int field) const { return Text::ParseNumber(GetText(field)).value_or(0); }
 
 void TRecord::AddRealtimeListener(System::TNotifyEvent handler, const System::TObject* owner) {
   realtimeListeners_.Set(owner, std::move(handler));

@@ -3,7 +3,7 @@
 #include "platform/Colour.h"
 #include "platform/ColourText.h"
 #include "platform/LookAndFeel.h"
-#include "terminal/services/NumberTexts.h"
+#include "text/Numbers.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -112,7 +112,7 @@ void TSkinService::Replace(const std::map<std::string, System::TColor>& colours,
   skin.Colours.clear();
   skin.StandardColours.clear();
   for (const auto& [name, colour] : colours) {
-    if (const auto number = ParseInteger(name))
+    if (const auto number = Text::ParseInteger(name))
       skin.StandardColours[*number] = colour;
     else
       skin.Colours.emplace(name, colour);

@@ -2,8 +2,8 @@
 
 #include "host/ConstDef.h"
 #include "host/RecordFields.h"
-#include "terminal/services/NumberTexts.h"
 #include "terminal/services/Services.h"
+#include "text/Numbers.h"
 
 #include <cmath>
 
@@ -16,7 +16,7 @@ namespace {
 constexpr double HighestNumber = 1e12; ///< beyond it thousandths would not be exact
 
 std::optional<double> ParsePositive(QString text) {
-  const auto number = ParseNumber(text.remove(u',').toStdString());
+  const auto number = Text::ParseNumber(text.remove(u',').toStdString());
   return number && *number > 0 && *number < HighestNumber ? number : std::nullopt;
 }
 

@@ -3,9 +3,9 @@
 #include "host/ConstDef.h"
 #include "host/RecordFields.h"
 #include "platform/Colour.h"
-#include "terminal/services/NumberTexts.h"
 #include "terminal/windows/Table.h"
 #include "terminal/windows/WindowTexts.h"
+#include "text/Numbers.h"
 
 #include <algorithm>
 #include <limits>
@@ -33,7 +33,7 @@ TCellKind KindOf(int column) {
 }
 
 double FigureOrder(QString text) {
-  const auto number = ParseNumber(text.remove(u',').remove(u'%').toStdString());
+  const auto number = Text::ParseNumber(text.remove(u',').remove(u'%').toStdString());
   return number.value_or(-std::numeric_limits<double>::infinity());
 }
 

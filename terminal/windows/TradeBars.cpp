@@ -1,6 +1,7 @@
 #include "terminal/windows/TradeBars.h"
 
-#include "terminal/services/NumberTexts.h"
+#include "text/Numbers.h"
+#include "text/Strings.h"
 #include "text/TimeOfDay.h"
 
 #include <algorithm>
@@ -12,7 +13,7 @@ using Markettradesidedetector::TTrade;
 namespace {
 
 std::optional<int> MinuteOf(const TTrade& trade) {
-  const auto time = Text::ParseTimeOfDay(Trimmed(trade.Time));
+  const auto time = Text::ParseTimeOfDay(Text::Trim(trade.Time));
   if (!time)
     return {};
   return static_cast<int>(std::chrono::duration_cast<std::chrono::minutes>(*time).count());
@@ -22,7 +23,7 @@ std::optional<int> MinuteOf(const TTrade& trade) {
 std::optional<double> QuantityOf(const TTrade& trade) {
   std::string digits = trade.Quantity;
   std::erase(digits, ',');
-  return ParseNumber(digits);
+  return Text::ParseNumber(digits);
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include "terminal/services/Formatters.h"
-#include "terminal/services/NumberTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -223,23 +222,6 @@ TEST_F(Formats, AChangePercentHasItsSignAndTwoDecimals) {
   EXPECT_EQ(ChangePercent(Record({{130, "n/a"}})), "n/a");
   EXPECT_EQ(ChangePercent(Record({{3, "318.2"}, {31, "317"}})), "+0.38%");
   EXPECT_EQ(ChangePercent(Record({{3, "318.2"}})), "refused");
-}
-
-TEST(NumberTexts, ANumberIsTheWholeText) {
-  EXPECT_EQ(Terminal::ParseNumber(" +1.5\t"), 1.5);
-  EXPECT_EQ(Terminal::ParseNumber("1 5"), std::nullopt);
-  EXPECT_EQ(Terminal::ParseNumber("+"), std::nullopt);
-  EXPECT_EQ(Terminal::ParseNumber("  "), std::nullopt);
-  EXPECT_EQ(Terminal::ParseNumber("1e999"), std::nullopt);
-  EXPECT_EQ(Terminal::ParseInteger("-12"), -12);
-  EXPECT_EQ(Terminal::ParseInteger("12.0"), std::nullopt);
-}
-
-TEST(NumberTexts, TheLargestNumberHasAText) {
-  std::string text;
-  Terminal::WriteNumber(text, 1.7976931348623157e308, 0, 8, Terminal::TGrouping::None);
-  EXPECT_EQ(text.size(), 309U);
-  EXPECT_EQ(text.substr(0, 5), "17976");
 }
 
 } // namespace

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <charconv>
 #include <optional>
 #include <string>
 #include <string_view>
 
-/// Texts of numbers, as plain functions. Results never show a negative zero.
-namespace Terminal {
+/// Numbers as texts and back. Results never show a negative zero.
+namespace Text {
 
 /// The most decimals that a price or a quantity is shown with.
 inline constexpr int MaxDecimals = 8;
@@ -13,11 +14,15 @@ inline constexpr int MaxDecimals = 8;
 enum class TGrouping { None, Thousands };
 enum class TSign { NegativeOnly, Always };
 
-/// Without the blanks around it.
-std::string_view Trimmed(std::string_view text);
+/// The number that the whole text is, as std::from_chars reads it; nothing for any other text.
+template <typename TNumber> std::optional<TNumber> ParseWhole(std::string_view text) {
+  TNumber number{};
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
+}
 
-/// The number that the whole text is, blanks around it and a plus sign allowed; nothing for any
-/// other text.
+/// A finite decimal number, blanks around it and a plus sign allowed; nothing for any other text.
 std::optional<double> ParseNumber(std::string_view text);
 /// The same for a 32-bit whole number.
 std::optional<int> ParseInteger(std::string_view text);
@@ -42,4 +47,4 @@ void WriteQuantityText(std::string& text, std::string_view given);
 /// 1234567 as 1.23M: thousands K, millions M, billions B, with at most `most` decimals.
 std::string AbbreviatedNumber(double value, int most);
 
-} // namespace Terminal
+} // namespace Text

@@ -1,11 +1,12 @@
-#include "terminal/services/NumberTexts.h"
+#include "text/Numbers.h"
+
+#include "text/Strings.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 
-namespace Terminal {
+namespace Text {
 
 namespace {
 
@@ -19,14 +20,6 @@ bool AllDigits(std::string_view text) {
 std::string_view WithoutPlus(std::string_view text) {
   const bool plus = text.size() > 1 && text[0] == '+' && text[1] != '-';
   return plus ? text.substr(1) : text;
-}
-
-template <typename TNumber> std::optional<TNumber> ParseWhole(std::string_view text) {
-  const auto number = WithoutPlus(Trimmed(text));
-  TNumber value{};
-  const auto* end = number.data() + number.size();
-  const auto result = std::from_chars(number.data(), end, value);
-  return result.ec == std::errc() && result.ptr == end ? std::optional(value) : std::nullopt;
 }
 
 /// Digits, or digits, a point and digits, without needless zeros in front: a text that can be
@@ -66,20 +59,14 @@ bool IsZero(std::string_view text) {
 
 } // namespace
 
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n";
-  const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos)
-    return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
 std::optional<double> ParseNumber(std::string_view text) {
-  const auto value = ParseWhole<double>(text);
+  const auto value = ParseWhole<double>(WithoutPlus(Trim(text)));
   return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
-std::optional<int> ParseInteger(std::string_view text) { return ParseWhole<int>(text); }
+std::optional<int> ParseInteger(std::string_view text) {
+  return ParseWhole<int>(WithoutPlus(Trim(text)));
+}
 
 int DecimalsIn(std::string_view text) {
   const auto point = text.find('.');
@@ -111,7 +98,7 @@ void WriteNumber(std::string& text, double value, int least, int most, TGrouping
 }
 
 void WritePriceText(std::string& text, std::string_view given, std::optional<int> least) {
-  const auto number = Trimmed(given);
+  const auto number = Trim(given);
   if (IsPlainDecimal(number)) {
     text.assign(number);
     if (least)
@@ -124,7 +111,7 @@ void WritePriceText(std::string& text, std::string_view given, std::optional<int
 }
 
 void WriteQuantityText(std::string& text, std::string_view given) {
-  const auto number = Trimmed(given);
+  const auto number = Trim(given);
   if (AllDigits(number) && IsPlainDecimal(number)) {
     text.assign(number);
     GroupThousands(text);
@@ -152,4 +139,4 @@ std::string AbbreviatedNumber(double value, int most) {
   return text.empty() ? text : text + unit->Letter;
 }
 
-} // namespace Terminal
+} // namespace Text
