@@ -7,6 +7,7 @@
 #include "terminal/services/LanguageTexts.h"
 #include "terminal/services/MarketAdapter.h"
 #include "terminal/services/OrderAdapter.h"
+#include "terminal/services/Settings.h"
 #include "terminal/services/SkinService.h"
 #include "terminal/services/SubscribeAdapter.h"
 #include "terminal/services/SymbolDirectory.h"
@@ -41,6 +42,7 @@ public:
   TRegistrations Registrations() const;
 
   TConfigStore Config;
+  TSettings Settings{Config};
   TLanguageTexts Languages;
   TSkinService Skin{Config};
   TTimerControl Timer;

@@ -22,10 +22,10 @@ QColor Faded(QColor colour) {
 }
 
 QPalette PaletteOf(const TSkin& skin) {
-  const auto window = Platform::ToQColor(skin.WindowColour);
-  const auto windowText = Platform::ToQColor(skin.WindowTextColour);
-  const auto content = Platform::ToQColor(skin.ContentColour);
-  const auto contentText = Platform::ToQColor(skin.ContentTextColour);
+  const auto window = Platform::ToQColor(skin.Window);
+  const auto windowText = Platform::ToQColor(skin.WindowText);
+  const auto content = Platform::ToQColor(skin.Content);
+  const auto contentText = Platform::ToQColor(skin.ContentText);
   QPalette palette(window, window); // works the shades of frames out
   palette.setColor(QPalette::WindowText, windowText);
   palette.setColor(QPalette::ButtonText, windowText);
@@ -37,8 +37,8 @@ QPalette PaletteOf(const TSkin& skin) {
   palette.setColor(QPalette::ToolTipText, contentText);
   palette.setColor(QPalette::Link, contentText);
   palette.setColor(QPalette::LinkVisited, contentText);
-  palette.setColor(QPalette::Highlight, Platform::ToQColor(skin.HighlightColour));
-  palette.setColor(QPalette::HighlightedText, Platform::ToQColor(skin.HighlightTextColour));
+  palette.setColor(QPalette::Highlight, Platform::ToQColor(skin.Highlight));
+  palette.setColor(QPalette::HighlightedText, Platform::ToQColor(skin.HighlightedText));
   for (const auto role : {QPalette::WindowText, QPalette::ButtonText})
     palette.setColor(QPalette::Disabled, role, Faded(windowText));
   palette.setColor(QPalette::Disabled, QPalette::Text, Faded(contentText));
@@ -46,14 +46,14 @@ QPalette PaletteOf(const TSkin& skin) {
 }
 
 /// A built-in skin says all its named colours in its section.
-TConfigStore::TSection SectionOf(const TSkin& skin) {
+TConfigStore::TSection SectionOf(const TNamedColours& colours) {
   TConfigStore::TSection section;
-  for (const auto& [name, colour] : skin.Colours)
+  for (const auto& [name, colour] : colours.ByName)
     section.emplace(name, Platform::ColourText(colour));
   return section;
 }
 
-std::string SectionNameOf(const TSkin& skin) { return "SKIN_" + skin.Name; }
+std::string SectionNameOf(std::string_view skin) { return "SKIN_" + std::string(skin); }
 
 /// Null when none of `all` has the name.
 template <typename TNamed>
@@ -71,8 +71,9 @@ template <typename TMap, typename TKey> System::TColor ColourOr0(const TMap& map
 } // namespace
 
 TSkinService::TSkinService(TConfigStore& config)
-    : config_(config), priceColours_(BuiltInPriceColours().front()) {
-  Select(BuiltInSkins().front().Name);
+    : config_(config), skin_(&BuiltInSkins().front()),
+      priceColours_(&BuiltInPriceColours().front()) {
+  Select(skin_->Name);
 }
 
 TSkinService::~TSkinService() {
@@ -82,17 +83,18 @@ TSkinService::~TSkinService() {
 }
 
 System::TColor TSkinService::GetColour(int index, std::string_view name) {
-  return index == 0 ? ColourOr0(skin_.Colours, name) : ColourOr0(skin_.StandardColours, index);
+  return index == 0 ? ColourOr0(colours_.ByName, name) : ColourOr0(colours_.ByNumber, index);
 }
 
-std::string TSkinService::CurrentSkinSection() { return SectionNameOf(skin_); }
+std::string TSkinService::CurrentSkinSection() { return section_; }
 
 bool TSkinService::Select(std::string_view name) {
   const auto* found = Find(BuiltInSkins(), name);
   if (!found)
     return false;
-  const TSkin skin = InPriceColours(*found, priceColours_);
-  Apply(skin, SectionOf(skin));
+  skin_ = found;
+  const auto colours = NamedColours(*skin_, *priceColours_);
+  Apply(name, colours, SectionOf(colours));
   return true;
 }
 
@@ -100,34 +102,34 @@ bool TSkinService::SelectPriceColours(std::string_view name) {
   const auto* found = Find(BuiltInPriceColours(), name);
   if (!found)
     return false;
-  priceColours_ = *found;
-  Select(skin_.Name);
+  priceColours_ = found;
+  if (section_ == SectionNameOf(skin_->Name))
+    Select(skin_->Name);
   return true;
 }
 
 void TSkinService::Replace(const std::map<std::string, System::TColor>& colours,
                            const TConfigStore::TSection& section) {
-  auto skin = skin_;
-  skin.Name = "Custom";
-  skin.Colours.clear();
-  skin.StandardColours.clear();
+  TNamedColours given;
   for (const auto& [name, colour] : colours) {
     if (const auto number = Text::ParseInteger(name))
-      skin.StandardColours[*number] = colour;
+      given.ByNumber[*number] = colour;
     else
-      skin.Colours.emplace(name, colour);
+      given.ByName.emplace(name, colour);
   }
-  Apply(std::move(skin), section);
+  Apply("Custom", std::move(given), section);
 }
 
-void TSkinService::Apply(TSkin skin, TConfigStore::TSection section) {
-  config_.ReplaceSection(SectionNameOf(skin_), {});
-  skin_ = std::move(skin);
-  config_.ReplaceSection(SectionNameOf(skin_), std::move(section));
+void TSkinService::Apply(std::string_view name, TNamedColours colours,
+                         TConfigStore::TSection section) {
+  config_.ReplaceSection(section_, {});
+  section_ = SectionNameOf(name);
+  colours_ = std::move(colours);
+  config_.ReplaceSection(section_, std::move(section));
   Platform::TcxRootLookAndFeel::Instance().SetSkinPainter(Platform::TSkinPainter{
-      Platform::ToQColor(skin_.ContentColour), Platform::ToQColor(skin_.ContentTextColour)});
-  QApplication::setPalette(PaletteOf(skin_));
-  QToolTip::setPalette(PaletteOf(skin_)); // has one of its own
+      Platform::ToQColor(skin_->Content), Platform::ToQColor(skin_->ContentText)});
+  QApplication::setPalette(PaletteOf(*skin_));
+  QToolTip::setPalette(PaletteOf(*skin_)); // has one of its own
   if (OnChanged)
     OnChanged();
 }

@@ -119,11 +119,9 @@ void RestoreSettings(TServices& services, TSavedState& state) {
   services.Config.Load(Constdef::Section_TradePlatform, Constdef::Key_DefaultGroupDataMode,
                        GroupDataMode);
   state.Follow(services.Config);
-  services.Languages.SetLanguage(
-      services.Config.ReadInteger(Constdef::Section_TradePlatform, "Language"));
-  services.Skin.SelectPriceColours(
-      services.Config.ReadString(Constdef::Section_TradePlatform, "PriceColours"));
-  services.Skin.Select(services.Config.ReadString(Constdef::Section_TradePlatform, "Skin"));
+  services.Languages.SetLanguage(services.Settings.Language.Value());
+  services.Skin.SelectPriceColours(services.Settings.PriceColours.Value());
+  services.Skin.Select(services.Settings.Skin.Value());
   if (const QString sentence = StoreSentence(state); !sentence.isEmpty())
     std::cerr << sentence.toStdString() << std::endl;
 }
@@ -142,9 +140,7 @@ int RunHeadless(TServices& services, Baseview::TIBaseView& descriptor, const TCo
     std::cerr << skipped << std::endl;
   services.Config.SetLayoutReady(true);
   TViewHost views(descriptor, [&] {
-    return SettingsAt(
-        services.Languages.CurrentLanguage(),
-        services.Config.ReadInteger(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize));
+    return SettingsAt(services.Languages.CurrentLanguage(), services.Settings.Scale.Value());
   });
   auto* view = views.Open(FirstLayout(services, line, symbol));
   if (!view)
@@ -161,7 +157,7 @@ int RunWindow(TServices& services, Baseview::TIBaseView& descriptor, const TComm
   TSavedState state(TSavedState::DefaultFile());
   RestoreSettings(services, state);
   TMarket market(services);
-  if (const int type = services.Config.ReadInteger(Constdef::Section_TradePlatform, "FeedType"))
+  if (const int type = services.Settings.FeedType.Value())
     market.Feed.SetFeedType(type);
   TMainWindow window({services, descriptor, market.Player, market.Feed, state, market.Desk});
   QObject::connect(

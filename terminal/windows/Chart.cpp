@@ -88,8 +88,8 @@ QString TChart::PriceText(double price) const {
 }
 
 QColor TChart::ColourOf(const TTradeBar& bar) const {
-  const char* name = bar.Close < bar.Open ? "coDownText" : "coUpText";
-  return Platform::ToQColor(services_.Skin.GetColour(0, name));
+  const auto& skin = services_.Skin;
+  return Platform::ToQColor((bar.Close < bar.Open ? skin.Down() : skin.Up()).Text);
 }
 
 void TChart::paintEvent(QPaintEvent*) {

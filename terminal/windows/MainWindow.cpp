@@ -83,8 +83,7 @@ void TMainWindow::BuildShortcuts() {
 }
 
 TViewSettings TMainWindow::Settings() const {
-  return SettingsAt(
-      parts_.Services.Config.ReadInteger(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize));
+  return SettingsAt(parts_.Services.Settings.Scale.Value());
 }
 
 TViewSettings TMainWindow::SettingsAt(int scale) const {
@@ -225,8 +224,7 @@ void TMainWindow::OpenPreferences() {
 
 void TMainWindow::SetLanguage(int language) {
   parts_.Services.Languages.SetLanguage(language);
-  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "Language",
-                                     std::to_string(language), true);
+  parts_.Services.Settings.Language.Set(language);
   views_.SetLanguage(language);
   if (preferences_)
     preferences_->SetLanguage(language);
@@ -238,14 +236,12 @@ void TMainWindow::SetLanguage(int language) {
 
 void TMainWindow::SetSkin(const QString& name) {
   parts_.Services.Skin.Select(name.toStdString());
-  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "Skin", name.toStdString(),
-                                     true);
+  parts_.Services.Settings.Skin.Set(name.toStdString());
 }
 
 void TMainWindow::SetPriceColours(const QString& name) {
   parts_.Services.Skin.SelectPriceColours(name.toStdString());
-  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "PriceColours",
-                                     name.toStdString(), true);
+  parts_.Services.Settings.PriceColours.Set(name.toStdString());
 }
 
 void TMainWindow::SetScale(int perCent) {
@@ -255,8 +251,7 @@ void TMainWindow::SetScale(int perCent) {
   for (const auto* pane : views_.Panes())
     parts_.Descriptor.SetFont(pane->Handle(), settings.FontName.toStdString(), settings.FontSize,
                               0);
-  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize,
-                                     std::to_string(perCent), true);
+  parts_.Services.Settings.Scale.Set(perCent);
   parts_.Services.Channels.Send(Constdef::Channel_ScaleChanged, nullptr, nullptr);
 }
 

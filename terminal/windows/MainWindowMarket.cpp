@@ -51,8 +51,7 @@ void TMainWindow::SetFeedType(int type) {
       pane->SetGroup(view.Group);
   NameDocks();
   restoreState(docks);
-  parts_.Services.Config.WriteString(Constdef::Section_TradePlatform, "FeedType",
-                                     std::to_string(type), true);
+  parts_.Services.Settings.FeedType.Set(type);
   player_->SetTexts();
 }
 

@@ -76,24 +76,23 @@ void TMainWindow::BuildSettingsMenu() {
                {"2", WindowText("Term_LanguageSimplifiedChinese")},
                {"3", WindowText("Term_LanguageEnglish")}},
               [this](const QString& language) { SetLanguage(language.toInt()); });
-  std::vector<TChoice> skins;
-  for (const auto& skin : BuiltInSkins())
-    skins.emplace_back(QString::fromStdString(skin.Name),
-                       WindowText(("Term_" + skin.Name).c_str()));
-  AddSettings(menu, WindowText("Term_Skin"), QString::fromStdString(services.Skin.Current().Name),
-              skins, [this](const QString& name) { SetSkin(name); });
-  std::vector<TChoice> priceColours;
-  for (const auto& colours : BuiltInPriceColours())
-    priceColours.emplace_back(QString::fromStdString(colours.Name),
-                              WindowText(("Term_" + colours.Name).c_str()));
+  const auto choices = [language = services.Languages.CurrentLanguage()](const auto& all) {
+    std::vector<TChoice> named;
+    for (const auto& each : all)
+      named.emplace_back(QUtf8StringView(each.Name).toString(), each.Texts.In(language));
+    return named;
+  };
+  AddSettings(menu, WindowText("Term_Skin"),
+              QUtf8StringView(services.Skin.Current().Name).toString(), choices(BuiltInSkins()),
+              [this](const QString& name) { SetSkin(name); });
   AddSettings(menu, WindowText("Term_PriceColours"),
-              QString::fromStdString(services.Skin.PriceColours().Name), priceColours,
+              QUtf8StringView(services.Skin.PriceColours().Name).toString(),
+              choices(BuiltInPriceColours()),
               [this](const QString& name) { SetPriceColours(name); });
   std::vector<TChoice> scales;
   for (const char* scale : {"100", "115", "125", "135", "150"})
     scales.emplace_back(scale, QStringLiteral("%1 %").arg(QLatin1String(scale)));
-  const int scale =
-      services.Config.ReadInteger(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize);
+  const int scale = services.Settings.Scale.Value();
   AddSettings(menu, WindowText("Term_Scale"),
               QString::number(std::max(scale, Constdef::ScalePPI_100)), scales,
               [this](const QString& perCent) { SetScale(perCent.toInt()); });

@@ -173,18 +173,15 @@ void TOrderTicket::SetTexts() {
 
 // As the price views have the side that the order goes to.
 void TOrderTicket::SetSkin() {
-  const auto dress = [this](QPushButton* button, std::string_view ground, std::string_view text) {
-    const auto colour = [this](std::string_view name) {
-      return Platform::ToQColor(services_.Skin.GetColour(0, name)).name();
-    };
+  const auto dress = [](QPushButton* button, const TToneColours& side) {
     button->setStyleSheet(
         QStringLiteral("QPushButton:checked{background:%1;color:%2;"
                        "font-weight:bold;border-radius:3px;padding:5px}"
                        "QPushButton:checked:focus{border:2px solid palette(text)}")
-            .arg(colour(ground), colour(text)));
+            .arg(Platform::ToQColor(side.Label).name(), Platform::ToQColor(side.Text).name()));
   };
-  dress(buy_, Constdef::Colour_BidLabel, "coUpText");
-  dress(sell_, Constdef::Colour_AskLabel, "coDownText");
+  dress(buy_, services_.Skin.Up());
+  dress(sell_, services_.Skin.Down());
   TakeFont();
 }
 

@@ -97,10 +97,10 @@ QVariant TSymbolListModel::headerData(int section, Qt::Orientation orientation, 
 // it went nowhere.
 QVariant TSymbolListModel::ColourOf(const TRow& row) const {
   const QString& change = row.Texts[ChangeColumn];
-  const char* name = change.startsWith(u'+')   ? "coUpText"
-                     : change.startsWith(u'-') ? "coDownText"
-                                               : nullptr;
-  return name ? QVariant(Platform::ToQColor(services_.Skin.GetColour(0, name))) : QVariant();
+  if (change.startsWith(u'+'))
+    return Platform::ToQColor(services_.Skin.Up().Text);
+  return change.startsWith(u'-') ? QVariant(Platform::ToQColor(services_.Skin.Down().Text))
+                                 : QVariant();
 }
 
 void TSymbolListModel::Update() {

@@ -13,8 +13,7 @@ namespace Terminal {
 
 namespace {
 
-constexpr const char* ListGroupKey = "SymbolListGroup"; // of the trade platform's configuration
-constexpr int NarrowestTools = 560;                     // pixels, chart and ticket side by side
+constexpr int NarrowestTools = 560; // pixels, chart and ticket side by side
 
 } // namespace
 
@@ -62,7 +61,7 @@ void TToolDocks::BuildSymbolList() {
   symbolsDock_->setTitleBarWidget(symbolsBar_);
   connect(symbolsBar_, &TCaptionBar::CloseClicked, symbolsDock_, &QWidget::hide);
   connect(symbolsBar_, &TCaptionBar::GroupChosen, this, &TToolDocks::SetListGroup);
-  const auto saved = services_.Config.ReadString(Constdef::Section_TradePlatform, ListGroupKey);
+  const auto saved = services_.Settings.ListGroup.Value();
   symbols_->SetGroup(saved);
   symbolsBar_->SetGroup(QString::fromStdString(saved));
 }
@@ -70,8 +69,7 @@ void TToolDocks::BuildSymbolList() {
 void TToolDocks::SetListGroup(const QString& group) {
   symbols_->SetGroup(group.toStdString());
   symbolsBar_->SetGroup(group);
-  services_.Config.WriteString(Constdef::Section_TradePlatform, ListGroupKey, group.toStdString(),
-                               true);
+  services_.Settings.ListGroup.Set(group.toStdString());
 }
 
 void TToolDocks::GoTo(const TTool& tool) {

@@ -1,3 +1,4 @@
+#include "host/ConstDef.h"
 #include "platform/Colour.h"
 #include "platform/LookAndFeel.h"
 #include "terminal/services/ConfigStore.h"
@@ -46,31 +47,35 @@ void ExpectReadable(System::TColor text, System::TColor background, const std::s
 class Skins : public testing::TestWithParam<std::tuple<TSkin, TPriceColours>> {
 protected:
   const TPriceColours& Colours = std::get<1>(GetParam());
-  const TSkin Skin = Terminal::InPriceColours(std::get<0>(GetParam()), Colours);
+  const TSkin& Skin = std::get<0>(GetParam());
+  const Terminal::TNamedColours Shown = Terminal::NamedColours(Skin, Colours);
+  const Terminal::TToneColours& Up = Skin.Tone(Colours.Up);
+  const Terminal::TToneColours& Down = Skin.Tone(Colours.Down);
 
-  System::TColor Named(const char* name) const { return Skin.Colours.at(name); }
-  System::TColor Standard(int number) const { return Skin.StandardColours.at(number); }
+  System::TColor Named(const char* name) const { return Shown.ByName.at(name); }
+  System::TColor Standard(int number) const { return Shown.ByNumber.at(number); }
 };
 
 TEST_P(Skins, EveryTextOfAViewCanBeReadOnItsBackground) {
-  ExpectReadable(Skin.ContentTextColour, Skin.ContentColour, "cell");
+  ExpectReadable(Skin.ContentText, Skin.Content, "cell");
   ExpectReadable(Standard(7), Standard(6), "bid");
   ExpectReadable(Standard(9), Standard(8), "ask");
-  ExpectReadable(Standard(7), Skin.ContentColour, "bid queue");
-  ExpectReadable(Standard(9), Skin.ContentColour, "ask queue");
+  ExpectReadable(Standard(7), Skin.Content, "bid queue");
+  ExpectReadable(Standard(9), Skin.Content, "ask queue");
   ExpectReadable(Standard(7), Named("coBuyColorLabel"), "bid queue marker");
   ExpectReadable(Standard(9), Named("coSellColorLabel"), "ask queue marker");
   for (const auto* label :
        {"coLabelBground", "coLabelInvalidBground", "coBuyColorLabel", "coSellColorLabel"})
-    ExpectReadable(Skin.ContentTextColour, Named(label), label);
+    ExpectReadable(Skin.ContentText, Named(label), label);
   for (const auto* marker : {"coVCMBgColor", "coCASBgColor", "coPOSBgColor"})
     ExpectReadable(System::clBlack, Named(marker), marker);
 }
 
 TEST_P(Skins, EveryTextOfTheWindowsCanBeReadOnItsBackground) {
-  for (const auto* text : {"coUpText", "coDownText", "coWarningText"}) {
-    ExpectReadable(Named(text), Skin.ContentColour, text);
-    ExpectReadable(Named(text), Skin.WindowColour, text);
+  for (const auto& [text, name] : {std::pair(Up.Text, "rising"), std::pair(Down.Text, "falling"),
+                                   std::pair(Skin.WarningText, "warning")}) {
+    ExpectReadable(text, Skin.Content, name);
+    ExpectReadable(text, Skin.Window, name);
   }
   Terminal::TConfigStore config;
   Terminal::TSkinService service(config);
@@ -101,28 +106,35 @@ TEST_P(Skins, TheTwoSidesCanBeToldApart) {
   EXPECT_NE(Standard(6), Standard(8));
   EXPECT_NE(Standard(7), Standard(9));
   EXPECT_NE(Named("coBuyColorLabel"), Named("coSellColorLabel"));
-  EXPECT_NE(Named("coUpText"), Named("coDownText"));
+  EXPECT_NE(Up.Text, Down.Text);
 }
 
 TEST_P(Skins, RisingPricesAndBidsAreInOneToneFallingPricesAndAsksInTheOther) {
-  const auto& up = Skin.Tones.at(Colours.Up);
-  const auto& down = Skin.Tones.at(Colours.Down);
-  EXPECT_EQ(Named("coUpText"), up.Text);
-  EXPECT_EQ(Named("coDownText"), down.Text);
-  EXPECT_EQ(Standard(6), up.Background);
-  EXPECT_EQ(Standard(7), up.Text);
-  EXPECT_EQ(Standard(8), down.Background);
-  EXPECT_EQ(Standard(9), down.Text);
-  EXPECT_EQ(Named("coBuyColorLabel"), up.Label);
-  EXPECT_EQ(Named("coSellColorLabel"), down.Label);
+  EXPECT_EQ(Standard(6), Up.Background);
+  EXPECT_EQ(Standard(7), Up.Text);
+  EXPECT_EQ(Standard(8), Down.Background);
+  EXPECT_EQ(Standard(9), Down.Text);
+  EXPECT_EQ(Named("coBuyColorLabel"), Up.Label);
+  EXPECT_EQ(Named("coSellColorLabel"), Down.Label);
 }
 
-INSTANTIATE_TEST_SUITE_P(BuiltIn, Skins,
-                         testing::Combine(testing::ValuesIn(Terminal::BuiltInSkins()),
-                                          testing::ValuesIn(Terminal::BuiltInPriceColours())),
-                         [](const auto& each) {
-                           return std::get<0>(each.param).Name + std::get<1>(each.param).Name;
-                         });
+TEST_P(Skins, ItsNameCanBeReadInEveryLanguage) {
+  for (const auto& texts : {Skin.Texts, Colours.Texts})
+    for (const int language : {Constdef::Language_TraditionalChinese,
+                               Constdef::Language_SimplifiedChinese, Constdef::Language_English})
+      EXPECT_GT(std::string(texts.In(language)).size(), 0u) << Skin.Name << language;
+  EXPECT_STREQ(Skin.Texts.In(Constdef::Language_TraditionalChinese), Skin.Texts.Traditional);
+  EXPECT_STREQ(Skin.Texts.In(Constdef::Language_SimplifiedChinese), Skin.Texts.Simplified);
+  EXPECT_STREQ(Skin.Texts.In(Constdef::Language_English), Skin.Texts.English);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    BuiltIn, Skins,
+    testing::Combine(testing::ValuesIn(Terminal::BuiltInSkins()),
+                     testing::ValuesIn(Terminal::BuiltInPriceColours())),
+    [](const auto& each) {
+      return std::string(std::get<0>(each.param).Name).append(std::get<1>(each.param).Name);
+    });
 
 /// Which channel of a colour is the strongest: 'r', 'g' or 'b'.
 char Strongest(System::TColor colour) {
@@ -135,8 +147,8 @@ TEST(Skins, AToneIsOfItsNameInEverySkin) {
     for (const auto& [tone, strongest] :
          {std::pair(TTone::Red, 'r'), std::pair(TTone::Green, 'g'), std::pair(TTone::Blue, 'b'),
           std::pair(TTone::Orange, 'r')}) {
-      const auto& colours = skin.Tones.at(tone);
-      for (const auto colour : {colours.Background, colours.Text, colours.Label})
+      const auto& colours = skin.Tone(tone);
+      for (const System::TColor colour : {colours.Background, colours.Text, colours.Label})
         EXPECT_EQ(Strongest(colour), strongest) << skin.Name;
     }
 }
@@ -162,8 +174,8 @@ int Distance(const QColor& a, const QColor& b) {
 TEST(Skins, BlueAndOrangeStayApartForWhoCannotTellRedFromGreen) {
   constexpr int plain = 60;
   for (const auto& skin : Terminal::BuiltInSkins()) {
-    const auto& blue = skin.Tones.at(TTone::Blue);
-    const auto& orange = skin.Tones.at(TTone::Orange);
+    const auto& blue = skin.Blue;
+    const auto& orange = skin.Orange;
     EXPECT_GT(Distance(WithoutGreen(blue.Text), WithoutGreen(orange.Text)), plain) << skin.Name;
     EXPECT_GT(Distance(WithoutGreen(blue.Label), WithoutGreen(orange.Label)), plain) << skin.Name;
   }
@@ -174,14 +186,14 @@ TEST(SkinService, StartsWithTheDarkSkinAndSwitchesToTheLightOne) {
   Terminal::TSkinService service(config);
   const auto& dark = Terminal::BuiltInSkins().at(0);
   EXPECT_EQ(service.Current().Name, "Dark");
-  EXPECT_EQ(service.GetColour(6, ""), dark.StandardColours.at(6));
-  EXPECT_EQ(service.GetColour(0, "coVCMBgColor"), dark.Colours.at("coVCMBgColor"));
+  EXPECT_EQ(service.GetColour(6, ""), dark.Blue.Background);
+  EXPECT_EQ(service.GetColour(0, "coVCMBgColor"), dark.VcmBackground);
   int changes = 0;
   service.OnChanged = [&] { ++changes; };
   EXPECT_TRUE(service.Select("Light"));
   const auto& light = Terminal::BuiltInSkins().at(1);
   EXPECT_EQ(changes, 1);
-  EXPECT_EQ(service.GetColour(9, ""), light.StandardColours.at(9));
+  EXPECT_EQ(service.GetColour(9, ""), light.Orange.Text);
   EXPECT_FALSE(service.Select("NoSuchSkin"));
   EXPECT_EQ(changes, 1);
   EXPECT_EQ(service.Current().Name, "Light");
@@ -217,7 +229,7 @@ TEST(SkinService, TheSkinSectionCanBeReadAsConfiguration) {
 TEST(SkinService, AReplacedSkinHasOnlyItsOwnColoursAndIsBlackElsewhere) {
   Terminal::TConfigStore config;
   Terminal::TSkinService service(config);
-  const auto content = service.Current().ContentColour;
+  const auto content = service.Current().Content;
   int changes = 0;
   service.OnChanged = [&] { ++changes; };
   service.Replace({{"6", 0xAA0000}, {"coBuyColorLabel", 0x00BB00}}, {});
@@ -227,7 +239,7 @@ TEST(SkinService, AReplacedSkinHasOnlyItsOwnColoursAndIsBlackElsewhere) {
   EXPECT_EQ(service.GetColour(7, ""), System::clBlack);
   EXPECT_EQ(service.GetColour(0, "coSellColorLabel"), System::clBlack);
   EXPECT_EQ(service.GetColour(0, "6"), System::clBlack);
-  EXPECT_EQ(service.Current().ContentColour, content);
+  EXPECT_EQ(service.Current().Content, content);
 }
 
 TEST(SkinService, PriceColoursStayWithEverySkinSelectedLater) {
@@ -241,7 +253,7 @@ TEST(SkinService, PriceColoursStayWithEverySkinSelectedLater) {
   EXPECT_EQ(service.Current().Name, "Dark");
   EXPECT_EQ(service.GetColour(7, ""), 0x979FFFU);
   EXPECT_EQ(service.GetColour(9, ""), 0xA8DB7AU);
-  EXPECT_EQ(service.GetColour(0, "coUpText"), 0x979FFFU);
+  EXPECT_EQ(service.Up().Text, 0x979FFFU);
   ASSERT_TRUE(service.Select("Light"));
   EXPECT_EQ(service.GetColour(7, ""), 0x1E1B9AU);
   EXPECT_EQ(service.GetColour(0, "coSellColorLabel"), 0xCEE5BFU);

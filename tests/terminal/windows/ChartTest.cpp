@@ -137,9 +137,8 @@ protected:
     return count;
   }
 
-  QColor SkinColour(const char* name) {
-    return Platform::ToQColor(Services.Skin.GetColour(0, name));
-  }
+  QColor Rising() const { return Platform::ToQColor(Services.Skin.Up().Text); }
+  QColor Falling() const { return Platform::ToQColor(Services.Skin.Down().Text); }
 
   TServices Services;
   TTradeBars Bars{Services.TradeSides};
@@ -149,15 +148,15 @@ protected:
 TEST_F(Chart, PaintsAMinuteThatRoseInTheColourOfRising) {
   Trade("700", "10:00:00", 10);
   Trade("700", "10:00:30", 11);
-  EXPECT_GT(PixelsOf(SkinColour("coUpText")), 50);
-  EXPECT_EQ(PixelsOf(SkinColour("coDownText")), 0);
+  EXPECT_GT(PixelsOf(Rising()), 50);
+  EXPECT_EQ(PixelsOf(Falling()), 0);
 }
 
 TEST_F(Chart, PaintsAMinuteThatFellInTheColourOfFalling) {
   Trade("700", "10:00:00", 11);
   Trade("700", "10:00:30", 10);
-  EXPECT_GT(PixelsOf(SkinColour("coDownText")), 50);
-  EXPECT_EQ(PixelsOf(SkinColour("coUpText")), 0);
+  EXPECT_GT(PixelsOf(Falling()), 50);
+  EXPECT_EQ(PixelsOf(Rising()), 0);
 }
 
 TEST_F(Chart, IsPaintedAnewOnlyWhenItsSymbolIsTraded) {
@@ -173,7 +172,7 @@ TEST_F(Chart, IsEmptyAfterAJumpToBeforeTheFirstTrade) {
   Trade("700", "10:00:00", 10);
   Trade("700", "10:00:30", 11);
   Services.TradeSides.ReplaceTrades("700", {});
-  EXPECT_EQ(PixelsOf(SkinColour("coUpText")), 0);
+  EXPECT_EQ(PixelsOf(Rising()), 0);
 }
 
 TEST_F(Chart, PlusAndMinusChangeHowMuchOfTheDayIsSeen) {

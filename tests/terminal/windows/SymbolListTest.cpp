@@ -99,12 +99,9 @@ TEST_F(SymbolList, PaintsUpAndDownInTheColoursOfTheSkin) {
   const auto colour = [&](int row, int column) {
     return model.index(row, column).data(Qt::ForegroundRole).value<QColor>();
   };
-  const auto skin = [&](const char* name) {
-    return Platform::ToQColor(Services.Skin.GetColour(0, name));
-  };
   for (const int column : {TModel::LastColumn, TModel::ChangeColumn, TModel::ChangePercentColumn}) {
-    EXPECT_EQ(colour(0, column), skin("coUpText")) << column;
-    EXPECT_EQ(colour(1, column), skin("coDownText")) << column;
+    EXPECT_EQ(colour(0, column), Platform::ToQColor(Services.Skin.Up().Text)) << column;
+    EXPECT_EQ(colour(1, column), Platform::ToQColor(Services.Skin.Down().Text)) << column;
     EXPECT_FALSE(colour(2, column).isValid()) << column;
   }
   EXPECT_FALSE(colour(0, TModel::BidColumn).isValid());
