@@ -1,11 +1,14 @@
 #include "feed/Conflator.h"
 #include "feed/ReplayClock.h"
+#include "host/RecordFields.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
 namespace {
+
+namespace Field = Host::Field;
 
 using namespace Feed;
 using namespace std::chrono_literals;
@@ -27,18 +30,20 @@ TRecordChange TradeOf(int quantity) {
 
 TEST(Conflator, LastValueOfEachFieldWins) {
   TConflator conflator;
-  conflator.Merge(Change("5", {{1, "10"}, {2, "11"}}));
-  conflator.Merge(Change("5", {{2, "12"}, {3, "13"}}));
+  conflator.Merge(Change("5", {{Field::BestBid, "10"}, {Field::BestAsk, "11"}}));
+  conflator.Merge(Change("5", {{Field::BestAsk, "12"}, {Field::Nominal, "13"}}));
   const auto changes = conflator.Take();
   ASSERT_EQ(changes.size(), 1u);
-  EXPECT_EQ(changes[0].Fields, (TFields{{1, "10"}, {2, "12"}, {3, "13"}}));
+  EXPECT_EQ(changes[0].Fields,
+            (TFields{{Field::BestBid, "10"}, {Field::BestAsk, "12"}, {Field::Nominal, "13"}}));
 }
 
 TEST(Conflator, ARemovalIsKeptAndALaterValueReplacesIt) {
   TConflator conflator;
-  conflator.Merge(Change("5", {{1, "10"}, {2, std::nullopt}}));
-  conflator.Merge(Change("5", {{1, std::nullopt}, {2, ""}}));
-  EXPECT_EQ(conflator.Take()[0].Fields, (TFields{{1, std::nullopt}, {2, ""}}));
+  conflator.Merge(Change("5", {{Field::BestBid, "10"}, {Field::BestAsk, std::nullopt}}));
+  conflator.Merge(Change("5", {{Field::BestBid, std::nullopt}, {Field::BestAsk, ""}}));
+  EXPECT_EQ(conflator.Take()[0].Fields,
+            (TFields{{Field::BestBid, std::nullopt}, {Field::BestAsk, ""}}));
 }
 
 TEST(Conflator, LastStateAndStatusWinAndSilenceChangesNeither) {
@@ -58,14 +63,14 @@ TEST(Conflator, LastStateAndStatusWinAndSilenceChangesNeither) {
 
 TEST(Conflator, KeepsSymbolsApartInOrderOfTheirFirstChange) {
   TConflator conflator;
-  conflator.Merge(Change("7", {{1, "a"}}));
-  conflator.Merge(Change("5", {{1, "b"}}));
-  conflator.Merge(Change("7", {{1, "c"}}));
+  conflator.Merge(Change("7", {{Field::BestBid, "a"}}));
+  conflator.Merge(Change("5", {{Field::BestBid, "b"}}));
+  conflator.Merge(Change("7", {{Field::BestBid, "c"}}));
   EXPECT_EQ(conflator.MergedCount(), 3u);
   const auto changes = conflator.Take();
   ASSERT_EQ(changes.size(), 2u);
   EXPECT_EQ(changes[0].Symbol, "7");
-  EXPECT_EQ(changes[0].Fields, (TFields{{1, "c"}}));
+  EXPECT_EQ(changes[0].Fields, (TFields{{Field::BestBid, "c"}}));
   EXPECT_EQ(changes[1].Symbol, "5");
 }
 
@@ -104,12 +109,12 @@ TEST(Conflator, DoesNotGrowWithTheNumberOfChanges) {
 
 TEST(Conflator, StartsAfreshAfterATake) {
   TConflator conflator;
-  conflator.Merge(Change("5", {{1, "a"}}));
+  conflator.Merge(Change("5", {{Field::BestBid, "a"}}));
   conflator.Take();
   EXPECT_EQ(conflator.MergedCount(), 0u);
   EXPECT_TRUE(conflator.Take().empty());
-  conflator.Merge(Change("5", {{2, "b"}}));
-  EXPECT_EQ(conflator.Take()[0].Fields, (TFields{{2, "b"}}));
+  conflator.Merge(Change("5", {{Field::BestAsk, "b"}}));
+  EXPECT_EQ(conflator.Take()[0].Fields, (TFields{{Field::BestAsk, "b"}}));
 }
 
 constexpr TReplayClock::TMoment Noon = TReplayClock::TMoment() + 100s;

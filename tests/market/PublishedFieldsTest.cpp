@@ -8,6 +8,8 @@
 
 namespace {
 
+namespace Field = Host::Field;
+
 using namespace Market;
 using namespace std::chrono_literals;
 
@@ -78,17 +80,17 @@ TEST_F(RecordFields, DepthIsReadOffTheBookLevelByLevel) {
   Enter(TSide::Bid, 4'990, 500, 8088);
   Enter(TSide::Bid, 4'960, 2'000, 2820);
   Enter(TSide::Ask, 5'010, 1'500, 77);
-  EXPECT_EQ(Book(), (TTexts{{1, "4.99"},
-                            {2, "5.01"},
-                            {16, "1500"},
-                            {19, "1500"},
-                            {51, "2000"},
-                            {55, "2"},
-                            {56, "1"},
-                            {65, "1"},
-                            {81, "4.96"},
-                            {120, "0120,8088,-3,2820"},
-                            {121, "0077"}}));
+  EXPECT_EQ(Book(), (TTexts{{Field::BestBid, "4.99"},
+                            {Field::BestAsk, "5.01"},
+                            {Field::BestBidSize, "1500"},
+                            {Field::BestAskSize, "1500"},
+                            {Field::Bid.Size[1], "2000"},
+                            {Field::Bid.Count[0], "2"},
+                            {Field::Bid.Count[1], "1"},
+                            {Field::Ask.Count[0], "1"},
+                            {Field::Bid.Price[1], "4.96"},
+                            {Field::BidQueue, "0120,8088,-3,2820"},
+                            {Field::AskQueue, "0077"}}));
 }
 
 TEST_F(RecordFields, TenLevelsASideAreSaid) {
@@ -107,8 +109,9 @@ TEST_F(RecordFields, TenLevelsASideAreSaid) {
     EXPECT_EQ(texts.at(Host::Field::Ask.Count[level]), "1");
   }
   EXPECT_EQ(texts.size(), 62u);
-  EXPECT_EQ(texts.at(121), "2000,+1,2001,+2,2002,+3,2003,+4,2004,+5,2005,+6,2006,+7,2007,+8,2008,"
-                           "+9,2009,+10,2010,+11,2011");
+  EXPECT_EQ(texts.at(Field::AskQueue),
+            "2000,+1,2001,+2,2002,+3,2003,+4,2004,+5,2005,+6,2006,+7,2007,+8,2008,"
+            "+9,2009,+10,2010,+11,2011");
 }
 
 TEST_F(RecordFields, TradesMakeTheDaysFigures) {
@@ -118,19 +121,23 @@ TEST_F(RecordFields, TradesMakeTheDaysFigures) {
   Enter(TSide::Bid, 5'060, 1'500, 2);
   Enter(TSide::Bid, 5'000, 500, 2);
   Enter(TSide::Ask, 5'000, 500, 3);
-  EXPECT_EQ(Day(), (TTexts{{3, "5"},
-                           {17, "2000"},
-                           {32, "5"},
-                           {37, "5.06"},
-                           {38, "10080.00"},
-                           {131, "5.6"},
-                           {132, "4.95"},
-                           {133, "5.05"}}));
+  EXPECT_EQ(Day(), (TTexts{{Field::Nominal, "5"},
+                           {Field::Volume, "2000"},
+                           {Field::Low, "5"},
+                           {Field::High, "5.06"},
+                           {Field::Turnover, "10080.00"},
+                           {Field::High52Weeks, "5.6"},
+                           {Field::Low52Weeks, "4.95"},
+                           {Field::Open, "5.05"}}));
 }
 
 TEST_F(RecordFields, NominalPriceIsThePreviousCloseBeforeAnyTrade) {
   Instrument.AdvanceTo(9h);
-  EXPECT_EQ(Day(), (TTexts{{3, "5"}, {17, "0"}, {38, "0.00"}, {131, "5.6"}, {132, "4.95"}}));
+  EXPECT_EQ(Day(), (TTexts{{Field::Nominal, "5"},
+                           {Field::Volume, "0"},
+                           {Field::Turnover, "0.00"},
+                           {Field::High52Weeks, "5.6"},
+                           {Field::Low52Weeks, "4.95"}}));
 }
 
 TEST_F(RecordFields, NewHighsAndLowsWidenTheYears) {
@@ -147,16 +154,16 @@ TEST_F(RecordFields, OpeningSessionSaysReferenceLimitsAndImbalanceAndNoBook) {
   Instrument.AdvanceTo(9h + 5min);
   Enter(TSide::Bid, 5'100, 3'000, 1);
   Enter(TSide::Ask, 4'900, 1'000, 2);
-  EXPECT_EQ(Sessions(), (TTexts{{3500, "1"},
-                                {3506, "1"},
-                                {3507, "5"},
-                                {3508, "4.25"},
-                                {3509, "5.75"},
-                                {3510, "1"},
-                                {3514, "2"},
-                                {3515, "2000"},
-                                {3551, "4.25"},
-                                {3552, "5.75"}}));
+  EXPECT_EQ(Sessions(), (TTexts{{Field::VcmMarker, "1"},
+                                {Field::PosMarker, "1"},
+                                {Field::PosReferencePrice, "5"},
+                                {Field::PosLowerPrice, "4.25"},
+                                {Field::PosUpperPrice, "5.75"},
+                                {Field::CasMarker, "1"},
+                                {Field::ImbalanceDirection, "2"},
+                                {Field::ImbalanceQuantity, "2000"},
+                                {Field::PosSellLowerLimit, "4.25"},
+                                {Field::PosBuyUpperLimit, "5.75"}}));
   EXPECT_EQ(Book(), TTexts{});
   EXPECT_EQ(Day().at(3), "5.1") << "the equilibrium price";
 }
@@ -175,7 +182,8 @@ TEST_F(RecordFields, ImbalanceOfSellersAndOfNobody) {
 
 TEST_F(RecordFields, OpeningSessionIsOverOnceItIsMatched) {
   Instrument.AdvanceTo(9h + 25min);
-  EXPECT_EQ(Sessions(), (TTexts{{3500, "1"}, {3506, "0"}, {3510, "1"}}));
+  EXPECT_EQ(Sessions(),
+            (TTexts{{Field::VcmMarker, "1"}, {Field::PosMarker, "0"}, {Field::CasMarker, "1"}}));
 }
 
 TEST_F(RecordFields, ClosingSessionSaysReferenceLimitsAndImbalance) {
@@ -186,17 +194,18 @@ TEST_F(RecordFields, ClosingSessionSaysReferenceLimitsAndImbalance) {
   Enter(TSide::Bid, 5'100, 500, 1);
   Enter(TSide::Ask, 5'050, 2'000, 2);
   const TTexts texts = Sessions();
-  EXPECT_EQ(texts, (TTexts{{3500, "1"},
-                           {3506, "0"},
-                           {3510, "1"},
-                           {3511, "5.01"},
-                           {3512, "4.76"},
-                           {3513, "5.26"},
-                           {3514, "3"},
-                           {3515, "1500"}}));
+  EXPECT_EQ(texts, (TTexts{{Field::VcmMarker, "1"},
+                           {Field::PosMarker, "0"},
+                           {Field::CasMarker, "1"},
+                           {Field::CasReferencePrice, "5.01"},
+                           {Field::CasLowerPrice, "4.76"},
+                           {Field::CasUpperPrice, "5.26"},
+                           {Field::ImbalanceDirection, "3"},
+                           {Field::ImbalanceQuantity, "1500"}}));
   EXPECT_EQ(Book(), TTexts{});
   Instrument.AdvanceTo(16h + 10min);
-  EXPECT_EQ(Sessions(), (TTexts{{3500, "1"}, {3506, "0"}, {3510, "0"}}));
+  EXPECT_EQ(Sessions(),
+            (TTexts{{Field::VcmMarker, "1"}, {Field::PosMarker, "0"}, {Field::CasMarker, "0"}}));
 }
 
 TEST_F(RecordFields, CoolingOffSaysItsTimesAndPrices) {
@@ -206,16 +215,17 @@ TEST_F(RecordFields, CoolingOffSaysItsTimesAndPrices) {
   Instrument.AdvanceTo(10h + 6min);
   Enter(TSide::Ask, 5'510, 500, 1);
   Enter(TSide::Bid, 5'510, 500, 2);
-  EXPECT_EQ(Sessions(), (TTexts{{3500, "1"},
-                                {3501, "10:06:00"},
-                                {3502, "10:11:00"},
-                                {3503, "5"},
-                                {3504, "4.5"},
-                                {3505, "5.5"},
-                                {3506, "0"},
-                                {3510, "1"}}));
+  EXPECT_EQ(Sessions(), (TTexts{{Field::VcmMarker, "1"},
+                                {Field::VcmStartTime, "10:06:00"},
+                                {Field::VcmEndTime, "10:11:00"},
+                                {Field::VcmReferencePrice, "5"},
+                                {Field::VcmLowerPrice, "4.5"},
+                                {Field::VcmUpperPrice, "5.5"},
+                                {Field::PosMarker, "0"},
+                                {Field::CasMarker, "1"}}));
   Instrument.AdvanceTo(10h + 11min);
-  EXPECT_EQ(Sessions(TCoolingOffs::Had), (TTexts{{3500, "0"}, {3506, "0"}, {3510, "1"}}));
+  EXPECT_EQ(Sessions(TCoolingOffs::Had),
+            (TTexts{{Field::VcmMarker, "0"}, {Field::PosMarker, "0"}, {Field::CasMarker, "1"}}));
 }
 
 TEST_F(RecordFields, SuspensionIsSaidAndNothingElseOfABook) {
@@ -238,16 +248,16 @@ TEST(ListedFields, SayWhatAWarrantIs) {
   AddListedFields(fields, listing, *warrant);
   const auto sorted = std::move(fields).Sorted();
   const TTexts texts(sorted.begin(), sorted.end());
-  EXPECT_EQ(texts.at(10), warrant->Name);
-  EXPECT_EQ(texts.at(22), "4");
-  EXPECT_EQ(texts.at(26), warrant->Terms->Underlying);
-  EXPECT_EQ(texts.at(28), "P");
-  EXPECT_EQ(std::stod(texts.at(104)) * warrant->Terms->UnitsPerUnderlying, 1);
-  EXPECT_EQ(texts.at(29).size(), std::string("2026-12-21").size());
-  EXPECT_EQ(texts.at(24), std::to_string(warrant->BoardLot));
-  EXPECT_FALSE(texts.contains(172));
-  EXPECT_EQ(texts.at(135), warrant->Terms->Underlying);
-  EXPECT_FALSE(texts.at(3200).empty());
+  EXPECT_EQ(texts.at(Field::Name), warrant->Name);
+  EXPECT_EQ(texts.at(Field::ProductType), "4");
+  EXPECT_EQ(texts.at(Field::Underlying), warrant->Terms->Underlying);
+  EXPECT_EQ(texts.at(Field::CallPut), "P");
+  EXPECT_EQ(std::stod(texts.at(Field::ConversionRatio)) * warrant->Terms->UnitsPerUnderlying, 1);
+  EXPECT_EQ(texts.at(Field::ExpiryDate).size(), std::string("2026-12-21").size());
+  EXPECT_EQ(texts.at(Field::BoardLot), std::to_string(warrant->BoardLot));
+  EXPECT_FALSE(texts.contains(Field::CallPrice));
+  EXPECT_EQ(texts.at(Field::WarrantList), warrant->Terms->Underlying);
+  EXPECT_FALSE(texts.at(Field::LiquidityProviderList).empty());
 }
 
 TEST(FieldList, WritesPricesWithoutNeedlessZeros) {
@@ -259,17 +269,21 @@ TEST(FieldList, WritesPricesWithoutNeedlessZeros) {
 }
 
 TEST(FieldList, DifferenceNamesWhatIsNewChangedAndGone) {
-  const TFieldTexts before{{1, "a"}, {2, "b"}, {4, "d"}, {7, "g"}};
-  const TFieldTexts after{{2, "b"}, {3, "c"}, {4, "e"}};
+  const TFieldTexts before{
+      {Field::BestBid, "a"}, {Field::BestAsk, "b"}, {Field::Status, "d"}, {Field::Name, "g"}};
+  const TFieldTexts after{{Field::BestAsk, "b"}, {Field::Nominal, "c"}, {Field::Status, "e"}};
   using TChanges = std::vector<std::pair<int, std::optional<std::string>>>;
-  EXPECT_EQ(Difference(before, after),
-            (TChanges{{1, std::nullopt}, {3, "c"}, {4, "e"}, {7, std::nullopt}}));
+  EXPECT_EQ(Difference(before, after), (TChanges{{Field::BestBid, std::nullopt},
+                                                 {Field::Nominal, "c"},
+                                                 {Field::Status, "e"},
+                                                 {Field::Name, std::nullopt}}));
   EXPECT_EQ(Difference(after, after), TChanges{});
 }
 
 TEST(FieldList, MergedTakesTheSecondsTextOfAField) {
-  EXPECT_EQ(Merged({{1, "a"}, {3, "c"}}, {{2, "b"}, {3, "x"}}),
-            (TFieldTexts{{1, "a"}, {2, "b"}, {3, "x"}}));
+  EXPECT_EQ(Merged({{Field::BestBid, "a"}, {Field::Nominal, "c"}},
+                   {{Field::BestAsk, "b"}, {Field::Nominal, "x"}}),
+            (TFieldTexts{{Field::BestBid, "a"}, {Field::BestAsk, "b"}, {Field::Nominal, "x"}}));
 }
 
 } // namespace

@@ -11,6 +11,8 @@
 
 namespace {
 
+namespace Field = Host::Field;
+
 using namespace Market;
 using namespace MarketTest;
 using namespace std::chrono_literals;
@@ -335,15 +337,15 @@ TEST(SimulatedMarketOrders, UsersOrderStandsInTheQueueOfTheRecord) {
   state.Hear(market.TakeChanges());
   const std::string symbol = LivelyShare();
   const auto fields = state.Records.at(symbol).Fields;
-  const TPrice bid = std::llround(std::stod(fields.at(1)) * PriceUnit);
-  ASSERT_EQ(fields.at(120).find("8088"), std::string::npos);
-  const TQuantity lot = std::stoll(fields.at(24));
+  const TPrice bid = std::llround(std::stod(fields.at(Field::BestBid)) * PriceUnit);
+  ASSERT_EQ(fields.at(Field::BidQueue).find("8088"), std::string::npos);
+  const TQuantity lot = std::stoll(fields.at(Field::BoardLot));
   market.Apply({TOrderAction::Submit, 1, symbol, TSide::Bid, bid, lot});
   state.Hear(market.TakeChanges());
   const auto& after = state.Records.at(symbol).Fields;
   EXPECT_NE(after.at(120).find(",8088"), std::string::npos) << after.at(120);
-  EXPECT_EQ(std::stoll(after.at(55)), std::stoll(fields.at(55)) + 1);
-  EXPECT_EQ(std::stoll(after.at(16)), std::stoll(fields.at(16)) + lot);
+  EXPECT_EQ(std::stoll(after.at(55)), std::stoll(fields.at(Field::Bid.Count[0])) + 1);
+  EXPECT_EQ(std::stoll(after.at(16)), std::stoll(fields.at(Field::BestBidSize)) + lot);
   const auto reports = market.TakeReports();
   ASSERT_EQ(reports.size(), 1u);
   EXPECT_EQ(std::get<TUserOrder>(reports[0]).Status, TOrderStatus::Working);
@@ -356,8 +358,8 @@ TEST(SimulatedMarketOrders, UsersOrderAtTheBestPriceIsFilledByOthersInTime) {
   state.Hear(market.TakeChanges());
   const std::string symbol = LivelyShare();
   const auto& fields = state.Records.at(symbol).Fields;
-  const TPrice bid = std::llround(std::stod(fields.at(1)) * PriceUnit);
-  const TQuantity lot = std::stoll(fields.at(24));
+  const TPrice bid = std::llround(std::stod(fields.at(Field::BestBid)) * PriceUnit);
+  const TQuantity lot = std::stoll(fields.at(Field::BoardLot));
   market.Apply({TOrderAction::Submit, 1, symbol, TSide::Bid, bid, lot});
   market.TakeReports();
   market.AdvanceTo(9h + 51min);

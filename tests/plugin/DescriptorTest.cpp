@@ -1,3 +1,4 @@
+#include "host/RecordFields.h"
 // The package as a second host meets it: loaded from its file, known only by the contract.
 
 #include "fakes/ViewFakes.h"
@@ -9,6 +10,8 @@
 #include <gtest/gtest.h>
 
 namespace {
+
+namespace Field = Host::Field;
 
 using Baseview::TIBaseView;
 
@@ -115,7 +118,10 @@ TEST_F(TDescriptorTest, KeepsOnePreferenceDescriptorAndOnePage) {
 TEST_F(TDescriptorTest, AnotherHostOpensAViewAndSeesItsBook) {
   const auto before = host.Registrations();
   host.editors.listed = {"700"};
-  host.Record("700").Set({{1, "318.2"}, {2, "318.4"}, {16, "1200"}, {19, "800"}});
+  host.Record("700").Set({{Field::BestBid, "318.2"},
+                          {Field::BestAsk, "318.4"},
+                          {Field::BestBidSize, "1200"},
+                          {Field::BestAskSize, "800"}});
 
   const auto handle = descriptor->OpenNewInstance();
   ASSERT_NE(handle, 0);

@@ -1,8 +1,11 @@
 #include "feed/recording/RecordingParser.h"
+#include "host/RecordFields.h"
 
 #include <gtest/gtest.h>
 
 namespace {
+
+namespace Field = Host::Field;
 
 using namespace Feed;
 using namespace std::chrono_literals;
@@ -36,7 +39,8 @@ TEST(RecordingParser, ReadsEveryMemberOfAnEvent) {
   EXPECT_EQ(event.Change.Symbol, "700");
   EXPECT_EQ(event.Change.State, 2);
   EXPECT_EQ(event.Change.Status, "Halted");
-  const decltype(event.Change.Fields) fields = {{1, "318.2"}, {16, ""}, {120, std::nullopt}};
+  const decltype(event.Change.Fields) fields = {
+      {Field::BestBid, "318.2"}, {Field::BestBidSize, ""}, {Field::BidQueue, std::nullopt}};
   EXPECT_EQ(event.Change.Fields, fields);
   ASSERT_EQ(event.Change.Trades.size(), 1u);
   EXPECT_EQ(event.Change.Trades[0].Time, "09:30");
@@ -56,7 +60,7 @@ TEST(RecordingParser, LeavesOutWhatALineDoesNotSay) {
 
 TEST(RecordingParser, IgnoresMembersThatItDoesNotKnow) {
   const auto event = EventOf(R"({"t":"10:00:00","s":"5","venue":{"a":[1,{}]},"f":{"3":"7"}})");
-  const decltype(event.Change.Fields) fields = {{3, "7"}};
+  const decltype(event.Change.Fields) fields = {{Field::Nominal, "7"}};
   EXPECT_EQ(event.Change.Fields, fields);
 }
 

@@ -1,10 +1,13 @@
 #include "feed/recording/RecordingReader.h"
 #include "feed/recording/Files.h"
+#include "host/RecordFields.h"
 
 #include <map>
 #include <memory>
 
 namespace {
+
+namespace Field = Host::Field;
 
 using namespace Feed;
 using namespace ReplayTest;
@@ -93,7 +96,8 @@ TEST(RecordingReader, StandsAtTheFirstMomentOnceIndexed) {
   ASSERT_TRUE(owner.Index);
   EXPECT_EQ(owner.Index->Events, 3u);
   EXPECT_EQ(owner.Resets, 1);
-  EXPECT_EQ(owner.Market["5"], (std::map<int, std::string>{{1, "a"}, {2, "b"}}));
+  EXPECT_EQ(owner.Market["5"],
+            (std::map<int, std::string>{{Field::BestBid, "a"}, {Field::BestAsk, "b"}}));
   EXPECT_EQ(owner.Reader().Position(), 10h);
   EXPECT_FALSE(owner.Reader().IsPlaying());
   EXPECT_FALSE(owner.Reader().IsAtEnd());
@@ -121,7 +125,7 @@ TEST(RecordingReader, MergesWhatASlowOwnerDidNotTake) {
   owner.Reader().Step(2s);
   const auto news = owner.Reader().Take();
   ASSERT_EQ(news.Changes.size(), 1u);
-  const decltype(TRecordChange::Fields) fields = {{1, "2000"}};
+  const decltype(TRecordChange::Fields) fields = {{Field::BestBid, "2000"}};
   EXPECT_EQ(news.Changes[0].Fields, fields);
   EXPECT_EQ(owner.Reader().Position(), 10h + 2s);
 }
@@ -151,13 +155,14 @@ TEST(RecordingReader, SeekShowsTheStateOfThatMoment) {
     return owner.Market;
   };
   using TMarket = decltype(owner.Market);
-  EXPECT_EQ(seek(23h), (TMarket{{"5", {{1, "(none)"}, {2, "b"}}}, {"7", {{3, "c"}}}}));
+  EXPECT_EQ(seek(23h), (TMarket{{"5", {{Field::BestBid, "(none)"}, {Field::BestAsk, "b"}}},
+                                {"7", {{Field::Nominal, "c"}}}}));
   EXPECT_EQ(owner.Reader().Position(), 10h + 3s);
   EXPECT_EQ(owner.Finishes, 1);
-  EXPECT_EQ(seek(10h + 1500ms), (TMarket{{"5", {{1, "a"}, {2, "b"}}}}));
+  EXPECT_EQ(seek(10h + 1500ms), (TMarket{{"5", {{Field::BestBid, "a"}, {Field::BestAsk, "b"}}}}));
   EXPECT_EQ(owner.Reader().Position(), 10h + 1500ms);
-  EXPECT_EQ(seek(10h + 1s), (TMarket{{"5", {{1, "a"}, {2, "b"}}}}));
-  EXPECT_EQ(seek(1h), (TMarket{{"5", {{1, "a"}}}}));
+  EXPECT_EQ(seek(10h + 1s), (TMarket{{"5", {{Field::BestBid, "a"}, {Field::BestAsk, "b"}}}}));
+  EXPECT_EQ(seek(1h), (TMarket{{"5", {{Field::BestBid, "a"}}}}));
   EXPECT_EQ(owner.Reader().Position(), 10h);
   EXPECT_FALSE(owner.Reader().IsAtEnd());
 }
@@ -203,9 +208,10 @@ TEST(RecordingReader, PlaysFromTheBeginningOnceItHasFinished) {
   owner.Reader().SetSpeed(0.1);
   owner.Reader().Play();
   ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Resets == 2; }));
-  EXPECT_EQ(owner.Market["5"], (std::map<int, std::string>{{1, "a"}}));
+  EXPECT_EQ(owner.Market["5"], (std::map<int, std::string>{{Field::BestBid, "a"}}));
   ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Finishes == 2; }));
-  EXPECT_EQ(owner.Market["5"], (std::map<int, std::string>{{1, "a"}, {2, "b"}}));
+  EXPECT_EQ(owner.Market["5"],
+            (std::map<int, std::string>{{Field::BestBid, "a"}, {Field::BestAsk, "b"}}));
 }
 
 TEST(RecordingReader, StartsOverWithoutFinishingWhenTold) {

@@ -1,7 +1,10 @@
 #include "feed/recording/Files.h"
 #include "feed/recording/RecordingIndex.h"
+#include "host/RecordFields.h"
 
 namespace {
+
+namespace Field = Host::Field;
 
 using namespace Feed;
 using namespace ReplayTest;
@@ -161,7 +164,8 @@ TEST(RecordingIndex, CheckpointsHoldTheWholeMarketUpToTheirPlace) {
   EXPECT_EQ(index.Checkpoints[1].Place.Offset, first.size());
   const auto& state = index.Checkpoints[2].State;
   ASSERT_EQ(state.size(), 2u);
-  const decltype(TRecordChange::Fields) fields = {{1, std::nullopt}, {2, "2"}};
+  const decltype(TRecordChange::Fields) fields = {{Field::BestBid, std::nullopt},
+                                                  {Field::BestAsk, "2"}};
   EXPECT_EQ(state[0].Fields, fields);
   EXPECT_EQ(state[1].Symbol, "7");
 }

@@ -1,10 +1,13 @@
 #include "feed/recording/RecordingWriter.h"
 #include "feed/recording/Files.h"
 #include "feed/recording/RecordingSource.h"
+#include "host/RecordFields.h"
 
 #include <sstream>
 
 namespace {
+
+namespace Field = Host::Field;
 
 using namespace Feed;
 using namespace ReplayTest;
@@ -24,7 +27,10 @@ TRecordChange SomeChange() {
   change.Symbol = "700";
   change.State = 1;
   change.Status = "line\nbreak \x01";
-  change.Fields = {{1, "318.2"}, {2, ""}, {120, std::nullopt}, {200, "港灣"}};
+  change.Fields = {{Field::BestBid, "318.2"},
+                   {Field::BestAsk, ""},
+                   {Field::BidQueue, std::nullopt},
+                   {Field::FirstMessage, "港灣"}};
   change.Trades = {{"10:15:00", "B", "100", 0.1}, {"10:15:01", "", "2,000", 318.4}};
   return change;
 }
@@ -70,7 +76,11 @@ TEST(RecordingWriter, WritesOneObjectPerLine) {
   const TemporaryFile file;
   TRecordingWriter writer;
   writer.Open(file.Path(), {});
-  writer.Write(9h, {"5", std::nullopt, std::nullopt, {{3, "7.5"}, {4, std::nullopt}}, {}});
+  writer.Write(9h, {"5",
+                    std::nullopt,
+                    std::nullopt,
+                    {{Field::Nominal, "7.5"}, {Field::Status, std::nullopt}},
+                    {}});
   EXPECT_EQ(writer.Close(), "");
   EXPECT_EQ(ContentOf(file),
             "{\"quorprice\":1,\"spreads\":{},\"brokers\":[],\"instruments\":[]}\n"

@@ -1,4 +1,5 @@
 #include "feed/simulation/SimulationReader.h"
+#include "host/RecordFields.h"
 
 #include "market/PublishedState.h"
 
@@ -11,6 +12,8 @@
 #include <set>
 
 namespace {
+
+namespace Field = Host::Field;
 
 using namespace Feed;
 using namespace Market;
@@ -59,9 +62,9 @@ protected:
   /// One lot more at the best bid of an instrument that trades.
   TBid LivelyBid() const {
     for (const auto& [symbol, record] : State.Records)
-      if (record.Fields.contains(1) && record.Fields.contains(84))
-        return {symbol, std::llround(std::stod(record.Fields.at(84)) * PriceUnit),
-                std::stoll(record.Fields.at(24))};
+      if (record.Fields.contains(Field::BestBid) && record.Fields.contains(Field::Bid.Price[4]))
+        return {symbol, std::llround(std::stod(record.Fields.at(Field::Bid.Price[4])) * PriceUnit),
+                std::stoll(record.Fields.at(Field::BoardLot))};
     return {};
   }
 

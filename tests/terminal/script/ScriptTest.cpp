@@ -1,3 +1,4 @@
+#include "host/RecordFields.h"
 #include "terminal/Fixture.h"
 #include "terminal/script/ScriptDriver.h"
 #include "terminal/script/ScriptSession.h"
@@ -11,6 +12,8 @@
 
 namespace Terminal {
 namespace {
+
+namespace Field = Host::Field;
 
 class Script : public testing::Test {
 protected:
@@ -152,9 +155,9 @@ TEST_F(Script, MergesRecordsAndKeepsTextsAsGiven) {
   ASSERT_NE(record, nullptr);
   EXPECT_EQ(record->GetState(), 1);
   EXPECT_EQ(record->StatusText(), "s");
-  EXPECT_FALSE(record->HasValue(1));
-  EXPECT_TRUE(record->HasValue(2));
-  EXPECT_EQ(record->GetText(3), "7");
+  EXPECT_FALSE(record->HasValue(Field::BestBid));
+  EXPECT_TRUE(record->HasValue(Field::BestAsk));
+  EXPECT_EQ(record->GetText(Field::Nominal), "7");
 }
 
 TEST_F(Script, WritesConfigurationInTheCurrentSection) {

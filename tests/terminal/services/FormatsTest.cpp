@@ -1,3 +1,4 @@
+#include "host/RecordFields.h"
 #include "terminal/services/Formatters.h"
 
 #include <gtest/gtest.h>
@@ -6,9 +7,14 @@
 
 namespace {
 
+namespace Field = Host::Field;
+
 using Data::TRecordChange;
 using Terminal::TFormatter;
 using Terminal::TMarketDataFormatter;
+
+/// Of which no rule says anything.
+constexpr int AnyField = 5000;
 
 class Formats : public testing::Test {
 protected:
@@ -32,14 +38,18 @@ protected:
     EXPECT_EQ(given, !text.empty());
     return given ? text : "refused";
   }
-  std::string PriceOf(const std::string& text) { return Price(Record({{5000, text}}), 5000); }
+  std::string PriceOf(const std::string& text) {
+    return Price(Record({{AnyField, text}}), AnyField);
+  }
   std::string PriceOf(const std::string& text, const std::string& table,
                       const std::string& nominal) {
-    return Price(Record({{5000, text}, {73, table}, {3, nominal}}), 5000);
+    return Price(Record({{AnyField, text}, {Field::SpreadCode, table}, {Field::Nominal, nominal}}),
+                 AnyField);
   }
   std::string VolumeOf(const std::string& given) {
     std::string text = "left over";
-    const bool shown = MarketData.FormatVolume(Record({{17, given}}), 17, text);
+    const bool shown =
+        MarketData.FormatVolume(Record({{Field::Volume, given}}), Field::Volume, text);
     EXPECT_EQ(shown, !text.empty());
     return shown ? text : "refused";
   }
@@ -135,9 +145,19 @@ TEST_F(Formats, WithoutASpreadTableThatIsReadyAPriceStaysAsTheFeedGaveIt) {
 }
 
 TEST_F(Formats, TheStepIsThatOfThePreviousCloseOrTheBestPricesUntilThereIsANominal) {
-  EXPECT_EQ(Price(Record({{73, "01"}, {31, "60"}, {1, "0.2"}}), 31), "60.00");
-  EXPECT_EQ(Price(Record({{73, "01"}, {3, "0"}, {1, "0.2"}, {2, "60"}}), 1), "0.200");
-  EXPECT_EQ(Price(Record({{73, "01"}, {2, "60"}}), 2), "60.00");
+  EXPECT_EQ(
+      Price(Record(
+                {{Field::SpreadCode, "01"}, {Field::PreviousClose, "60"}, {Field::BestBid, "0.2"}}),
+            Field::PreviousClose),
+      "60.00");
+  EXPECT_EQ(Price(Record({{Field::SpreadCode, "01"},
+                          {Field::Nominal, "0"},
+                          {Field::BestBid, "0.2"},
+                          {Field::BestAsk, "60"}}),
+                  Field::BestBid),
+            "0.200");
+  EXPECT_EQ(Price(Record({{Field::SpreadCode, "01"}, {Field::BestAsk, "60"}}), Field::BestAsk),
+            "60.00");
 }
 
 TEST_F(Formats, APriceTextThatIsNotPlainIsReadAsANumberOrShownAsItStands) {
@@ -153,17 +173,19 @@ TEST_F(Formats, APriceTextThatIsNotPlainIsReadAsANumberOrShownAsItStands) {
 }
 
 TEST_F(Formats, APriceIsRefusedWithoutAReadyRecordFieldAndText) {
-  EXPECT_EQ(Price(Record({{1, ""}}), 1), "refused");
-  EXPECT_EQ(Price(Record({{2, "5"}}), 1), "refused");
+  EXPECT_EQ(Price(Record({{Field::BestBid, ""}}), Field::BestBid), "refused");
+  EXPECT_EQ(Price(Record({{Field::BestAsk, "5"}}), Field::BestBid), "refused");
   Data::TRecordChange rejected;
   rejected.Symbol = "X";
   rejected.State = 2;
-  rejected.Fields = {{1, "5"}, {17, "5"}, {48, "5"}, {130, "5"}, {3, "5"}, {31, "4"}};
+  rejected.Fields = {{Field::BestBid, "5"}, {Field::Volume, "5"},
+                     {Field::Change, "5"},  {Field::ChangePercent, "5"},
+                     {Field::Nominal, "5"}, {Field::PreviousClose, "4"}};
   Adapter.Apply(rejected);
   const auto& record = *Adapter.Find("X");
   std::string text;
-  EXPECT_EQ(Price(record, 1), "refused");
-  EXPECT_FALSE(MarketData.FormatVolume(record, 17, text));
+  EXPECT_EQ(Price(record, Field::BestBid), "refused");
+  EXPECT_FALSE(MarketData.FormatVolume(record, Field::Volume, text));
   EXPECT_EQ(Change(record), "refused");
   EXPECT_EQ(ChangePercent(record), "refused");
 }
@@ -171,7 +193,7 @@ TEST_F(Formats, APriceIsRefusedWithoutAReadyRecordFieldAndText) {
 TEST_F(Formats, APriceOfASymbolFollowsItsSpreadTableOrThePrecisionAskedFor) {
   Data::TRecordChange change;
   change.Symbol = "700";
-  change.Fields = {{73, "01"}, {3, "60"}};
+  change.Fields = {{Field::SpreadCode, "01"}, {Field::Nominal, "60"}};
   Adapter.Apply(change);
   EXPECT_EQ(Formatter.FormatPrice("700", 0, 318), "318.00");
   EXPECT_EQ(Formatter.FormatPrice("700", 0, 0.001), "0.001");
@@ -197,31 +219,44 @@ TEST_F(Formats, AVolumeIsGrouped) {
 }
 
 TEST_F(Formats, AChangeHasItsSignAndTheDecimalsOfThePrice) {
-  EXPECT_EQ(Change(Record({{48, "1.2"}, {73, "01"}, {3, "60"}})), "+1.20");
-  EXPECT_EQ(Change(Record({{48, "-0.35"}, {73, "01"}, {3, "60"}})), "-0.35");
-  EXPECT_EQ(Change(Record({{48, "0"}, {73, "01"}, {3, "60"}})), "0.00");
-  EXPECT_EQ(Change(Record({{48, "+1.20"}})), "+1.20");
-  EXPECT_EQ(Change(Record({{48, "-0.00"}})), "0.00");
-  EXPECT_EQ(Change(Record({{48, "unch"}})), "unch");
+  EXPECT_EQ(
+      Change(Record({{Field::Change, "1.2"}, {Field::SpreadCode, "01"}, {Field::Nominal, "60"}})),
+      "+1.20");
+  EXPECT_EQ(
+      Change(Record({{Field::Change, "-0.35"}, {Field::SpreadCode, "01"}, {Field::Nominal, "60"}})),
+      "-0.35");
+  EXPECT_EQ(
+      Change(Record({{Field::Change, "0"}, {Field::SpreadCode, "01"}, {Field::Nominal, "60"}})),
+      "0.00");
+  EXPECT_EQ(Change(Record({{Field::Change, "+1.20"}})), "+1.20");
+  EXPECT_EQ(Change(Record({{Field::Change, "-0.00"}})), "0.00");
+  EXPECT_EQ(Change(Record({{Field::Change, "unch"}})), "unch");
 }
 
 TEST_F(Formats, WithoutItsFieldTheChangeIsTheNominalLessThePreviousClose) {
-  EXPECT_EQ(Change(Record({{3, "318.2"}, {31, "317.0"}, {73, "01"}})), "+1.2");
-  EXPECT_EQ(Change(Record({{3, "60.15"}, {31, "60.5"}, {48, ""}})), "-0.35");
-  EXPECT_EQ(Change(Record({{3, "60.50"}, {31, "60.5"}})), "0.00");
-  EXPECT_EQ(Change(Record({{3, "60"}})), "refused");
-  EXPECT_EQ(Change(Record({{31, "60"}, {3, "0"}})), "refused") << "nothing traded yet";
+  EXPECT_EQ(
+      Change(Record(
+          {{Field::Nominal, "318.2"}, {Field::PreviousClose, "317.0"}, {Field::SpreadCode, "01"}})),
+      "+1.2");
+  EXPECT_EQ(Change(Record(
+                {{Field::Nominal, "60.15"}, {Field::PreviousClose, "60.5"}, {Field::Change, ""}})),
+            "-0.35");
+  EXPECT_EQ(Change(Record({{Field::Nominal, "60.50"}, {Field::PreviousClose, "60.5"}})), "0.00");
+  EXPECT_EQ(Change(Record({{Field::Nominal, "60"}})), "refused");
+  EXPECT_EQ(Change(Record({{Field::PreviousClose, "60"}, {Field::Nominal, "0"}})), "refused")
+      << "nothing traded yet";
 }
 
 TEST_F(Formats, AChangePercentHasItsSignAndTwoDecimals) {
-  EXPECT_EQ(ChangePercent(Record({{130, "0.379"}})), "+0.38%");
-  EXPECT_EQ(ChangePercent(Record({{130, "-1.5%"}})), "-1.50%");
-  EXPECT_EQ(ChangePercent(Record({{130, "0"}})), "0.00%");
-  EXPECT_EQ(ChangePercent(Record({{130, "-0.001"}})), "0.00%");
-  EXPECT_EQ(ChangePercent(Record({{130, "0.001"}})), "0.00%");
-  EXPECT_EQ(ChangePercent(Record({{130, "n/a"}})), "n/a");
-  EXPECT_EQ(ChangePercent(Record({{3, "318.2"}, {31, "317"}})), "+0.38%");
-  EXPECT_EQ(ChangePercent(Record({{3, "318.2"}})), "refused");
+  EXPECT_EQ(ChangePercent(Record({{Field::ChangePercent, "0.379"}})), "+0.38%");
+  EXPECT_EQ(ChangePercent(Record({{Field::ChangePercent, "-1.5%"}})), "-1.50%");
+  EXPECT_EQ(ChangePercent(Record({{Field::ChangePercent, "0"}})), "0.00%");
+  EXPECT_EQ(ChangePercent(Record({{Field::ChangePercent, "-0.001"}})), "0.00%");
+  EXPECT_EQ(ChangePercent(Record({{Field::ChangePercent, "0.001"}})), "0.00%");
+  EXPECT_EQ(ChangePercent(Record({{Field::ChangePercent, "n/a"}})), "n/a");
+  EXPECT_EQ(ChangePercent(Record({{Field::Nominal, "318.2"}, {Field::PreviousClose, "317"}})),
+            "+0.38%");
+  EXPECT_EQ(ChangePercent(Record({{Field::Nominal, "318.2"}})), "refused");
 }
 
 } // namespace

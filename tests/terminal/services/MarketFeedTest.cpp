@@ -1,3 +1,4 @@
+#include "host/RecordFields.h"
 #include "terminal/services/MarketRecorder.h"
 #include "terminal/services/Services.h"
 #include "terminal/start/SimulationRecording.h"
@@ -11,6 +12,8 @@
 
 namespace Terminal {
 namespace {
+
+namespace Field = Host::Field;
 
 using namespace std::chrono_literals;
 
@@ -89,8 +92,8 @@ TEST_F(MarketFeed, HandsTheMarketToTheServices) {
   ASSERT_TRUE(Feed.Age());
   EXPECT_EQ(Services.Market.GetInstrument("700")->Currency(), "HKD");
   EXPECT_DOUBLE_EQ(Services.Market.GetSpreadTable("01")->PriceStep(5), 0.01);
-  EXPECT_EQ(Record().GetText(1), "5");
-  EXPECT_EQ(Record().GetText(2), "6");
+  EXPECT_EQ(Record().GetText(Field::BestBid), "5");
+  EXPECT_EQ(Record().GetText(Field::BestAsk), "6");
 }
 
 TEST_F(MarketFeed, NamesInstrumentsInEveryLanguageThatTheHeaderHas) {
@@ -109,8 +112,8 @@ TEST_F(MarketFeed, ForgetsTheMarketOnAJump) {
   Player.Step(6000);
   Player.Seek(Player.Start());
   Player.Step(0);
-  EXPECT_EQ(Record().GetText(1), "5");
-  EXPECT_FALSE(Record().HasValue(2));
+  EXPECT_EQ(Record().GetText(Field::BestBid), "5");
+  EXPECT_FALSE(Record().HasValue(Field::BestAsk));
   EXPECT_EQ(Record().GetState(), Constdef::RecordState_Ready);
 }
 
@@ -160,11 +163,11 @@ TEST_F(MarketFeed, RecordsTheMarketAsItStandsAndEveryChange) {
 
   ASSERT_EQ(Player.Open(File("copy.jsonl")), QString());
   Player.Step(0);
-  EXPECT_EQ(Record().GetText(1), "5");
-  EXPECT_EQ(Record().GetText(2), "6");
+  EXPECT_EQ(Record().GetText(Field::BestBid), "5");
+  EXPECT_EQ(Record().GetText(Field::BestAsk), "6");
   EXPECT_EQ(Player.Index()->Header.Instruments.size(), 1u);
   Player.Step(9000);
-  EXPECT_FALSE(Record().HasValue(1));
+  EXPECT_FALSE(Record().HasValue(Field::BestBid));
 }
 
 TEST_F(MarketFeed, AJumpEndsTheRecording) {
@@ -226,15 +229,15 @@ TEST_F(MarketFeed, SnapshotsComeOnRequestOnlyAndAreCounted) {
   EXPECT_EQ(Record().GetState(), Constdef::RecordState_None);
   Services.Subscriptions.Refresh("700");
   EXPECT_EQ(Record().GetState(), Constdef::RecordState_Ready);
-  EXPECT_EQ(Record().GetText(1), "5");
+  EXPECT_EQ(Record().GetText(Field::BestBid), "5");
   Player.Step(6000);
-  EXPECT_FALSE(Record().HasValue(2)) << "nobody asked";
+  EXPECT_FALSE(Record().HasValue(Field::BestAsk)) << "nobody asked";
   Services.Subscriptions.Refresh("700");
-  EXPECT_EQ(Record().GetText(2), "6");
+  EXPECT_EQ(Record().GetText(Field::BestAsk), "6");
   Player.Step(6000);
-  EXPECT_TRUE(Record().HasValue(1));
+  EXPECT_TRUE(Record().HasValue(Field::BestBid));
   Services.Subscriptions.Refresh("700");
-  EXPECT_FALSE(Record().HasValue(1)) << "the market has taken it away";
+  EXPECT_FALSE(Record().HasValue(Field::BestBid)) << "the market has taken it away";
   EXPECT_EQ(counts, (QList<int>{1, 2, 3}));
   EXPECT_EQ(Feed.SnapshotCount(), 3);
 }
@@ -260,11 +263,11 @@ TEST_F(MarketFeed, StreamsAgainWithAllThatNobodyAskedFor) {
   Play(market);
   Player.Step(0);
   Feed.SetFeedType(Constdef::FeedType_PerClick);
-  EXPECT_FALSE(Record().HasValue(1)) << "what streamed before is no snapshot";
+  EXPECT_FALSE(Record().HasValue(Field::BestBid)) << "what streamed before is no snapshot";
   Player.Step(6000);
   Feed.SetFeedType(Constdef::FeedType_Streaming);
-  EXPECT_EQ(Record().GetText(1), "5");
-  EXPECT_EQ(Record().GetText(2), "6");
+  EXPECT_EQ(Record().GetText(Field::BestBid), "5");
+  EXPECT_EQ(Record().GetText(Field::BestAsk), "6");
   Services.Subscriptions.Refresh("700");
   EXPECT_EQ(Feed.SnapshotCount(), 0);
 }
@@ -285,8 +288,8 @@ TEST_F(MarketFeed, DelayedQuotesAreAQuarterOfAnHourOldAndHaveNoQueue) {
     const auto* shown = Services.Subscriptions.Find(record.Symbol);
     for (const auto& [field, value] : record.Fields)
       EXPECT_EQ(shown->GetText(field), *value) << record.Symbol << " " << field;
-    EXPECT_FALSE(shown->HasValue(120)) << record.Symbol;
-    EXPECT_FALSE(shown->HasValue(121)) << record.Symbol;
+    EXPECT_FALSE(shown->HasValue(Field::BidQueue)) << record.Symbol;
+    EXPECT_FALSE(shown->HasValue(Field::AskQueue)) << record.Symbol;
   }
   EXPECT_EQ(Player.Position(), 9h + 55min);
 }
@@ -294,15 +297,15 @@ TEST_F(MarketFeed, DelayedQuotesAreAQuarterOfAnHourOldAndHaveNoQueue) {
 TEST_F(MarketFeed, RecordingShowsItsQueueWhereverQuotesAreNotDelayed) {
   Play("{\"t\":\"09:30:00\",\"s\":\"700\",\"f\":{\"1\":\"5\",\"120\":\"B\",\"121\":\"A\"}}\n");
   Player.Step(0);
-  EXPECT_EQ(Record().GetText(120), "B");
+  EXPECT_EQ(Record().GetText(Field::BidQueue), "B");
   Feed.SetFeedType(Constdef::FeedType_Delayed);
-  EXPECT_EQ(Record().GetText(1), "5");
-  EXPECT_FALSE(Record().HasValue(120));
-  EXPECT_FALSE(Record().HasValue(121));
+  EXPECT_EQ(Record().GetText(Field::BestBid), "5");
+  EXPECT_FALSE(Record().HasValue(Field::BidQueue));
+  EXPECT_FALSE(Record().HasValue(Field::AskQueue));
   Feed.SetFeedType(Constdef::FeedType_Streaming);
-  EXPECT_EQ(Record().GetText(1), "5");
-  EXPECT_EQ(Record().GetText(120), "B");
-  EXPECT_EQ(Record().GetText(121), "A");
+  EXPECT_EQ(Record().GetText(Field::BestBid), "5");
+  EXPECT_EQ(Record().GetText(Field::BidQueue), "B");
+  EXPECT_EQ(Record().GetText(Field::AskQueue), "A");
 }
 
 TEST_F(MarketFeed, RealTimeQuotesOfASimulationAreGoneAsSoonAsItIsDelayed) {
@@ -330,7 +333,7 @@ TEST_F(MarketFeed, UnknownFeedTypeChangesNothing) {
     EXPECT_EQ(Feed.FeedType(), Constdef::FeedType_Streaming);
     EXPECT_EQ(Services.Vendor.FeedType(), Constdef::FeedType_Streaming);
   }
-  EXPECT_EQ(Record().GetText(1), "5");
+  EXPECT_EQ(Record().GetText(Field::BestBid), "5");
 }
 
 TEST_F(MarketFeed, PresentHasNoTradesPerClickEither) {

@@ -1,5 +1,6 @@
 #include "terminal/services/MarketPlayer.h"
 #include "feed/recording/Files.h"
+#include "host/RecordFields.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -8,6 +9,8 @@
 #include <map>
 
 namespace {
+
+namespace Field = Host::Field;
 
 using namespace Terminal;
 using namespace ReplayTest;
@@ -88,7 +91,7 @@ TEST(MarketPlayer, TellsHeaderThenResetThenTheFirstMoment) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return !listener.Market.empty(); }));
   EXPECT_EQ(listener.Taken(), "header reset batch ");
   EXPECT_TRUE(listener.Header.Simulated);
-  EXPECT_EQ(listener.Market["5"], (std::map<int, std::string>{{1, "a"}}));
+  EXPECT_EQ(listener.Market["5"], (std::map<int, std::string>{{Field::BestBid, "a"}}));
   EXPECT_EQ(player.State(), TMarketPlayer::TState::Paused);
   EXPECT_EQ(player.Start(), 10h);
   EXPECT_EQ(player.End(), 10h + 3s);
@@ -132,7 +135,7 @@ TEST(MarketPlayer, SeekingBackTakesAwayWhatWasSetLater) {
   player.Seek(10h + 1s);
   player.Step(0);
   EXPECT_EQ(listener.Taken(), "reset batch ");
-  EXPECT_EQ(listener.Market["5"], (std::map<int, std::string>{{1, "b"}}));
+  EXPECT_EQ(listener.Market["5"], (std::map<int, std::string>{{Field::BestBid, "b"}}));
   EXPECT_EQ(player.State(), TMarketPlayer::TState::Paused);
 }
 
@@ -146,7 +149,8 @@ TEST(MarketPlayer, PlaysToTheEndInOrder) {
   player.Open(PathOf(file));
   player.Play();
   ASSERT_TRUE(QTest::qWaitFor([&] { return !finished.empty(); }));
-  EXPECT_EQ(listener.Market["5"], (std::map<int, std::string>{{1, "d"}, {2, "c"}}));
+  EXPECT_EQ(listener.Market["5"],
+            (std::map<int, std::string>{{Field::BestBid, "d"}, {Field::BestAsk, "c"}}));
   EXPECT_EQ(player.State(), TMarketPlayer::TState::Finished);
   EXPECT_EQ(states.back().at(0).value<TMarketPlayer::TState>(), TMarketPlayer::TState::Finished);
   EXPECT_EQ(player.Position(), player.End());

@@ -1,3 +1,4 @@
+#include "host/RecordFields.h"
 #include "terminal/services/SubscribeAdapter.h"
 
 #include <gtest/gtest.h>
@@ -5,6 +6,10 @@
 #include <memory>
 
 namespace {
+
+namespace Field = Host::Field;
+
+constexpr int UnknownField = 99;
 
 using Basesubscribedata::TCustomSubItem;
 using Data::TRecordChange;
@@ -37,16 +42,16 @@ TEST_F(Records, ASubscribedSymbolThatNobodyNamedHasAnEmptyRecordAndIsNotListed) 
   EXPECT_EQ(record->Symbol(), "700");
   EXPECT_EQ(record->GetState(), 0);
   EXPECT_EQ(record->StatusText(), "");
-  EXPECT_FALSE(record->HasValue(1));
+  EXPECT_FALSE(record->HasValue(Field::BestBid));
   EXPECT_EQ(Symbols.Resolve("700"), std::nullopt);
   EXPECT_EQ(Subscribe(""), nullptr);
 }
 
 TEST_F(Records, AnUpdateMakesTheRecordReadyUnlessItSaysOtherwise) {
   const auto* subscribed = Subscribe("700");
-  Adapter.Apply(Change("700", {{1, "318.2"}}));
+  Adapter.Apply(Change("700", {{Field::BestBid, "318.2"}}));
   EXPECT_EQ(subscribed->GetState(), 1);
-  EXPECT_EQ(subscribed->GetText(1), "318.2");
+  EXPECT_EQ(subscribed->GetText(Field::BestBid), "318.2");
   Data::TRecordChange rejected;
   rejected.Symbol = "9999";
   rejected.State = 2;
@@ -55,22 +60,27 @@ TEST_F(Records, AnUpdateMakesTheRecordReadyUnlessItSaysOtherwise) {
   EXPECT_EQ(Adapter.Find("9999")->GetState(), 2);
   EXPECT_EQ(Adapter.Find("9999")->StatusText(), "Unknown stock");
   EXPECT_EQ(Symbols.Resolve("9999"), "9999") << "a record of any state lists its symbol";
-  Adapter.Apply(Change("9999", {{1, "5"}}));
+  Adapter.Apply(Change("9999", {{Field::BestBid, "5"}}));
   EXPECT_EQ(Adapter.Find("9999")->GetState(), 2) << "an omitted state stays";
   EXPECT_EQ(Adapter.Find("9999")->StatusText(), "Unknown stock");
 }
 
 TEST_F(Records, AChangeMergesAndARemovedFieldIsAbsent) {
-  Adapter.Apply(Change("700", {{2, "318.4"}, {120, ""}, {1, "318.2"}, {3510, " 1 "}}));
-  Adapter.Apply(Change("700", {{1, "318.6"}, {2, std::nullopt}, {99, std::nullopt}}));
+  Adapter.Apply(Change("700", {{Field::BestAsk, "318.4"},
+                               {Field::BidQueue, ""},
+                               {Field::BestBid, "318.2"},
+                               {Field::CasMarker, " 1 "}}));
+  Adapter.Apply(Change(
+      "700",
+      {{Field::BestBid, "318.6"}, {Field::BestAsk, std::nullopt}, {UnknownField, std::nullopt}}));
   const auto* record = Adapter.Find("700");
-  EXPECT_EQ(record->GetText(1), "318.6");
-  EXPECT_FALSE(record->HasValue(2));
-  EXPECT_EQ(record->GetText(2), "");
-  EXPECT_TRUE(record->HasValue(120)) << "a field with an empty text is present";
+  EXPECT_EQ(record->GetText(Field::BestBid), "318.6");
+  EXPECT_FALSE(record->HasValue(Field::BestAsk));
+  EXPECT_EQ(record->GetText(Field::BestAsk), "");
+  EXPECT_TRUE(record->HasValue(Field::BidQueue)) << "a field with an empty text is present";
   EXPECT_FALSE(record->HasValue(99));
-  EXPECT_EQ(record->GetText(3510), " 1 ") << "texts are kept as given";
-  Adapter.Apply(Change("", {{1, "1"}}));
+  EXPECT_EQ(record->GetText(Field::CasMarker), " 1 ") << "texts are kept as given";
+  Adapter.Apply(Change("", {{Field::BestBid, "1"}}));
   EXPECT_EQ(Adapter.Find(""), nullptr);
 }
 
@@ -87,10 +97,10 @@ TEST_F(Records, ANumberIsReadWithBlanksAroundItAndIsZeroForAnyOtherText) {
                                                                                 {"nan", 0},
                                                                                 {"--1", 0},
                                                                                 {"+-1", 0}}) {
-    Adapter.Apply(Change("700", {{3, text}}));
-    EXPECT_EQ(Adapter.Find("700")->GetNumber(3), number) << text;
+    Adapter.Apply(Change("700", {{Field::Nominal, text}}));
+    EXPECT_EQ(Adapter.Find("700")->GetNumber(Field::Nominal), number) << text;
   }
-  EXPECT_EQ(Adapter.Find("700")->GetNumber(4), 0);
+  EXPECT_EQ(Adapter.Find("700")->GetNumber(UnknownField), 0);
 }
 
 TEST_F(Records, EveryFollowerIsToldOncePerChange) {
@@ -100,7 +110,7 @@ TEST_F(Records, EveryFollowerIsToldOncePerChange) {
   record->AddRealtimeListener(
       [&](System::TObject* sender) {
         EXPECT_EQ(sender, record);
-        EXPECT_EQ(record->GetText(1), "318.2") << "told after the merge";
+        EXPECT_EQ(record->GetText(Field::BestBid), "318.2") << "told after the merge";
         ++toldDepth;
       },
       &depth);
@@ -111,13 +121,13 @@ TEST_F(Records, EveryFollowerIsToldOncePerChange) {
         ++toldDetail;
       },
       &detail);
-  Adapter.Apply(Change("700", {{1, "318.2"}, {2, "318.4"}}));
-  Adapter.Apply(Change("5", {{1, "60"}}));
+  Adapter.Apply(Change("700", {{Field::BestBid, "318.2"}, {Field::BestAsk, "318.4"}}));
+  Adapter.Apply(Change("5", {{Field::BestBid, "60"}}));
   EXPECT_EQ(toldDepth, 1);
   EXPECT_EQ(toldDetail, 1);
   record->RemoveRealtimeListener(&depth);
   Adapter.Release(record, &detail);
-  Adapter.Apply(Change("700", {{1, "318.4"}}));
+  Adapter.Apply(Change("700", {{Field::BestBid, "318.4"}}));
   EXPECT_EQ(toldDepth + toldDetail, 2);
 }
 
@@ -132,10 +142,10 @@ TEST_F(Records, AFollowerMayLeaveAndSubscribeWhileItIsTold) {
         Adapter.Unsubscribe(record);
         owner.reset();
         Subscribe("5")->AddRealtimeListener([&](System::TObject*) { ++told; }, &other);
-        Adapter.Apply(Change("5", {{1, "60"}}));
+        Adapter.Apply(Change("5", {{Field::BestBid, "60"}}));
       },
       owner.get());
-  Adapter.Apply(Change("700", {{1, "318.2"}}));
+  Adapter.Apply(Change("700", {{Field::BestBid, "318.2"}}));
   EXPECT_EQ(told, 1);
   EXPECT_EQ(Adapter.RegistrationCount(), 1U);
 }

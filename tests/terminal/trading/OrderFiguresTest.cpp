@@ -1,4 +1,5 @@
 #include "terminal/trading/OrderFigures.h"
+#include "host/RecordFields.h"
 
 #include "terminal/services/Services.h"
 
@@ -6,6 +7,8 @@
 
 namespace Terminal {
 namespace {
+
+namespace Field = Host::Field;
 
 class OrderFigures : public testing::Test {
 protected:
@@ -15,7 +18,8 @@ protected:
     Services.Market.DefineInstrument("700", "HKD", "TESTCO");
     Data::TRecordChange change;
     change.Symbol = "700";
-    change.Fields = {{73, "01"}, {24, "500"}, {1, "101.1"}};
+    change.Fields = {
+        {Field::SpreadCode, "01"}, {Field::BoardLot, "500"}, {Field::BestBid, "101.1"}};
     Services.Subscriptions.Apply(change);
   }
 

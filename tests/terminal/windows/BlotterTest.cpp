@@ -1,4 +1,5 @@
 #include "terminal/windows/Blotter.h"
+#include "host/RecordFields.h"
 
 #include "data/Orders.h"
 #include "host/ConstDef.h"
@@ -11,6 +12,8 @@
 namespace Terminal {
 namespace {
 
+namespace Field = Host::Field;
+
 using namespace Data;
 using TModel = TOrdersModel;
 
@@ -22,7 +25,8 @@ protected:
     Services.Market.DefineInstrument("80700", "CNY", "TESTCO-R");
     Data::TRecordChange change;
     change.Symbol = "700";
-    change.Fields = {{3, "101.2"}, {24, "500"}, {73, "01"}};
+    change.Fields = {
+        {Field::Nominal, "101.2"}, {Field::BoardLot, "500"}, {Field::SpreadCode, "01"}};
     Services.Subscriptions.Apply(change);
     Desk.SetMarket([this](const TOrderRequest& request) { Asked.push_back(request); });
     View.resize(900, 300);

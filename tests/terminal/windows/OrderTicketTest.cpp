@@ -1,4 +1,5 @@
 #include "terminal/windows/OrderTicket.h"
+#include "host/RecordFields.h"
 
 #include "data/Orders.h"
 #include "host/ConstDef.h"
@@ -13,6 +14,8 @@
 namespace Terminal {
 namespace {
 
+namespace Field = Host::Field;
+
 using namespace Data;
 
 class OrderTicket : public testing::Test {
@@ -23,7 +26,8 @@ protected:
     Services.Market.DefineInstrument("5", "HKD", "Bank");
     Data::TRecordChange change;
     change.Symbol = "700";
-    change.Fields = {{3, "101.2"}, {24, "500"}, {73, "01"}};
+    change.Fields = {
+        {Field::Nominal, "101.2"}, {Field::BoardLot, "500"}, {Field::SpreadCode, "01"}};
     Services.Subscriptions.Apply(change);
     Services.Channels.Subscribe(
         Constdef::Channel_CopyOrder,

@@ -1,4 +1,5 @@
 #include "terminal/windows/PlayerBar.h"
+#include "host/RecordFields.h"
 
 #include "host/ConstDef.h"
 #include "terminal/script/Input.h"
@@ -12,6 +13,8 @@
 
 namespace Terminal {
 namespace {
+
+namespace Field = Host::Field;
 
 using namespace std::chrono_literals;
 
@@ -80,7 +83,7 @@ TEST_F(PlayerBar, JumpsToTheNextCoolingOffAndNamesItsInstrument) {
   ASSERT_EQ(reached.size(), 1);
   const auto* record = Services.Subscriptions.Find(reached[0][0].toString().toStdString());
   ASSERT_NE(record, nullptr);
-  EXPECT_EQ(record->GetText(3500), "1");
+  EXPECT_EQ(record->GetText(Field::VcmMarker), "1");
   EXPECT_GT(Player.Position(), 9h + 44min);
 }
 

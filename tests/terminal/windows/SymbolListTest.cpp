@@ -1,4 +1,5 @@
 #include "terminal/windows/SymbolList.h"
+#include "host/RecordFields.h"
 
 #include "host/ConstDef.h"
 #include "platform/Colour.h"
@@ -11,6 +12,8 @@
 namespace Terminal {
 namespace {
 
+namespace Field = Host::Field;
+
 using TModel = TSymbolListModel;
 
 class SymbolList : public testing::Test {
@@ -20,9 +23,14 @@ protected:
     Services.Market.DefineInstrument("700", "HKD", "TESTCO");
     Services.Market.DefineInstrument("5", "HKD", "Bank of Test");
     Services.Market.DefineInstrument("2700", "HKD", "Seven");
-    Update("700",
-           {{3, "101.2"}, {31, "100"}, {1, "101.1"}, {2, "101.3"}, {17, "12400"}, {73, "01"}});
-    Update("5", {{3, "0.295"}, {31, "0.3"}, {73, "01"}});
+    Update("700", {{Field::Nominal, "101.2"},
+                   {Field::PreviousClose, "100"},
+                   {Field::BestBid, "101.1"},
+                   {Field::BestAsk, "101.3"},
+                   {Field::Volume, "12400"},
+                   {Field::SpreadCode, "01"}});
+    Update("5",
+           {{Field::Nominal, "0.295"}, {Field::PreviousClose, "0.3"}, {Field::SpreadCode, "01"}});
     Services.Channels.RegisterCopySymbol(
         [this](System::TObject*, System::TObject* data) {
           const auto* list = dynamic_cast<TListObject*>(data);
@@ -114,9 +122,9 @@ TEST_F(SymbolList, TellsOnceOfTheCellsWhoseTextsDiffer) {
                    [&](const QModelIndex& first, const QModelIndex& last) {
                      changed.push_back({first.row(), first.column(), last.column()});
                    });
-  Update("5", {{1, "0.29"}});
-  Update("5", {{2, "0.3"}});
-  Update("700", {{3, "101.2"}});
+  Update("5", {{Field::BestBid, "0.29"}});
+  Update("5", {{Field::BestAsk, "0.3"}});
+  Update("700", {{Field::Nominal, "101.2"}});
   EXPECT_TRUE(changed.empty()) << "before the next update";
   model.Update();
   model.Update();
@@ -125,7 +133,7 @@ TEST_F(SymbolList, TellsOnceOfTheCellsWhoseTextsDiffer) {
 
 TEST_F(SymbolList, TakesInSymbolsAndNamesThatAreListedLater) {
   TModel model(Services);
-  Update("9988", {{3, "12"}});
+  Update("9988", {{Field::Nominal, "12"}});
   Services.Market.DefineInstrument("2700", "HKD", "Renamed");
   model.Update();
   ASSERT_EQ(model.rowCount(), 4);
@@ -187,7 +195,7 @@ TEST_F(SymbolList, SortsByNumbersAndKeepsRowsStillWhileFiguresMove) {
   EXPECT_EQ(Shown(), (QStringList{"5", "700", "2700"}));
   Table()->sortByColumn(TModel::LastColumn, Qt::DescendingOrder);
   EXPECT_EQ(Shown(), (QStringList{"700", "5", "2700"}));
-  Update("2700", {{3, "500"}});
+  Update("2700", {{Field::Nominal, "500"}});
   List.findChild<TModel*>()->Update();
   EXPECT_EQ(Shown(), (QStringList{"700", "5", "2700"}));
   Table()->sortByColumn(TModel::LastColumn, Qt::DescendingOrder);
