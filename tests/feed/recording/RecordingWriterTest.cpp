@@ -84,7 +84,7 @@ TEST(RecordingWriter, WritesOneObjectPerLine) {
   EXPECT_EQ(writer.Close(), "");
   EXPECT_EQ(ContentOf(file),
             "{\"quorprice\":1,\"spreads\":{},\"brokers\":[],\"instruments\":[]}\n"
-            "{\"t\":\"09:00:00.000000\",\"s\":\"5\",\"f\":{\"3\":\"7.5\",\"4\":null}}\n");
+            "{\"t\":\"09:00:00.000000\",\"s\":\"5\",\"f\":{\"3\":\"7.5\",\"5\":null}}\n");
 }
 
 TEST(RecordingWriter, KeepsTheOrderOfTimeAndLeavesOutNamelessChanges) {
