@@ -86,14 +86,14 @@ std::ptrdiff_t QueueIndex(TQueueColumn column, int row, int rowCount) {
   return std::ptrdiff_t{row} - 1 + std::ptrdiff_t{column.Place} * (rowCount - 1);
 }
 
-void TBrokerQueue::TSide::Update(std::string_view text) {
+void TBrokerQueue::TEntries::Update(std::string_view text) {
   if (text == Text)
     return;
   Text = text;
-  Entries.clear();
+  Pieces.clear();
   ForEachPiece(Text, [this](std::string_view piece) {
     if (const auto entry = Trim(piece); !entry.empty())
-      Entries.push_back(entry);
+      Pieces.push_back(entry);
   });
 }
 
@@ -105,13 +105,13 @@ void TBrokerQueue::Update(std::string_view bidText, std::string_view askText) {
 int TBrokerQueue::Size(int side) const {
   if (side != Side::Bid && side != Side::Ask)
     return 0;
-  return static_cast<int>(sides_[static_cast<std::size_t>(side)].Entries.size());
+  return static_cast<int>(sides_[static_cast<std::size_t>(side)].Pieces.size());
 }
 
 std::string_view TBrokerQueue::Entry(std::ptrdiff_t index, int side) const {
   if (index < 0 || index >= Size(side))
     return {};
-  return sides_[static_cast<std::size_t>(side)].Entries[static_cast<std::size_t>(index)];
+  return sides_[static_cast<std::size_t>(side)].Pieces[static_cast<std::size_t>(index)];
 }
 
 std::string TBrokerQueue::Text(std::ptrdiff_t index, int side, TBrokerStyle style) const {

@@ -41,7 +41,7 @@ public:
   TBrokerQueue(const TBrokerQueue&) = delete;
   TBrokerQueue& operator=(const TBrokerQueue&) = delete;
 
-  /// Takes the comma-separated entries of both sides; a side whose text is as before is kept.
+  /// Reads the comma-separated entries of both sides; a side whose text is as before is kept.
   void Update(std::string_view bidText, std::string_view askText);
 
   int Size(int side) const;
@@ -57,14 +57,14 @@ public:
   bool IsLevelMarker(std::ptrdiff_t index, int side) const;
 
 private:
-  struct TSide {
+  struct TEntries {
     std::string Text;
-    std::vector<std::string_view> Entries; ///< of Text
+    std::vector<std::string_view> Pieces; ///< of Text
 
     void Update(std::string_view text);
   };
 
-  std::array<TSide, 2> sides_;
+  std::array<TEntries, 2> sides_;
 };
 
 } // namespace Quorpricedatacontrol

@@ -4,9 +4,7 @@
 #include "host/BaseOrderAdapter.h"
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
-#include "model/DepthLadder.h"
-
-#include <algorithm>
+#include "model/HeaderRows.h"
 
 namespace Quorpricedatacontrol {
 
@@ -16,13 +14,6 @@ using Baseorderadapter::TCustomOrderAdapter;
 namespace {
 
 constexpr std::string_view OrderFlagsOfBid = "1";
-
-bool IsHeaderPrice(int field) {
-  constexpr std::array prices = {Field::Nominal,    Field::StrikePrice, Field::PreviousClose,
-                                 Field::Low,        Field::High,        Field::UpperLimit,
-                                 Field::LowerLimit, Field::Open};
-  return std::find(prices.begin(), prices.end(), field) != prices.end();
-}
 
 double SizeDownTo(const TCustomSubItem& record, TLevelPosition position) {
   const auto& sizes = FieldsOf(position.Side)->Size;
@@ -64,7 +55,7 @@ int DepthCellField(TQuorMode mode, int row, int column) {
     return Field::None;
   const auto& prices = FieldsOf(depthColumn->Side)->Price;
   const TDepthRow depthRow = DepthRowAt(mode, row);
-  switch (depthRow.Kind) {
+  switch (depthRow.Part) {
   case TDepthRow::BestPrice:
     return prices.front();
   case TDepthRow::Level:
@@ -102,7 +93,7 @@ void TCopiedOrder::Start(std::string_view symbol) {
 void TCopiedOrder::FillFromField(const TCopySource& source, int field, int column) {
   if (const auto position = LevelOfPriceField(field))
     FillFromLevel(source, field, *position, column);
-  else if (IsHeaderPrice(field))
+  else if (CopiesPrice(field))
     FillFromHeader(source, field);
 }
 

@@ -3,6 +3,7 @@
 #include "host/BaseFormatter.h"
 #include "host/BaseMarketAdapter.h"
 #include "host/ConstDef.h"
+#include "model/ResourceText.h"
 
 namespace Quorpricedatacontrol {
 
@@ -10,8 +11,6 @@ using Baseformatter::TCustomFormatter;
 using Basemarketadapter::TCustomMarketAdapter;
 
 namespace {
-
-constexpr int LevelsOfFiveLevelLayout = 5;
 
 bool IsLevel(int level) { return level >= 0 && level < Field::DepthLevels; }
 
@@ -65,10 +64,6 @@ std::optional<TDepthColumn> DepthColumnOf(int column) {
   }
 }
 
-TDepthRows DepthRowsOf(TQuorMode mode) {
-  return mode == qm10Simple ? TDepthRows{1, 2, 3} : TDepthRows{6, 7, 8};
-}
-
 TDepthRow DepthRowAt(TQuorMode mode, int row) {
   const TDepthRows rows = DepthRowsOf(mode);
   if (row == rows.BestPrice)
@@ -82,9 +77,13 @@ TDepthRow DepthRowAt(TQuorMode mode, int row) {
 
 TDepthRow ShownDepthRowAt(TQuorMode mode, int row) {
   const TDepthRow depthRow = DepthRowAt(mode, row);
-  if (mode == qm5Full && depthRow.LevelIndex >= LevelsOfFiveLevelLayout)
-    return {};
-  return depthRow;
+  return depthRow.LevelIndex < DepthRowsOf(mode).Levels ? depthRow : TDepthRow{};
+}
+
+std::string SizeLabel(TDepthRow::TPart part, int side) {
+  if (part == TDepthRow::BestPrice)
+    return ResourceText(side == Side::Bid ? "Res_Bid" : "Res_Ask");
+  return ResourceText(side == Side::Bid ? "Res_BidSize" : "Res_AskSize");
 }
 
 TMarketDataType DetectMarketDataType(const TCustomSubItem& record) {

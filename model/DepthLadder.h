@@ -4,6 +4,7 @@
 #include "model/QuorTypes.h"
 #include "model/RecordText.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -25,9 +26,9 @@ std::optional<TLevelPosition> LevelOfPriceField(int field);
 
 /// Where a price or size column of the depth grid stands.
 struct TDepthColumn {
-  enum TKind { Price, Size };
+  enum TFigure { Price, Size };
   int Side = Side::Bid;
-  TKind Kind = Price;
+  TFigure Figure = Price;
 
   bool operator==(const TDepthColumn&) const = default;
 };
@@ -38,14 +39,27 @@ std::optional<TDepthColumn> DepthColumnOf(int column);
 /// Grid rows of a layout's depth part. What stands above the best price is header.
 struct TDepthRows {
   int BestPrice, PriceStep, FirstLevel;
+  int Levels; ///< that show
+
+  constexpr int Count() const { return FirstLevel + Levels; }
 };
 
-TDepthRows DepthRowsOf(TQuorMode mode);
+constexpr TDepthRows DepthRowsOf(TQuorMode mode) {
+  if (mode == qm10Simple)
+    return {1, 2, 3, Field::DepthLevels};
+  return {6, 7, 8, mode == qm5Full ? 5 : Field::DepthLevels};
+}
+
+/// Grid rows of a layout, of which all header rows and all levels show. Ten levels under header
+/// rows have room for the most header rows that there can be, whatever number there is.
+constexpr int RowCountOf(TQuorMode mode, int headerRows, int mostHeaderRows) {
+  return std::max(DepthRowsOf(mode).Count(), mode == qm10Full ? mostHeaderRows : headerRows);
+}
 
 /// What a grid row shows of the book.
 struct TDepthRow {
-  enum TKind { Nothing, BestPrice, PriceStep, Level };
-  TKind Kind = Nothing;
+  enum TPart { Nothing, BestPrice, PriceStep, Level };
+  TPart Part = Nothing;
   int LevelIndex = 0; ///< from 0, the best level; only for Level
 
   bool operator==(const TDepthRow&) const = default;
@@ -57,6 +71,9 @@ TDepthRow DepthRowAt(TQuorMode mode, int row);
 
 /// The same, without the rows that show nothing.
 TDepthRow ShownDepthRowAt(TQuorMode mode, int row);
+
+/// What stands in a size column beside the best price or the price step.
+std::string SizeLabel(TDepthRow::TPart part, int side);
 
 /// mdtUnknown while the record publishes no level beyond the best one.
 TMarketDataType DetectMarketDataType(const TCustomSubItem& record);

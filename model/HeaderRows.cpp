@@ -4,11 +4,13 @@
 #include "host/BaseLanguageManager.h"
 #include "host/BaseMarketAdapter.h"
 #include "host/ICommon.h"
+#include "model/DetailRows.h"
 #include "model/QuorDetailDataControl.h"
 #include "model/QuorTypes.h"
 #include "model/ResourceText.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace Quorpricedatacontrol {
 
@@ -23,24 +25,24 @@ namespace {
 constexpr double AbbreviatedTurnover = 1'000'000;
 constexpr int AbbreviatedTurnoverPrecision = 2;
 
-constexpr int AccruedInterestRow = 10;
-constexpr int PriceUpperLimitRow = 1;
-constexpr int PriceLowerLimitRow = 2;
+std::string PlainText(const TCustomSubItem* record, int field) {
+  return std::string(record->GetText(field));
+}
 
-std::string TurnoverText(const TCustomSubItem& record) {
-  if (record.GetText(Field::Turnover).empty())
+std::string TurnoverText(const TCustomSubItem* record, int field) {
+  if (record->GetText(field).empty())
     return {};
-  const double turnover = record.GetNumber(Field::Turnover);
+  const double turnover = record->GetNumber(field);
   auto* formatter = TCustomFormatter::GetInstance();
   return turnover < AbbreviatedTurnover
-             ? formatter->FormatAmount(record.Symbol(), turnover)
+             ? formatter->FormatAmount(record->Symbol(), turnover)
              : formatter->FormatAbbreviatedAmount(turnover, AbbreviatedTurnoverPrecision);
 }
 
-std::string CurrencyText(const TCustomSubItem& record) {
-  if (const auto text = record.GetText(Field::Currency); !text.empty())
+std::string CurrencyText(const TCustomSubItem* record, int field) {
+  if (const auto text = record->GetText(field); !text.empty())
     return std::string(text);
-  const auto* instrument = TCustomMarketAdapter::GetInstance()->GetInstrument(record.Symbol());
+  const auto* instrument = TCustomMarketAdapter::GetInstance()->GetInstrument(record->Symbol());
   if (!instrument || instrument->Currency().empty())
     return {};
   std::string text;
@@ -49,93 +51,100 @@ std::string CurrencyText(const TCustomSubItem& record) {
   return text.empty() ? std::string(instrument->Currency()) : text;
 }
 
-std::string ChangeText(const TCustomSubItem& record) {
+std::string ChangeText(const TCustomSubItem* record, int) {
   std::string text;
-  TCustomMarketDataFormatter::GetInstance()->FormatChange(record, text);
+  TCustomMarketDataFormatter::GetInstance()->FormatChange(*record, text);
   return text;
 }
 
-std::string ChangePercentText(const TCustomSubItem& record) {
+std::string ChangePercentText(const TCustomSubItem* record, int) {
   std::string text;
-  TCustomMarketDataFormatter::GetInstance()->FormatChangePercent(record, text);
+  TCustomMarketDataFormatter::GetInstance()->FormatChangePercent(*record, text);
   return text;
 }
 
-std::string_view CaptionKey(int field) {
-  switch (field) {
-  case Field::Nominal:
-    return "Res_Nominal";
-  case Field::Volume:
-    return "Res_Volume";
-  case Field::Currency:
-    return "Res_Currency";
-  case Field::BoardLot:
-    return "Res_LotSize";
-  case Field::PreviousClose:
-    return "Res_PreClose";
-  case Field::Low:
-    return "Res_LowPrice";
-  case Field::High:
-    return "Res_HighPrice";
-  case Field::Turnover:
-    return "Res_TurnOver";
-  case Field::Change:
-    return "Res_PRCChange";
-  case Field::UpperLimit:
-    return "Res_Price_UpLimit";
-  case Field::LowerLimit:
-    return "Res_Price_DownLimit";
-  case Field::AccruedInterest:
-    return "Res_AccruedInt";
-  case Field::ChangePercent:
-    return "Res_ChangePercent";
-  case Field::High52Weeks:
-    return "Res_High_52wks";
-  case Field::Low52Weeks:
-    return "Res_Low_52wks";
-  case Field::Open:
-    return "Res_OpenPrc";
+/// When a row stands in the header.
+enum class TShown {
+  Always,
+  WithValue,        ///< while the record gives it
+  WithBothLimits,   ///< while the record gives the upper and the lower limit
+  EmptyWithoutValue ///< always, but empty while the record does not give it
+};
+
+struct THeaderRow {
+  int Field;
+  std::string_view CaptionKey;
+  TShown Shown;
+  TRowCopies Copies;
+  std::string (*Text)(const TCustomSubItem* record, int field); ///< of a record that holds data
+};
+
+using enum TShown;
+using enum TRowCopies;
+
+/// Every row that there can be, from the top.
+constexpr THeaderRow Table[] = {
+    {Field::Open, "Res_OpenPrc", EmptyWithoutValue, Price, PriceText},
+    {Field::UpperLimit, "Res_Price_UpLimit", WithBothLimits, Price, PriceText},
+    {Field::LowerLimit, "Res_Price_DownLimit", WithBothLimits, Price, PriceText},
+    {Field::High, "Res_HighPrice", Always, Price, PriceText},
+    {Field::Low, "Res_LowPrice", Always, Price, PriceText},
+    {Field::PreviousClose, "Res_PreClose", Always, Price, PriceText},
+    {Field::Change, "Res_PRCChange", Always, SymbolAlone, ChangeText},
+    {Field::ChangePercent, "Res_ChangePercent", Always, SymbolAlone, ChangePercentText},
+    {Field::Nominal, "Res_Nominal", Always, Price, PriceText},
+    {Field::Volume, "Res_Volume", Always, SymbolAlone, VolumeText},
+    {Field::Turnover, "Res_TurnOver", Always, SymbolAlone, TurnoverText},
+    {Field::BoardLot, "Res_LotSize", Always, SymbolAlone, QuantityText},
+    {Field::AccruedInterest, "Res_AccruedInt", WithValue, SymbolAlone, PlainText},
+    {Field::Currency, "Res_Currency", Always, SymbolAlone, CurrencyText},
+    {Field::High52Weeks, "Res_High_52wks", WithValue, SymbolAlone, PriceText},
+    {Field::Low52Weeks, "Res_Low_52wks", WithValue, SymbolAlone, PriceText},
+};
+
+/// The line of a field; null for a field that is never a row.
+const THeaderRow* LineOf(int field) {
+  const auto* line = std::find_if(std::begin(Table), std::end(Table),
+                                  [field](const THeaderRow& row) { return row.Field == field; });
+  return line == std::end(Table) ? nullptr : line;
+}
+
+bool Gives(const TCustomSubItem* record, int field) { return record && record->HasValue(field); }
+
+bool Stands(const THeaderRow& row, const TCustomSubItem* record) {
+  switch (row.Shown) {
+  case WithValue:
+    return Gives(record, row.Field);
+  case WithBothLimits:
+    return Gives(record, Field::UpperLimit) && Gives(record, Field::LowerLimit);
   default:
-    return {};
+    return true;
   }
+}
+
+bool StandsEmpty(const THeaderRow& row, const TCustomSubItem* record) {
+  return row.Shown == EmptyWithoutValue && !Gives(record, row.Field);
 }
 
 } // namespace
 
+const int THeaderRows::MostOwn = static_cast<int>(std::size(Table));
+
 std::string HeaderCaption(int field) {
-  const std::string_view key = CaptionKey(field);
-  return key.empty() ? std::string() : ResourceText(key);
+  const THeaderRow* line = LineOf(field);
+  return line ? ResourceText(line->CaptionKey) : std::string();
 }
 
 std::string HeaderValueText(const TCustomSubItem* record, int field) {
   if (!IsReady(record))
     return {};
-  switch (field) {
-  case Field::Nominal:
-  case Field::PreviousClose:
-  case Field::Low:
-  case Field::High:
-  case Field::UpperLimit:
-  case Field::LowerLimit:
-  case Field::High52Weeks:
-  case Field::Low52Weeks:
-  case Field::Open:
-    return PriceText(record, field);
-  case Field::Volume:
-    return VolumeText(record, field);
-  case Field::BoardLot:
-    return QuantityText(record, field);
-  case Field::Turnover:
-    return TurnoverText(*record);
-  case Field::Currency:
-    return CurrencyText(*record);
-  case Field::Change:
-    return ChangeText(*record);
-  case Field::ChangePercent:
-    return ChangePercentText(*record);
-  default:
-    return std::string(record->GetText(field));
-  }
+  const THeaderRow* line = LineOf(field);
+  return line ? line->Text(record, field) : PlainText(record, field);
+}
+
+bool CopiesPrice(int field) {
+  const THeaderRow* line = LineOf(field);
+  return line ? line->Copies == Price : DetailCopiesPrice(field);
 }
 
 int THeaderRows::Attribute(int row) const {
@@ -153,25 +162,11 @@ int THeaderRows::RowOf(int field) const {
   return found == attributes_.end() ? -1 : static_cast<int>(found - attributes_.begin());
 }
 
-void THeaderRows::SetHeaderAttribute() {
-  attributes_ = {Field::None,     Field::High,          Field::Low,     Field::PreviousClose,
-                 Field::Change,   Field::ChangePercent, Field::Nominal, Field::Volume,
-                 Field::Turnover, Field::BoardLot,      Field::Currency};
-}
-
-void THeaderRows::Build(const TCustomSubItem& record) {
-  SetHeaderAttribute();
-  for (const int field : {Field::High52Weeks, Field::Low52Weeks})
-    if (record.HasValue(field))
-      attributes_.push_back(field);
-  if (record.HasValue(Field::Open))
-    attributes_.front() = Field::Open;
-  if (record.HasValue(Field::AccruedInterest))
-    attributes_.insert(attributes_.begin() + AccruedInterestRow, Field::AccruedInterest);
-  if (record.HasValue(Field::UpperLimit) && record.HasValue(Field::LowerLimit)) {
-    attributes_.insert(attributes_.begin() + PriceUpperLimitRow, Field::UpperLimit);
-    attributes_.insert(attributes_.begin() + PriceLowerLimitRow, Field::LowerLimit);
-  }
+void THeaderRows::Update(const TCustomSubItem* record) {
+  attributes_.clear();
+  for (const THeaderRow& row : Table)
+    if (Stands(row, record))
+      attributes_.push_back(StandsEmpty(row, record) ? Field::None : row.Field);
   ownCount_ = Count();
 }
 
@@ -184,7 +179,7 @@ void THeaderRows::AppendDetail(const TCustomQuorDetailDataControl& detail, int r
   }
 }
 
-void THeaderRows::UpdateCellHeaderList(const TCustomQuorDetailDataControl* detail) {
+void THeaderRows::UpdateCaptions(const TCustomQuorDetailDataControl* detail) {
   captions_.clear();
   for (int row = 0; row < Count(); ++row) {
     const int field = Attribute(row);

@@ -16,14 +16,21 @@ std::string HeaderCaption(int field);
 /// The value of a header field; empty unless the record holds data.
 std::string HeaderValueText(const TCustomSubItem* record, int field);
 
-/// The header rows: which record field each shows, and its caption.
+/// True for the field of a header row, detail rows included, of which a click copies the price.
+bool CopiesPrice(int field);
+
+/// The header rows: which record field each shows, and its caption. Which rows there can be, in
+/// which order and when, is one table; a new row is a line of it.
 class THeaderRows {
 public:
+  /// How many rows there can be before those that the detail control supplies.
+  static const int MostOwn;
+
   /// The rows that every symbol has, without captions.
-  THeaderRows() { SetHeaderAttribute(); }
+  THeaderRows() { Update(nullptr); }
 
   int Count() const { return static_cast<int>(attributes_.size()); }
-  /// Number of rows before those that the detail control supplies; 0 until first built.
+  /// Number of rows before those that the detail control supplies.
   int OwnCount() const { return ownCount_; }
   /// Field::None for an empty row and for a row that does not exist.
   int Attribute(int row) const;
@@ -32,14 +39,12 @@ public:
   /// -1 when no row shows the field.
   int RowOf(int field) const;
 
-  /// Back to the rows that every symbol has.
-  void SetHeaderAttribute();
-  /// The rows that the record has values for.
-  void Build(const TCustomSubItem& record);
+  /// The rows that the record has values for; null: those that every symbol has.
+  void Update(const TCustomSubItem* record);
   /// Adds the rows of `detail` that have a text, until there are `rowCount` rows.
   void AppendDetail(const TCustomQuorDetailDataControl& detail, int rowCount);
   /// Reads the captions again. `detail` captions the rows that it supplied; null for none.
-  void UpdateCellHeaderList(const TCustomQuorDetailDataControl* detail);
+  void UpdateCaptions(const TCustomQuorDetailDataControl* detail);
 
 private:
   std::vector<int> attributes_;

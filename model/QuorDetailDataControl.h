@@ -1,19 +1,15 @@
 #pragma once
 
 #include "host/BaseDCDataControl.h"
-#include "model/InstrumentFigures.h"
+#include "model/DetailRows.h"
 #include "model/QuorTypes.h"
-#include "model/RecordText.h"
 
 #include <string>
 #include <vector>
 
 namespace Quorpricedatacontrol {
 
-/// How the issue size reads.
-enum class TIssueSizeStyle { Number, Amount };
-
-/// Model behind the detail list: label and value rows that describe a warrant, a CBBC or a stock.
+/// Model behind the detail list: caption and value rows that describe a warrant, a CBBC or a stock.
 /// An instrument of another kind has no rows, nor has one whose record held no data when its
 /// symbol was set.
 class TCustomQuorDetailDataControl : public Basedcdatacontrol::TCustomDataControl {
@@ -26,7 +22,7 @@ public:
   /// Follows the symbol and, where it has one, its underlying. Fires OnChange; does nothing when
   /// the symbol is the same.
   void SetSymbol(std::string symbol);
-  /// Reads the labels again and fires OnChange.
+  /// Reads the captions again and fires OnChange.
   void UpdateLanguage();
 
   int GetCount() const override { return static_cast<int>(fields_.size()); }
@@ -35,10 +31,10 @@ public:
 
   /// Record fields of the rows, in order.
   const std::vector<int>& DisplayFields() const { return fields_; }
-  /// Label of a field; empty for a field that is never a row.
-  std::string GetHeader(int field) const;
+  /// Caption of a field; empty for a field that is never a row.
+  std::string GetHeader(int field) const { return DetailCaption(instrument_.Kind, field); }
   /// Value of a field; empty without a record and for a field that is never a row.
-  std::string GetDisplayText(int field) const;
+  std::string GetDisplayText(int field) const { return DetailText(instrument_, field); }
 
   /// Handler of the updates of both records: `data` is the record.
   void SymbolUpdate(System::TObject* sender, System::TObject* data);
@@ -46,22 +42,12 @@ public:
 private:
   TCustomSubItem* Subscribe(std::string_view symbol);
   void ReleaseRecords();
-  void InitDataList();
-  void InitHeaders();
+  void UpdateCaptions();
 
-  std::string IssueSizeText() const;
-  std::string PremiumText() const;
-  std::string GearingText() const;
-  std::string MarketCapText() const;
-
-  TIssueSizeStyle issueSizeStyle_;
   std::string symbol_;
-  TCustomSubItem* record_ = nullptr;     // the subscribe adapter's
-  TCustomSubItem* underlying_ = nullptr; // the subscribe adapter's
-  int productType_ = 0;
-  std::string category_;
+  TInstrument instrument_;
   std::vector<int> fields_;
-  std::vector<std::string> headers_;
+  std::vector<std::string> captions_;
 };
 
 } // namespace Quorpricedatacontrol

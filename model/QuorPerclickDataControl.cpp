@@ -9,24 +9,11 @@ using Basesubscribeadapter::TCustomSubscribeAdapter;
 
 namespace {
 
-std::string LabelText(int side, std::string_view ofBid, std::string_view ofAsk) {
-  return ResourceText(side == Side::Bid ? ofBid : ofAsk);
-}
-
 /// The field that a click in a column of the best-price grid copies.
 int BestPriceCellField(int column) {
-  switch (column) {
-  case Column::BidPrice:
-  case Column::BidSize:
-    return Field::BestBid;
-  case Column::AskPrice:
-  case Column::AskSize:
-    return Field::BestAsk;
-  case Column::HeaderValue:
-    return Field::Nominal;
-  default:
-    return Field::None;
-  }
+  if (const auto depthColumn = DepthColumnOf(column))
+    return FieldsOf(depthColumn->Side)->Price.front();
+  return column == Column::HeaderValue ? Field::Nominal : Field::None;
 }
 
 /// A label over a value, and the price field that a click on either copies.
@@ -87,9 +74,9 @@ std::string TPerclickQuorMarketDataControl::GetSizeValue(int row, int side) cons
     return {};
   switch (row) {
   case BestPriceRow::Price:
-    return LabelText(side, "Res_Bid", "Res_Ask");
+    return SizeLabel(TDepthRow::BestPrice, side);
   case BestPriceRow::Step:
-    return LabelText(side, "Res_BidSize", "Res_AskSize");
+    return SizeLabel(TDepthRow::PriceStep, side);
   case BestPriceRow::Size:
     return LevelSizeText(Record(), 0, side);
   default:

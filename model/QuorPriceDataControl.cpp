@@ -7,8 +7,6 @@
 #include "host/MarketTradeSideDetector.h"
 #include "model/ResourceText.h"
 
-#include <algorithm>
-
 namespace Quorpricedatacontrol {
 
 using Baseconfigmanager::TCustomConfigManager;
@@ -20,7 +18,6 @@ using Markettradesidedetector::TMarketTradeSideDetector;
 
 namespace {
 
-constexpr int FullTenLevelRowCount = 18;
 constexpr int UnknownProductType = -1;
 
 TConcealedExchanges ReadConcealedExchanges() {
@@ -48,12 +45,6 @@ TCopyPriceQtyMode ReadCopyPriceQtyMode() {
   }
 }
 
-std::string_view SizeLabelKey(TDepthRow::TKind kind, int side) {
-  if (kind == TDepthRow::BestPrice)
-    return side == Side::Bid ? "Res_Bid" : "Res_Ask";
-  return side == Side::Bid ? "Res_BidSize" : "Res_AskSize";
-}
-
 /// The part of a trade that a column shows in the header rows; null for a column that shows none.
 std::string TTradeInfo::*TradePartOf(int column) {
   switch (column) {
@@ -71,8 +62,7 @@ std::string TTradeInfo::*TradePartOf(int column) {
 } // namespace
 
 TCustomQuorMarketDataControl::TCustomQuorMarketDataControl(System::TObject* owner)
-    : TCustomDataControl(owner), rowCount_(LeastRowCount),
-      concealedExchanges_(ReadConcealedExchanges()) {
+    : TCustomDataControl(owner), concealedExchanges_(ReadConcealedExchanges()) {
   UpdateCellHeaderList();
   RegisterListeners();
   TCustomQuorMarketDataControl::ConfigUpdate(this, nullptr);
@@ -156,7 +146,6 @@ void TCustomQuorMarketDataControl::SetDisplayMode(TQuorMode mode) {
   if (mode == displayMode_)
     return;
   displayMode_ = mode;
-  rowCount_ = mode == qm10Full ? FullTenLevelRowCount : std::max(LeastRowCount, header_.Count());
   if (IsReady(record_)) {
     headerReady_ = false;
     UpdateSymbolHeader();
@@ -192,8 +181,6 @@ void TCustomQuorMarketDataControl::UpdateLanguage() {
   UpdateCellHeaderList();
   RebuildMechanisms();
 }
-
-void TCustomQuorMarketDataControl::SymbolRealtimeUpdate(System::TObject*) { UpdateSymbolMessage(); }
 
 void TCustomQuorMarketDataControl::SymbolUpdate(System::TObject*, System::TObject* data) {
   const auto* symbols = dynamic_cast<const TChangedKeys*>(data);
@@ -251,39 +238,30 @@ void TCustomQuorMarketDataControl::UpdateSymbolHeader() {
   if (headerReady_ || !IsReady(record_))
     return;
   headerReady_ = true;
-  const int rowCountBefore = rowCount_;
-  header_.Build(*record_);
+  const int rowCountBefore = RowCount();
+  header_.Update(record_);
   AppendDetailRows();
   UpdateCellHeaderList();
-  if (displayMode_ == qm10Full)
-    return;
-  rowCount_ = std::max(LeastRowCount, header_.Count());
-  if (rowCount_ != rowCountBefore && OnCountChange)
+  if (RowCount() != rowCountBefore && OnCountChange)
     OnCountChange(this);
 }
 
 void TCustomQuorMarketDataControl::AppendDetailRows() {
-  if (displayMode_ != qm10Full || header_.Count() >= rowCount_)
+  if (displayMode_ != qm10Full || header_.Count() >= RowCount())
     return;
   if (!detailControl_)
     detailControl_ = std::make_unique<TCustomQuorDetailDataControl>(this, TIssueSizeStyle::Amount);
   detailControl_->SetSymbol(std::string(record_->Symbol()));
-  header_.AppendDetail(*detailControl_, rowCount_);
+  header_.AppendDetail(*detailControl_, RowCount());
 }
 
 const TCustomQuorDetailDataControl* TCustomQuorMarketDataControl::DetailInUse() const {
   return displayMode_ == qm10Full ? detailControl_.get() : nullptr;
 }
 
-void TCustomQuorMarketDataControl::UpdateCellHeaderList() {
-  header_.UpdateCellHeaderList(DetailInUse());
-}
-
 void TCustomQuorMarketDataControl::UpdateBrokerQueueList() {
-  if (IsReady(record_))
-    queue_.Update(record_->GetText(Field::BidQueue), record_->GetText(Field::AskQueue));
-  else
-    queue_.Update({}, {});
+  const TCustomSubItem* record = IsReady(record_) ? record_ : nullptr;
+  queue_.Update(TextOf(record, Field::BidQueue), TextOf(record, Field::AskQueue));
 }
 
 void TCustomQuorMarketDataControl::UpdateFreeText() {
@@ -319,7 +297,7 @@ void TCustomQuorMarketDataControl::UpdateRelated() {
 // Cells
 
 std::string TCustomQuorMarketDataControl::GetDisplayValue(int row, int column) const {
-  if (row < 0 || row >= rowCount_)
+  if (row < 0 || row >= RowCount())
     return {};
   if (const auto part = TradePartOf(column); part && displayMode_ != qm10Simple)
     if (TTradeInfo trade = GetTradeInfo(row); trade.Found)
@@ -337,13 +315,13 @@ std::string TCustomQuorMarketDataControl::GetDisplayValue(int row, int column) c
 }
 
 std::string TCustomQuorMarketDataControl::GetDepthValue(int row, TDepthColumn column) const {
-  return column.Kind == TDepthColumn::Price ? GetPriceValue(row, column.Side)
-                                            : GetSizeValue(row, column.Side);
+  return column.Figure == TDepthColumn::Price ? GetPriceValue(row, column.Side)
+                                              : GetSizeValue(row, column.Side);
 }
 
 std::string TCustomQuorMarketDataControl::GetPriceValue(int row, int side) const {
   const TDepthRow depthRow = ShownDepthRowAt(displayMode_, row);
-  switch (depthRow.Kind) {
+  switch (depthRow.Part) {
   case TDepthRow::BestPrice:
     return GetBestPrice(side);
   case TDepthRow::PriceStep:
@@ -357,29 +335,17 @@ std::string TCustomQuorMarketDataControl::GetPriceValue(int row, int side) const
 
 std::string TCustomQuorMarketDataControl::GetSizeValue(int row, int side) const {
   const TDepthRow depthRow = ShownDepthRowAt(displayMode_, row);
-  if (!FieldsOf(side) || depthRow.Kind == TDepthRow::Nothing)
+  if (!FieldsOf(side) || depthRow.Part == TDepthRow::Nothing)
     return {};
-  if (depthRow.Kind != TDepthRow::Level)
-    return ResourceText(SizeLabelKey(depthRow.Kind, side));
+  if (depthRow.Part != TDepthRow::Level)
+    return SizeLabel(depthRow.Part, side);
   std::string size = LevelSizeText(record_, depthRow.LevelIndex, side);
   // The simple layout shows an empty level's zero as it stands.
   return displayMode_ != qm10Simple && size == "0" ? std::string() : size;
 }
 
-std::string TCustomQuorMarketDataControl::GetBestPrice(int side) const {
-  return BestPriceText(record_, side);
-}
-
-std::string TCustomQuorMarketDataControl::GetBestPriceSpread(int side) const {
-  return BestPriceStepText(record_, side);
-}
-
 std::string TCustomQuorMarketDataControl::GetDetailPrice(int level, int side) const {
   return LevelPriceText(record_, marketDataType_, level, side);
-}
-
-TTradeInfo TCustomQuorMarketDataControl::GetTradeInfo(int row) const {
-  return TradeInfoAt(symbol_, row);
 }
 
 std::string TCustomQuorMarketDataControl::GetCellHeaderValue(int row) const {
@@ -391,16 +357,8 @@ std::string TCustomQuorMarketDataControl::GetCellHeaderValue(int row) const {
   return GetCellHeaderDisplayData(field);
 }
 
-std::string TCustomQuorMarketDataControl::GetCellHeaderViaAttribute(int field) const {
-  return HeaderCaption(field);
-}
-
 std::string TCustomQuorMarketDataControl::GetCellHeaderDisplayData(int field) const {
   return HeaderValueText(record_, field);
-}
-
-int TCustomQuorMarketDataControl::GetHeaderLastPriceIndex() const {
-  return header_.RowOf(Field::Nominal);
 }
 
 // Broker queue
@@ -419,7 +377,7 @@ std::string TCustomQuorMarketDataControl::GetQueueCell(int row, int column) cons
 
 std::string TCustomQuorMarketDataControl::QueueText(int row, int column, TBrokerStyle style) const {
   const auto place = QueueColumnOf(column);
-  return place ? queue_.Text(QueueIndex(*place, row, rowCount_), place->Side, style)
+  return place ? queue_.Text(QueueIndex(*place, row, RowCount()), place->Side, style)
                : std::string();
 }
 
@@ -427,7 +385,7 @@ bool TCustomQuorMarketDataControl::GetIsBrokerQueueHeader(int column, int row) c
   if (row == 0)
     return column == Column::BidQueue1 || column == Column::AskQueue1;
   const auto place = QueueColumnOf(column);
-  return place && queue_.IsLevelMarker(QueueIndex(*place, row, rowCount_), place->Side);
+  return place && queue_.IsLevelMarker(QueueIndex(*place, row, RowCount()), place->Side);
 }
 
 std::string TCustomQuorMarketDataControl::GetBrokerName(int row, int column) const {
@@ -438,8 +396,6 @@ bool TCustomQuorMarketDataControl::GetBrokerID(int row, int column, std::string&
   id = QueueText(row, column, TBrokerStyle::ID);
   return !id.empty();
 }
-
-bool TCustomQuorMarketDataControl::GetIsMyBrokerID(int, int) const { return false; }
 
 // Copies to order entry
 

@@ -59,25 +59,25 @@ public:
   int DenominatorMode() const { return denominatorMode_; }
 
   // Cells.
-  static constexpr int LeastRowCount = 13; ///< what a new control has
-  int GetCount() const override { return rowCount_; }
+  static constexpr int LeastRowCount = DepthRowsOf(qm5Full).Count(); ///< what a new control has
+  int GetCount() const override { return RowCount(); }
   std::string GetDisplayValue(int row, int column) const override;
   virtual std::string GetPriceValue(int row, int side) const;
   virtual std::string GetSizeValue(int row, int side) const;
-  std::string GetBestPrice(int side) const;
-  std::string GetBestPriceSpread(int side) const;
+  std::string GetBestPrice(int side) const { return BestPriceText(record_, side); }
+  std::string GetBestPriceSpread(int side) const { return BestPriceStepText(record_, side); }
   /// Levels count from 0.
   std::string GetDetailPrice(int level, int side) const;
-  TTradeInfo GetTradeInfo(int row) const;
+  TTradeInfo GetTradeInfo(int row) const { return TradeInfoAt(symbol_, row); }
 
   // Header rows.
   std::string GetCellHeader(int row) const { return header_.Caption(row); }
   std::string GetCellHeaderValue(int row) const;
-  std::string GetCellHeaderViaAttribute(int field) const;
+  std::string GetCellHeaderViaAttribute(int field) const { return HeaderCaption(field); }
   /// Value of a record field as the header rows show it; empty unless the record holds data.
   virtual std::string GetCellHeaderDisplayData(int field) const;
   /// The row of the nominal price; -1 when there is none.
-  int GetHeaderLastPriceIndex() const;
+  int GetHeaderLastPriceIndex() const { return header_.RowOf(Field::Nominal); }
 
   // Broker queue.
   /// Entries count from 0, front of the queue first.
@@ -89,7 +89,7 @@ public:
   /// The four-digit ID in a cell; false when the cell is empty.
   bool GetBrokerID(int row, int column, std::string& id) const;
   /// Always false: no broker is the user's own.
-  bool GetIsMyBrokerID(int row, int column) const;
+  bool GetIsMyBrokerID(int /*row*/, int /*column*/) const { return false; }
 
   // Copies to order entry.
   /// What a cell shows.
@@ -103,7 +103,7 @@ public:
   void ConfigUpdate(System::TObject* sender, System::TObject* data) override;
   /// Reads again every text that depends on the language.
   void UpdateLanguage();
-  void SymbolRealtimeUpdate(System::TObject* sender);
+  void SymbolRealtimeUpdate(System::TObject* /*sender*/) { UpdateSymbolMessage(); }
   /// `data`: the Basemarketadapter::TChangedKeys of the symbols that changed; null for none.
   void SymbolUpdate(System::TObject* sender, System::TObject* data);
   /// `data`: the Basemarketadapter::TChangedKeys of the spread tables that changed; null for none.
@@ -115,7 +115,7 @@ public:
   void UpdateSymbolMessage();
   /// The header rows, once per loaded record.
   void UpdateSymbolHeader();
-  void UpdateCellHeaderList();
+  void UpdateCellHeaderList() { header_.UpdateCaptions(DetailInUse()); }
   void UpdateBrokerQueueList();
   /// Message lines and market mechanisms; nothing while nobody listens to OnFreeTextChange.
   virtual void UpdateFreeText();
@@ -139,6 +139,7 @@ private:
     bool operator==(const TRelatedLists&) const = default;
   };
 
+  int RowCount() const { return RowCountOf(displayMode_, header_.Count(), THeaderRows::MostOwn); }
   void RegisterListeners();
   void SubscribeRecord();
   void ReleaseRecord();
@@ -148,14 +149,12 @@ private:
   void AppendDetailRows();
   void RebuildMechanisms();
   const TCustomQuorDetailDataControl* DetailInUse() const;
-  std::string GetTradeOr(int row, std::string TTradeInfo::*part, std::string otherwise) const;
   std::string GetQueueCell(int row, int column) const;
   std::string QueueText(int row, int column, TBrokerStyle style) const;
 
   TQuorMode displayMode_ = qm5Full;
   std::string symbol_;
   TCustomSubItem* record_ = nullptr; // the subscribe adapter's
-  int rowCount_;
   THeaderRows header_;
   bool headerReady_ = false;
   TBrokerStyle brokerStyle_ = TBrokerStyle::ID;

@@ -21,6 +21,12 @@ enum TCopyPriceQtyMode : std::uint8_t {
   cpqmSummary  ///< the size from the best level down to the clicked one
 };
 
+/// What a click on the value of a row copies into order entry.
+enum class TRowCopies : std::uint8_t {
+  SymbolAlone,
+  Price ///< and in the one-lot style a board lot
+};
+
 /// How the levels beyond the best one are published for a symbol.
 enum TMarketDataType : std::uint8_t {
   mdtUnknown,   ///< nothing seen yet

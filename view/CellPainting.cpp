@@ -22,14 +22,14 @@ TSideColours ColoursOf(const TColourTable& colours, int side) {
 }
 
 /// A best price is large.
-void StyleBestPrice(TCellStyle& style, TDepthColumn::TKind kind) {
+void StyleBestPrice(TCellStyle& style, TDepthColumn::TFigure kind) {
   if (kind != TDepthColumn::Price)
     return;
   style.Bold = true;
   style.FontGrowth = BigFontGrowth;
 }
 
-void DrawBestPrice(TCellStyle& style, TDepthColumn::TKind kind) {
+void DrawBestPrice(TCellStyle& style, TDepthColumn::TFigure kind) {
   StyleBestPrice(style, kind);
   style.DrawnByFrame = true;
   style.DrawFlags = Platform::DT_VCENTER;
@@ -38,7 +38,7 @@ void DrawBestPrice(TCellStyle& style, TDepthColumn::TKind kind) {
 }
 
 void StyleDepthCell(TCellStyle& style, TQuorMode mode, const TSideColours& side, int row,
-                    TDepthColumn::TKind kind) {
+                    TDepthColumn::TFigure kind) {
   const TDepthRows rows = DepthRowsOf(mode);
   if (row == rows.PriceStep) {
     style.Brush = side.Label;
@@ -88,7 +88,7 @@ TCellStyle DepthCellStyle(const TCustomQuorMarketDataControl* control, const TCo
     style.Bold = row == control->GetHeaderLastPriceIndex();
   else if (const auto depth = DepthColumnOf(column))
     StyleDepthCell(style, control->DisplayMode(), ColoursOf(colours, depth->Side), row,
-                   depth->Kind);
+                   depth->Figure);
   else if (const auto queue = QueueColumnOf(column))
     StyleQueueCell(style, *control, ColoursOf(colours, queue->Side), highlight, row, column);
   return style;
@@ -109,7 +109,7 @@ TCellStyle PerclickPriceCellStyle(bool hasControl, const TColourTable& colours, 
     style.Font = sideColours.Text;
   }
   if (row == BestPriceRow::Price)
-    DrawBestPrice(style, depth->Kind);
+    DrawBestPrice(style, depth->Figure);
   return style;
 }
 

@@ -14,14 +14,14 @@ double Rounded(double price) { return std::round(price * 1e6) / 1e6; }
 } // namespace
 
 double TFakeSpreadTable::PriceStep(double price) const {
-  for (const TBand& band : bands_)
+  for (const TFakeBand& band : bands_)
     if (price > band.From && price <= band.To)
       return band.Step;
   return 0;
 }
 
 double TFakeSpreadTable::StepAbove(double price) const {
-  for (const TBand& band : bands_)
+  for (const TFakeBand& band : bands_)
     if (price >= band.From && price < band.To)
       return band.Step;
   return 0;
@@ -40,7 +40,7 @@ TFakeBroker::TFakeBroker(std::string name_, std::string name1_, std::string name
     : name(std::move(name_)), name1(std::move(name1_)), name2(std::move(name2_)),
       otherName(std::move(otherName_)) {}
 
-void TFakeMarketAdapter::SetSpreadTable(std::string code, int state, std::vector<TBand> bands) {
+void TFakeMarketAdapter::SetSpreadTable(std::string code, int state, std::vector<TFakeBand> bands) {
   spreadTables_[std::move(code)] = std::make_unique<TFakeSpreadTable>(state, std::move(bands));
 }
 

@@ -25,13 +25,14 @@ private:
 };
 
 /// Prices above From, up to and including To.
-struct TBand {
+struct TFakeBand {
   double From, To, Step;
 };
 
 class TFakeSpreadTable : public Basemarketadapter::TCustomSpreadTable {
 public:
-  TFakeSpreadTable(int state, std::vector<TBand> bands) : state_(state), bands_(std::move(bands)) {}
+  TFakeSpreadTable(int state, std::vector<TFakeBand> bands)
+      : state_(state), bands_(std::move(bands)) {}
 
   int State() const override { return state_; }
   double PriceStep(double price) const override;
@@ -41,7 +42,7 @@ private:
   double StepAbove(double price) const;
 
   int state_;
-  std::vector<TBand> bands_;
+  std::vector<TFakeBand> bands_;
 };
 
 struct TFakeBroker : Basemarketadapter::TCustomBroker {
@@ -66,7 +67,7 @@ struct TFakeInstrument : Basemarketadapter::TCustomInstrument {
 /// Reference data that a test sets. Setting tells nobody; the two announcements do.
 class TFakeMarketAdapter : public Basemarketadapter::TCustomMarketAdapter {
 public:
-  void SetSpreadTable(std::string code, int state, std::vector<TBand> bands);
+  void SetSpreadTable(std::string code, int state, std::vector<TFakeBand> bands);
   void SetBroker(std::string id, std::string name, std::string name1 = {}, std::string name2 = {},
                  std::string otherName = {});
   void SetCurrency(std::string symbol, std::string currency);

@@ -119,7 +119,7 @@ TEST(HeaderRows, AFieldThatNoRowShowsHasNoRow) {
     EXPECT_EQ(rows.RowOf(field), -1) << field;
   EXPECT_EQ(rows.RowOf(37), 1);
   EXPECT_EQ(rows.RowOf(23), 10);
-  rows.Build(record.Set({{133, "1"}, {132, "1"}}));
+  rows.Update(&record.Set({{133, "1"}, {132, "1"}}));
   EXPECT_EQ(rows.RowOf(133), 0);
   EXPECT_EQ(rows.RowOf(132), 11);
   EXPECT_EQ(rows.RowOf(131), -1);
