@@ -17,7 +17,11 @@ namespace Quorpricedatacontrol {
 
 namespace {
 
-constexpr int Columns[] = {21, 3, 16, 1, 19, 2, 55, 56, 57, 58, 65, 66, 67, 68};
+constexpr int Columns[] = {Column::HeaderCaption, Column::HeaderValue, Column::BidSize,
+                           Column::BidPrice,      Column::AskSize,     Column::AskPrice,
+                           Column::BidQueue1,     Column::BidQueue2,   Column::BidQueue3,
+                           Column::BidQueue4,     Column::AskQueue1,   Column::AskQueue2,
+                           Column::AskQueue3,     Column::AskQueue4};
 
 /// A queue of forty entries, every eighth a level marker; the front broker is `front`.
 std::string QueueText(int front) {
@@ -36,11 +40,26 @@ struct TMarket {
       record.Set(Field::Bid.Size[level], std::to_string(120000 + level));
       record.Set(Field::Ask.Size[level], std::to_string(130000 + level));
     }
-    record.Set({{3, "318.4"}, {17, "12345600"}, {22, "1"}, {23, "HKD"}, {24, "100"}});
-    record.Set({{31, "317"}, {32, "316"}, {37, "320"}, {38, "3940000000"}, {48, "+1.4"}});
-    record.Set({{130, "0.44"}, {131, "400"}, {132, "260"}, {133, "317.6"}, {73, "01"}});
-    record.Set({{135, "13001 13002 13003"}, {136, "80700"}, {18, "9400000000"}, {49, "22.5"}});
-    record.Set({{120, QueueText(2820)}, {121, QueueText(5340)}});
+    record.Set({{Field::Nominal, "318.4"},
+                {Field::Volume, "12345600"},
+                {Field::ProductType, "1"},
+                {Field::Currency, "HKD"},
+                {Field::BoardLot, "100"}});
+    record.Set({{Field::PreviousClose, "317"},
+                {Field::Low, "316"},
+                {Field::High, "320"},
+                {Field::Turnover, "3940000000"},
+                {Field::Change, "+1.4"}});
+    record.Set({{Field::ChangePercent, "0.44"},
+                {Field::High52Weeks, "400"},
+                {Field::Low52Weeks, "260"},
+                {Field::Open, "317.6"},
+                {Field::SpreadCode, "01"}});
+    record.Set({{Field::WarrantList, "13001 13002 13003"},
+                {Field::RelatedList, "80700"},
+                {Field::IssueSize, "9400000000"},
+                {Field::PriceEarnings, "22.5"}});
+    record.Set({{Field::BidQueue, QueueText(2820)}, {Field::AskQueue, QueueText(5340)}});
     host.market.SetSpreadTable("01", Constdef::SpreadState_Ready, {{200, 500, 0.2}});
     for (int trade = 0; trade < 5; ++trade)
       trades.push_back({"10:15:0" + std::to_string(trade), "B", "200", 318.4});
@@ -55,7 +74,7 @@ struct TMarket {
   void ChangeRecord() {
     const auto step = static_cast<std::size_t>(++changes);
     if (step % 10 == 0)
-      record.Set(120, queueTexts[step / 10 % queueTexts.size()]);
+      record.Set(Field::BidQueue, queueTexts[step / 10 % queueTexts.size()]);
     else
       record.Set(Field::Bid.Size[step % 10], sizeTexts[step % sizeTexts.size()]);
   }
@@ -105,7 +124,7 @@ void ReadAllCells(benchmark::State& state) {
 std::string CellFromScratch(const TMarket& market, int row, int column) {
   if (const auto place = QueueColumnOf(column)) {
     TBrokerQueue queue;
-    queue.Update(market.record.GetText(120), market.record.GetText(121));
+    queue.Update(market.record.GetText(Field::BidQueue), market.record.GetText(Field::AskQueue));
     return queue.Text(QueueIndex(*place, row, 18), place->Side, TBrokerStyle::ID);
   }
   if (column != Column::HeaderCaption && column != Column::HeaderValue)

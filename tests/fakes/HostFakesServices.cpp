@@ -1,6 +1,7 @@
 #include "fakes/HostFakesServices.h"
 
 #include "host/ConstDef.h"
+#include "host/RecordFields.h"
 
 #include <algorithm>
 #include <cctype>
@@ -33,9 +34,6 @@ bool CanFormat(const Basesubscribedata::TCustomSubItem& record, int field, std::
   text.clear();
   return record.GetState() == Constdef::RecordState_Ready && !record.GetText(field).empty();
 }
-
-constexpr int ChangeField = 48;
-constexpr int ChangePercentField = 130;
 
 } // namespace
 
@@ -153,17 +151,17 @@ bool TFakeMarketDataFormatter::FormatVolume(const Basesubscribedata::TCustomSubI
 
 bool TFakeMarketDataFormatter::FormatChange(const Basesubscribedata::TCustomSubItem& record,
                                             std::string& text) {
-  if (!CanFormat(record, ChangeField, text))
+  if (!CanFormat(record, Host::Field::Change, text))
     return false;
-  text.append("chg(").append(record.GetText(ChangeField)).append(")");
+  text.append("chg(").append(record.GetText(Host::Field::Change)).append(")");
   return true;
 }
 
 bool TFakeMarketDataFormatter::FormatChangePercent(const Basesubscribedata::TCustomSubItem& record,
                                                    std::string& text) {
-  if (!CanFormat(record, ChangePercentField, text))
+  if (!CanFormat(record, Host::Field::ChangePercent, text))
     return false;
-  text.append("chg%(").append(record.GetText(ChangePercentField)).append(")");
+  text.append("chg%(").append(record.GetText(Host::Field::ChangePercent)).append(")");
   return true;
 }
 

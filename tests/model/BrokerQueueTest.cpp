@@ -23,15 +23,17 @@ std::string NumberedID(int index) {
   return std::string(4 - number.size(), '0') + number;
 }
 
-constexpr int BidColumns[] = {55, 56, 57, 58};
-constexpr int AskColumns[] = {65, 66, 67, 68};
+constexpr int BidColumns[] = {Column::BidQueue1, Column::BidQueue2, Column::BidQueue3,
+                              Column::BidQueue4};
+constexpr int AskColumns[] = {Column::AskQueue1, Column::AskQueue2, Column::AskQueue3,
+                              Column::AskQueue4};
 
 } // namespace
 
 // Entries
 
 TEST_F(DepthControlTest, ABlankOrEmptyPieceOfTheQueueIsNoEntry) {
-  Record().Set(120, " 1234, +1,0 ,56,, ");
+  Record().Set(Field::BidQueue, " 1234, +1,0 ,56,, ");
   ShowSymbol();
   EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "1234");
   EXPECT_EQ(control.GetQueueBroker(1, Side::Bid), "+1");
@@ -100,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TEntryCase{"99999999999999999999", "99999999999999999999"}));
 
 TEST_F(DepthControlTest, QueueEntriesThatDoNotExistAreEmpty) {
-  Record().Set({{120, "1234"}, {121, "5678"}});
+  Record().Set({{Field::BidQueue, "1234"}, {Field::AskQueue, "5678"}});
   ShowSymbol();
   for (const int index : {-1, 1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
     EXPECT_EQ(control.GetQueueBroker(index, Side::Bid), "") << index;
@@ -111,12 +113,12 @@ TEST_F(DepthControlTest, QueueEntriesThatDoNotExistAreEmpty) {
 }
 
 TEST_F(DepthControlTest, TheQueueFollowsTheRecord) {
-  Record().Set({{120, "1"}, {121, "2"}});
+  Record().Set({{Field::BidQueue, "1"}, {Field::AskQueue, "2"}});
   ShowSymbol();
-  Record().Set(120, "3,4").Update();
+  Record().Set(Field::BidQueue, "3,4").Update();
   EXPECT_EQ(control.GetQueueBroker(1, Side::Bid), "0004");
   EXPECT_EQ(control.GetQueueBroker(0, Side::Ask), "0002");
-  Record().Remove(121).Update();
+  Record().Remove(Field::AskQueue).Update();
   EXPECT_EQ(control.GetQueueBroker(0, Side::Ask), "");
   Record().SetState(Constdef::RecordState_None).Update();
   EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "");
@@ -129,7 +131,8 @@ TEST_F(DepthControlTest, TheQueueFollowsTheRecord) {
 class QueueLayoutTest : public DepthControlTest {
 protected:
   void Show(int entries) {
-    Record().Set({{120, NumberedQueue(entries)}, {121, NumberedQueue(entries)}});
+    Record().Set(
+        {{Field::BidQueue, NumberedQueue(entries)}, {Field::AskQueue, NumberedQueue(entries)}});
     ShowSymbol();
   }
 
@@ -164,10 +167,13 @@ TEST_F(QueueLayoutTest, EighteenRowsShowSixtyEightEntries) {
 }
 
 TEST_F(QueueLayoutTest, TheLayoutFollowsEveryOtherNumberOfRows) {
-  Record().Set({{116, "110"}, {117, "90"}, {131, "120"}, {132, "80"}});
+  Record().Set({{Field::UpperLimit, "110"},
+                {Field::LowerLimit, "90"},
+                {Field::High52Weeks, "120"},
+                {Field::Low52Weeks, "80"}});
   Show(70);
   ExpectLayout(15, 70);
-  Record().Set(118, "1");
+  Record().Set(Field::AccruedInterest, "1");
   control.SetDisplayMode(qm10Simple);
   ExpectLayout(16, 70);
 }
@@ -181,12 +187,13 @@ TEST_F(QueueLayoutTest, RowZeroNamesTheSides) {
   Show(60);
   EXPECT_EQ(control.GetDisplayValue(0, Column::BidQueue1), "Res_QuorPrice_Buy");
   EXPECT_EQ(control.GetDisplayValue(0, Column::AskQueue1), "Res_QuorPrice_Sell");
-  for (const int column : {56, 57, 58, 66, 67, 68})
+  for (const int column : {Column::BidQueue2, Column::BidQueue3, Column::BidQueue4,
+                           Column::AskQueue2, Column::AskQueue3, Column::AskQueue4})
     EXPECT_EQ(control.GetDisplayValue(0, column), "") << column;
 }
 
 TEST_F(QueueLayoutTest, SidesDoNotMix) {
-  Record().Set({{120, "1"}, {121, "2"}});
+  Record().Set({{Field::BidQueue, "1"}, {Field::AskQueue, "2"}});
   ShowSymbol();
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "0001");
   EXPECT_EQ(control.GetDisplayValue(1, Column::AskQueue1), "0002");
@@ -195,39 +202,42 @@ TEST_F(QueueLayoutTest, SidesDoNotMix) {
 // Level markers
 
 TEST_F(DepthControlTest, MarkersAndTheSidesCaptionsAreQueueHeaders) {
-  Record().Set({{120, "+1,1,-2,3,4,5,6,7,8,9,10,11,+12"}, {121, "1,-1"}});
+  Record().Set({{Field::BidQueue, "+1,1,-2,3,4,5,6,7,8,9,10,11,+12"}, {Field::AskQueue, "1,-1"}});
   ShowSymbol();
-  EXPECT_TRUE(control.GetIsBrokerQueueHeader(55, 0));
-  EXPECT_TRUE(control.GetIsBrokerQueueHeader(65, 0));
-  EXPECT_FALSE(control.GetIsBrokerQueueHeader(56, 0));
-  EXPECT_FALSE(control.GetIsBrokerQueueHeader(68, 0));
-  EXPECT_TRUE(control.GetIsBrokerQueueHeader(55, 1));
-  EXPECT_FALSE(control.GetIsBrokerQueueHeader(55, 2));
-  EXPECT_TRUE(control.GetIsBrokerQueueHeader(55, 3));
-  EXPECT_TRUE(control.GetIsBrokerQueueHeader(56, 1)); // entry 12
-  EXPECT_FALSE(control.GetIsBrokerQueueHeader(65, 1));
-  EXPECT_TRUE(control.GetIsBrokerQueueHeader(65, 2));
-  EXPECT_FALSE(control.GetIsBrokerQueueHeader(65, 3));
-  for (const int column : {0, 1, 21, 54, 59, 64, 69})
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 0));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(Column::AskQueue1, 0));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::BidQueue2, 0));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::AskQueue4, 0));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 1));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 2));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 3));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(Column::BidQueue2, 1)); // entry 12
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::AskQueue1, 1));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(Column::AskQueue1, 2));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::AskQueue1, 3));
+  for (const int column :
+       std::initializer_list<int>{0, Column::BidPrice, Column::HeaderCaption, 54, 59, 64, 69})
     EXPECT_FALSE(control.GetIsBrokerQueueHeader(column, 0)) << column;
-  EXPECT_FALSE(control.GetIsBrokerQueueHeader(21, 1));
+  EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::HeaderCaption, 1));
   for (const int row : {-1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
-    EXPECT_FALSE(control.GetIsBrokerQueueHeader(55, row)) << row;
+    EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::BidQueue1, row)) << row;
 }
 
 TEST_F(DepthControlTest, HidingTheQueueEmptiesItsCellsButKeepsItsMarkers) {
-  Record().Set(120, "+1,1234");
+  Record().Set(Field::BidQueue, "+1,1234");
   ShowSymbol();
   events = {};
   control.SetShowBrokerQueue(false);
   EXPECT_EQ(events.change, 0);
-  for (const int column : {55, 56, 57, 58, 65, 66, 67, 68})
+  for (const int column :
+       {Column::BidQueue1, Column::BidQueue2, Column::BidQueue3, Column::BidQueue4,
+        Column::AskQueue1, Column::AskQueue2, Column::AskQueue3, Column::AskQueue4})
     EXPECT_EQ(ColumnTexts(column), std::vector<std::string>(13)) << column;
-  EXPECT_TRUE(control.GetIsBrokerQueueHeader(55, 1));
+  EXPECT_TRUE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 1));
   std::string id;
-  EXPECT_TRUE(control.GetBrokerID(2, 55, id));
+  EXPECT_TRUE(control.GetBrokerID(2, Column::BidQueue1, id));
   control.SetShowBrokerQueue(true);
-  EXPECT_EQ(control.GetDisplayValue(2, 55), "1234");
+  EXPECT_EQ(control.GetDisplayValue(2, Column::BidQueue1), "1234");
 }
 
 // Names
@@ -237,7 +247,7 @@ protected:
   BrokerNameTest() {
     host.market.SetBroker("1234", "Name", "Name 1", "Name 2", "Other");
     host.market.SetBroker("0056", "Short");
-    Record().Set({{120, "1234,56,+1,777,B1234"}, {121, "56"}});
+    Record().Set({{Field::BidQueue, "1234,56,+1,777,B1234"}, {Field::AskQueue, "56"}});
     ShowSymbol();
     events = {};
   }
@@ -245,56 +255,56 @@ protected:
 
 TEST_F(BrokerNameTest, NamesTakeThePlaceOfTheIDsOfKnownBrokers) {
   control.SetShowBrokerName(true);
-  EXPECT_EQ(control.GetDisplayValue(1, 55), "Name");
-  EXPECT_EQ(control.GetDisplayValue(2, 55), "Short");
-  EXPECT_EQ(control.GetDisplayValue(3, 55), "+1");
-  EXPECT_EQ(control.GetDisplayValue(4, 55), "0777");
-  EXPECT_EQ(control.GetDisplayValue(5, 55), "Name");
-  EXPECT_EQ(control.GetDisplayValue(1, 65), "Short");
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Name");
+  EXPECT_EQ(control.GetDisplayValue(2, Column::BidQueue1), "Short");
+  EXPECT_EQ(control.GetDisplayValue(3, Column::BidQueue1), "+1");
+  EXPECT_EQ(control.GetDisplayValue(4, Column::BidQueue1), "0777");
+  EXPECT_EQ(control.GetDisplayValue(5, Column::BidQueue1), "Name");
+  EXPECT_EQ(control.GetDisplayValue(1, Column::AskQueue1), "Short");
   control.SetShowBrokerName(false);
-  EXPECT_EQ(control.GetDisplayValue(1, 55), "1234");
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "1234");
 }
 
 TEST_F(BrokerNameTest, ANameIsTheOneInTheUsersLanguage) {
   control.SetShowBrokerName(true);
   host.language.language = Constdef::Language_TraditionalChinese;
-  EXPECT_EQ(control.GetDisplayValue(1, 55), "Name 1");
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Name 1");
   host.language.language = Constdef::Language_SimplifiedChinese;
-  EXPECT_EQ(control.GetDisplayValue(1, 55), "Name 2");
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Name 2");
   for (const int language : {0, 3, 4}) {
     host.language.language = language;
-    EXPECT_EQ(control.GetDisplayValue(1, 55), "Name") << language;
+    EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Name") << language;
   }
 }
 
 TEST_F(BrokerNameTest, AMissingNameFallsBackToTheDefaultAndThenToTheOther) {
   control.SetShowBrokerName(true);
   host.language.language = Constdef::Language_SimplifiedChinese;
-  EXPECT_EQ(control.GetDisplayValue(2, 55), "Short");
+  EXPECT_EQ(control.GetDisplayValue(2, Column::BidQueue1), "Short");
   host.market.SetBroker("1234", "", "", "", "Other");
-  EXPECT_EQ(control.GetDisplayValue(1, 55), "Other");
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Other");
   host.language.language = Constdef::Language_English;
-  EXPECT_EQ(control.GetDisplayValue(1, 55), "Other");
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Other");
   host.market.SetBroker("1234", "", "Name 1", "Name 2", "Other");
-  EXPECT_EQ(control.GetDisplayValue(1, 55), "Other");
+  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Other");
 }
 
 TEST_F(BrokerNameTest, TheHintGivesTheFormThatTheGridDoesNotShow) {
-  EXPECT_EQ(control.GetBrokerName(1, 55), "Name");
-  EXPECT_EQ(control.GetBrokerName(1, 65), "Short");
+  EXPECT_EQ(control.GetBrokerName(1, Column::BidQueue1), "Name");
+  EXPECT_EQ(control.GetBrokerName(1, Column::AskQueue1), "Short");
   control.SetShowBrokerName(true);
-  EXPECT_EQ(control.GetBrokerName(1, 55), "1234");
-  EXPECT_EQ(control.GetBrokerName(2, 55), "0056");
+  EXPECT_EQ(control.GetBrokerName(1, Column::BidQueue1), "1234");
+  EXPECT_EQ(control.GetBrokerName(2, Column::BidQueue1), "0056");
 }
 
 TEST_F(BrokerNameTest, TheHintLeavesTheGridAsItWas) {
   for (const bool shown : {false, true}) {
     control.SetShowBrokerName(shown);
-    const auto before = ColumnTexts(55);
+    const auto before = ColumnTexts(Column::BidQueue1);
     events = {};
-    control.GetBrokerName(1, 55);
+    control.GetBrokerName(1, Column::BidQueue1);
     EXPECT_EQ(control.ShowBrokerName(), shown);
-    EXPECT_EQ(ColumnTexts(55), before);
+    EXPECT_EQ(ColumnTexts(Column::BidQueue1), before);
     EXPECT_EQ(events.change, 0);
   }
 }
@@ -303,19 +313,20 @@ TEST_F(BrokerNameTest, TheIDIsNeverAName) {
   for (const bool shown : {false, true}) {
     control.SetShowBrokerName(shown);
     std::string id = "old";
-    EXPECT_TRUE(control.GetBrokerID(1, 55, id));
+    EXPECT_TRUE(control.GetBrokerID(1, Column::BidQueue1, id));
     EXPECT_EQ(id, "1234");
-    EXPECT_TRUE(control.GetBrokerID(2, 55, id));
+    EXPECT_TRUE(control.GetBrokerID(2, Column::BidQueue1, id));
     EXPECT_EQ(id, "0056");
-    EXPECT_FALSE(control.GetBrokerID(6, 55, id));
+    EXPECT_FALSE(control.GetBrokerID(6, Column::BidQueue1, id));
     EXPECT_EQ(id, "");
   }
 }
 
 TEST_F(BrokerNameTest, CellsOutsideTheQueueHaveNoBroker) {
-  Record().Set(120, NumberedQueue(60)).Update();
+  Record().Set(Field::BidQueue, NumberedQueue(60)).Update();
   std::string id;
-  for (const int column : {1, 21, 54, 59, 64, 69}) {
+  for (const int column :
+       std::initializer_list<int>{Column::BidPrice, Column::HeaderCaption, 54, 59, 64, 69}) {
     EXPECT_EQ(control.GetBrokerName(1, column), "") << column;
     EXPECT_FALSE(control.GetBrokerID(1, column, id)) << column;
   }
@@ -325,7 +336,7 @@ TEST_F(BrokerNameTest, CellsOutsideTheQueueHaveNoBroker) {
       EXPECT_FALSE(control.GetBrokerID(row, column, id)) << row << ' ' << column;
     }
   EXPECT_EQ(control.GetBrokerName(std::numeric_limits<int>::max(), 58), "");
-  EXPECT_EQ(control.GetBrokerName(1, 56), NumberedID(12));
+  EXPECT_EQ(control.GetBrokerName(1, Column::BidQueue2), NumberedID(12));
 }
 
 /// A queue entry in each of the forms that a cell may have.
@@ -349,16 +360,18 @@ TEST_F(BrokerNameTest, EachFormHasItsTextNameAndID) {
   for (const char* text : {"+1", "-2", "0", "0000"})
     host.market.SetBroker(text, "Wrong");
   for (const TFormCase& form : Forms) {
-    Record().Set(120, form.entry).Update();
+    Record().Set(Field::BidQueue, form.entry).Update();
     for (const bool shown : {false, true}) {
       control.SetShowBrokerName(shown);
-      EXPECT_EQ(control.GetDisplayValue(1, 55), shown ? form.name : form.id) << form.entry;
+      EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), shown ? form.name : form.id)
+          << form.entry;
       EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), shown ? form.name : form.id) << form.entry;
-      EXPECT_EQ(control.GetBrokerName(1, 55), shown ? form.id : form.name) << form.entry;
+      EXPECT_EQ(control.GetBrokerName(1, Column::BidQueue1), shown ? form.id : form.name)
+          << form.entry;
       std::string id = "old";
-      EXPECT_EQ(control.GetBrokerID(1, 55, id), *form.id != 0) << form.entry;
+      EXPECT_EQ(control.GetBrokerID(1, Column::BidQueue1, id), *form.id != 0) << form.entry;
       EXPECT_EQ(id, form.id) << form.entry;
-      EXPECT_EQ(control.GetIsBrokerQueueHeader(55, 1), form.isMarker) << form.entry;
+      EXPECT_EQ(control.GetIsBrokerQueueHeader(Column::BidQueue1, 1), form.isMarker) << form.entry;
     }
   }
 }
@@ -399,8 +412,11 @@ TEST_P(QueuePlaceTest, EveryQueryFindsTheCellsEntry) {
   for (const int side : {Side::Bid, Side::Ask}) {
     const int column = side == Side::Bid ? bidColumn : bidColumn + AskOffset;
     for (const TFormCase& form : Forms) {
-      Record().Set(side == Side::Bid ? 120 : 121, QueueWith(index, form.entry));
-      Record().Set(side == Side::Bid ? 121 : 120, QueueWith(68, "")).Update();
+      Record().Set(side == Side::Bid ? Field::BidQueue : Field::AskQueue,
+                   QueueWith(index, form.entry));
+      Record()
+          .Set(side == Side::Bid ? Field::AskQueue : Field::BidQueue, QueueWith(68, ""))
+          .Update();
       EXPECT_EQ(control.GetDisplayValue(row, column), form.id) << column << form.entry;
       EXPECT_EQ(control.GetBrokerName(row, column), form.name) << column << form.entry;
       std::string id = "old";
@@ -408,20 +424,26 @@ TEST_P(QueuePlaceTest, EveryQueryFindsTheCellsEntry) {
       EXPECT_EQ(id, form.id) << column << form.entry;
       EXPECT_EQ(control.GetIsBrokerQueueHeader(column, row), form.isMarker) << column << form.entry;
       // No other cell but the side's caption heads anything.
-      EXPECT_EQ(HeaderCells(side == Side::Bid ? 55 : 65), 1 + form.isMarker) << form.entry;
-      EXPECT_EQ(HeaderCells(side == Side::Bid ? 65 : 55), 1) << form.entry;
+      EXPECT_EQ(HeaderCells(side == Side::Bid ? Column::BidQueue1 : Column::AskQueue1),
+                1 + form.isMarker)
+          << form.entry;
+      EXPECT_EQ(HeaderCells(side == Side::Bid ? Column::AskQueue1 : Column::BidQueue1), 1)
+          << form.entry;
     }
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Places, QueuePlaceTest,
-                         testing::Values(TPlaceCase{55, 1, 0}, TPlaceCase{55, 9, 8},
-                                         TPlaceCase{55, 17, 16}, TPlaceCase{56, 1, 17},
-                                         TPlaceCase{56, 17, 33}, TPlaceCase{57, 1, 34},
-                                         TPlaceCase{57, 17, 50}, TPlaceCase{58, 1, 51},
-                                         TPlaceCase{58, 17, 67}));
+INSTANTIATE_TEST_SUITE_P(
+    Places, QueuePlaceTest,
+    testing::Values(TPlaceCase{Column::BidQueue1, 1, 0}, TPlaceCase{Column::BidQueue1, 9, 8},
+                    TPlaceCase{Column::BidQueue1, 17, 16}, TPlaceCase{Column::BidQueue2, 1, 17},
+                    TPlaceCase{Column::BidQueue2, 17, 33}, TPlaceCase{Column::BidQueue3, 1, 34},
+                    TPlaceCase{Column::BidQueue3, 17, 50}, TPlaceCase{Column::BidQueue4, 1, 51},
+                    TPlaceCase{Column::BidQueue4, 17, 67}));
 
-TEST_F(BrokerNameTest, NoBrokerIsTheUsersOwn) { EXPECT_FALSE(control.GetIsMyBrokerID(1, 55)); }
+TEST_F(BrokerNameTest, NoBrokerIsTheUsersOwn) {
+  EXPECT_FALSE(control.GetIsMyBrokerID(1, Column::BidQueue1));
+}
 
 TEST_F(BrokerNameTest, OnlyAnotherChoiceOfNamesIsTold) {
   control.SetShowBrokerName(false);

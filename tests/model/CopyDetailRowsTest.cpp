@@ -11,8 +11,15 @@ class CopyDetailRowsTest : public DepthControlTest {
 protected:
   CopyDetailRowsTest() {
     control.SetDisplayMode(qm10Full);
-    Record().Set({{22, "4"}, {10, "AB#XXXXXR"}, {26, "5"}, {27, "20"}, {172, "19.5"}});
-    Record().Set({{3000, "7"}, {104, "0.1"}, {18, "5000"}, {24, "500"}});
+    Record().Set({{Field::ProductType, "4"},
+                  {Field::Name, "AB#XXXXXR"},
+                  {Field::Underlying, "5"},
+                  {Field::StrikePrice, "20"},
+                  {Field::CallPrice, "19.5"}});
+    Record().Set({{Field::Category, "7"},
+                  {Field::ConversionRatio, "0.1"},
+                  {Field::IssueSize, "5000"},
+                  {Field::BoardLot, "500"}});
     ShowSymbol();
   }
 
@@ -65,7 +72,12 @@ TEST_F(CopyDetailRowsTest, OtherRowsCopyTheSymbolAlone) {
 }
 
 TEST_F(CopyDetailRowsTest, AStocksRowsCopyTheSymbolAlone) {
-  host.Record("1").Set({{22, "1"}, {3, "10"}, {18, "2000"}, {506, "9"}, {49, "15"}, {102, "3"}});
+  host.Record("1").Set({{Field::ProductType, "1"},
+                        {Field::Nominal, "10"},
+                        {Field::IssueSize, "2000"},
+                        {Field::MarketCap, "9"},
+                        {Field::PriceEarnings, "15"},
+                        {Field::DividendYield, "3"}});
   control.SetSymbol("1");
   SetStyle("L");
   for (const char* caption : {"Res_IssuedShares", "Res_MarketCap", "Res_PE", "Res_Yield"}) {

@@ -12,7 +12,11 @@ protected:
   CopyPriceTest() {
     host.market.SetSpreadTable("01", Constdef::SpreadState_Ready, {{0, 100, 0.5}, {100, 1000, 2}});
     FillDepth(Record());
-    Record().Set({{73, "01"}, {24, "500"}, {3, "100"}, {37, "110"}, {17, "999"}});
+    Record().Set({{Field::SpreadCode, "01"},
+                  {Field::BoardLot, "500"},
+                  {Field::Nominal, "100"},
+                  {Field::High, "110"},
+                  {Field::Volume, "999"}});
     ShowSymbol();
   }
 
@@ -119,7 +123,7 @@ TEST_P(CopyLevelTest, EachLevelCopiesItsOwnPriceOnEitherColumnOfItsSide) {
 TEST_P(CopyLevelTest, RowsThatHoldNoPriceCopyNothing) {
   control.SetDisplayMode(GetParam().mode);
   for (const int row : {-1, 0, GetParam().bestRow + 1, GetParam().firstLevelRow + 10, 100})
-    for (const int column : {1, 2, 16, 19})
+    for (const int column : PriceAndSizeColumns)
       EXPECT_FALSE(Sends(row, column)) << row << ' ' << column;
 }
 
@@ -128,7 +132,9 @@ INSTANTIATE_TEST_SUITE_P(Layouts, CopyLevelTest,
                                          TLayoutCase{qm10Simple, 1, 3}));
 
 TEST_F(CopyPriceTest, OtherColumnsCopyNothing) {
-  for (const int column : {-1, 0, 4, 21, 55, 58, 65, 68, 10000})
+  for (const int column : std::initializer_list<int>{
+           -1, 0, 4, Column::HeaderCaption, Column::BidQueue1, Column::BidQueue4, Column::AskQueue1,
+           Column::AskQueue4, Column::InfoOpen})
     EXPECT_FALSE(Sends(6, column)) << column;
 }
 
@@ -140,7 +146,7 @@ TEST_F(CopyPriceTest, NothingIsCopiedWithoutSymbol) {
 }
 
 TEST_F(CopyPriceTest, AMissingPriceIsLeftUnset) {
-  Record().Remove(1).Remove(82).Remove(37);
+  Record().Remove(Field::BestBid).Remove(Field::Bid.Price[2]).Remove(Field::High);
   const TSentOrder best = Click(6, Column::BidSize);
   EXPECT_FALSE(best.price.has_value());
   EXPECT_EQ(best.quantity, 1000);
@@ -155,7 +161,7 @@ protected:
   CopyDerivedPriceTest() {
     control.SetSymbol("");
     FillOrderCountDepth(Record());
-    Record().Set({{1, "101"}, {2, "99"}});
+    Record().Set({{Field::BestBid, "101"}, {Field::BestAsk, "99"}});
     ShowSymbol();
   }
 };
@@ -170,47 +176,47 @@ TEST_F(CopyDerivedPriceTest, ALevelLiesAsManyStepsFromTheBestPriceAsItIsDeep) {
 }
 
 TEST_F(CopyDerivedPriceTest, TheFourthBidLiesThreeStepsBelowTheBest) {
-  Record().Set(1, "50");
+  Record().Set(Field::BestBid, "50");
   const TSentOrder order = Click(11, Column::BidPrice);
   EXPECT_EQ(order.price, 48.5);
   EXPECT_TRUE(IsFlagged(order));
 }
 
 TEST_F(CopyDerivedPriceTest, APublishedPriceGoesBeforeADerivedOne) {
-  Record().Set(83, "77");
+  Record().Set(Field::Bid.Price[3], "77");
   EXPECT_EQ(Click(11, Column::BidPrice).price, 77);
 }
 
 TEST_F(CopyDerivedPriceTest, APriceThatCannotBeDerivedIsLeftUnset) {
   for (const char* best : {"", "none", "nan", "inf", "1x"}) {
-    Record().Set(1, best);
+    Record().Set(Field::BestBid, best);
     EXPECT_FALSE(Click(9, Column::BidPrice).price.has_value()) << best;
   }
-  Record().Set(1, " 50 ");
+  Record().Set(Field::BestBid, " 50 ");
   EXPECT_EQ(Click(9, Column::BidPrice).price, 49.5);
   host.market.SetSpreadTable("01", 0, {{0, 1000, 1}});
   EXPECT_FALSE(Click(9, Column::BidPrice).price.has_value());
-  Record().Set(73, "99");
+  Record().Set(Field::SpreadCode, "99");
   EXPECT_FALSE(Click(9, Column::AskPrice).price.has_value());
 }
 
 TEST_F(CopyDerivedPriceTest, PricesAreDerivedOnlyForAFeedOfOrderCounts) {
   control.SetSymbol("");
-  Record().Set(81, "100.5"); // the first level beyond the best now has a price
+  Record().Set(Field::Bid.Price[1], "100.5"); // the first level beyond the best now has a price
   ShowSymbol();
   ASSERT_EQ(control.MarketDataType(), mdtPriced);
   EXPECT_FALSE(Click(11, Column::BidPrice).price.has_value());
 }
 
 TEST_F(CopyDerivedPriceTest, AMissingBestPriceIsNotDerived) {
-  Record().Remove(1);
+  Record().Remove(Field::BestBid);
   EXPECT_FALSE(Click(6, Column::BidPrice).price.has_value());
 }
 
 TEST_F(CopyDerivedPriceTest, ABestPriceMayHaveASign) {
-  Record().Set(1, "+50");
+  Record().Set(Field::BestBid, "+50");
   EXPECT_EQ(Click(9, Column::BidPrice).price, 49.5);
-  Record().Set(1, "+-50");
+  Record().Set(Field::BestBid, "+-50");
   EXPECT_FALSE(Click(9, Column::BidPrice).price.has_value());
 }
 
@@ -230,14 +236,14 @@ TEST_F(CopyDerivedPriceTest, ADerivedPriceComesWithTheStylesQuantity) {
 }
 
 TEST_F(CopyDerivedPriceTest, AnEmptyPublishedPriceIsZeroAndNotDerived) {
-  Record().Set(83, "");
+  Record().Set(Field::Bid.Price[3], "");
   EXPECT_EQ(Click(11, Column::BidPrice).price, 0);
 }
 
 // Records that hold no data
 
 TEST_F(CopyPriceTest, AnEmptyPriceIsCopiedAsZero) {
-  Record().Set({{2, ""}, {37, ""}});
+  Record().Set({{Field::BestAsk, ""}, {Field::High, ""}});
   EXPECT_EQ(Click(6, Column::AskPrice).price, 0);
   EXPECT_EQ(Click(1, Column::HeaderValue).price, 0);
 }
@@ -278,7 +284,7 @@ TEST_F(CopyPriceTest, TheDefaultStyleCopiesNoQuantityFromDeeperLevels) {
 TEST_F(CopyPriceTest, TheOneLotStyleCopiesTheLotSizeFromEveryPrice) {
   SetStyle("Lot");
   for (const int row : {6, 8, 9, 17})
-    for (const int column : {1, 2, 16, 19})
+    for (const int column : PriceAndSizeColumns)
       EXPECT_EQ(Click(row, column).quantity, 500) << row << ' ' << column;
   const TSentOrder nominal = Click(6, Column::HeaderValue);
   EXPECT_EQ(nominal.price, 100);
@@ -288,7 +294,7 @@ TEST_F(CopyPriceTest, TheOneLotStyleCopiesTheLotSizeFromEveryPrice) {
 TEST_F(CopyPriceTest, TheNoneStyleCopiesAQuantityOfZero) {
   SetStyle("N");
   for (const int row : {6, 8, 9, 17})
-    for (const int column : {1, 2, 16, 19})
+    for (const int column : PriceAndSizeColumns)
       EXPECT_EQ(Click(row, column).quantity, 0) << row << ' ' << column;
 }
 
@@ -304,13 +310,13 @@ TEST_F(CopyPriceTest, TheSummaryStyleCopiesTheSizeDownToTheLevel) {
     EXPECT_EQ(Click(8 + level, Column::AskSize).quantity, asks) << level;
   }
   EXPECT_EQ(Click(6, Column::BidSize).quantity, 1000);
-  EXPECT_EQ(control.GetCopyPriceQty(92), 1100 + 2100 + 3100);
+  EXPECT_EQ(control.GetCopyPriceQty(Field::Ask.Price[2]), 1100 + 2100 + 3100);
 }
 
 TEST_F(CopyPriceTest, AMissingSizeCountsAsZero) {
   SetStyle("S");
-  Record().Remove(51).Set(52, "many");
-  EXPECT_EQ(control.GetCopyPriceQty(83), 1000 + 4000);
+  Record().Remove(Field::Bid.Size[1]).Set(Field::Bid.Size[2], "many");
+  EXPECT_EQ(control.GetCopyPriceQty(Field::Bid.Price[3]), 1000 + 4000);
 }
 
 struct TQuantityCase {
@@ -328,22 +334,28 @@ TEST_P(CopyQuantityTest, FollowsTheStyle) {
 
 INSTANTIATE_TEST_SUITE_P(
     Styles, CopyQuantityTest,
-    testing::Values(TQuantityCase{"D", 16, 1000}, TQuantityCase{"D", 19, 1100},
-                    TQuantityCase{"D", 1, 0}, TQuantityCase{"D", 2, 0}, TQuantityCase{"D", 51, 0},
-                    TQuantityCase{"L", 16, 500}, TQuantityCase{"L", 3, 500},
-                    TQuantityCase{"L", -1, 500}, TQuantityCase{"N", 16, 0},
-                    TQuantityCase{"N", 1, 0}, TQuantityCase{"S", 1, 1000},
-                    TQuantityCase{"S", 2, 1100}, TQuantityCase{"S", 81, 3000},
-                    TQuantityCase{"S", 84, 15000}, TQuantityCase{"S", 94, 15500},
-                    TQuantityCase{"S", 3180, 21000}, TQuantityCase{"S", 3184, 55000},
-                    TQuantityCase{"S", 3190, 21600}, TQuantityCase{"S", 3194, 56000},
-                    TQuantityCase{"S", 3, 0}, TQuantityCase{"S", 16, 0}, TQuantityCase{"S", 80, 0},
-                    TQuantityCase{"S", 85, 0}, TQuantityCase{"S", 3185, 0}));
+    testing::Values(
+        TQuantityCase{"D", Field::BestBidSize, 1000}, TQuantityCase{"D", Field::BestAskSize, 1100},
+        TQuantityCase{"D", Field::BestBid, 0}, TQuantityCase{"D", Field::BestAsk, 0},
+        TQuantityCase{"D", Field::Bid.Size[1], 0}, TQuantityCase{"L", Field::BestBidSize, 500},
+        TQuantityCase{"L", Field::Nominal, 500}, TQuantityCase{"L", Field::None, 500},
+        TQuantityCase{"N", Field::BestBidSize, 0}, TQuantityCase{"N", Field::BestBid, 0},
+        TQuantityCase{"S", Field::BestBid, 1000}, TQuantityCase{"S", Field::BestAsk, 1100},
+        TQuantityCase{"S", Field::Bid.Price[1], 3000},
+        TQuantityCase{"S", Field::Bid.Price[4], 15000},
+        TQuantityCase{"S", Field::Ask.Price[4], 15500},
+        TQuantityCase{"S", Field::Bid.Price[5], 21000},
+        TQuantityCase{"S", Field::Bid.Price[9], 55000},
+        TQuantityCase{"S", Field::Ask.Price[5], 21600},
+        TQuantityCase{"S", Field::Ask.Price[9], 56000}, TQuantityCase{"S", Field::Nominal, 0},
+        TQuantityCase{"S", Field::BestBidSize, 0}, TQuantityCase{"S", Field::Bid.Price[1] - 1, 0},
+        TQuantityCase{"S", Field::Bid.Price[4] + 1, 0},
+        TQuantityCase{"S", Field::Bid.Price[9] + 1, 0}));
 
 TEST_F(DepthControlTest, ThereIsNoQuantityWithoutARecord) {
   host.config.SetCurrent("CopyPriceStyle", "L");
   host.config.Announce();
-  EXPECT_EQ(control.GetCopyPriceQty(1), 0);
+  EXPECT_EQ(control.GetCopyPriceQty(Field::BestBid), 0);
 }
 
 // Header values
@@ -351,8 +363,18 @@ TEST_F(DepthControlTest, ThereIsNoQuantityWithoutARecord) {
 class CopyHeaderTest : public CopyPriceTest {
 protected:
   CopyHeaderTest() {
-    Record().Set({{31, "98"}, {32, "95"}, {48, "2"}, {130, "2.04"}, {38, "5"}, {23, "HKD"}});
-    Record().Set({{116, "120"}, {117, "80"}, {118, "1"}, {131, "150"}, {132, "50"}, {133, "97"}});
+    Record().Set({{Field::PreviousClose, "98"},
+                  {Field::Low, "95"},
+                  {Field::Change, "2"},
+                  {Field::ChangePercent, "2.04"},
+                  {Field::Turnover, "5"},
+                  {Field::Currency, "HKD"}});
+    Record().Set({{Field::UpperLimit, "120"},
+                  {Field::LowerLimit, "80"},
+                  {Field::AccruedInterest, "1"},
+                  {Field::High52Weeks, "150"},
+                  {Field::Low52Weeks, "50"},
+                  {Field::Open, "97"}});
     control.BODDataUpdate(nullptr, nullptr);
   }
 

@@ -14,7 +14,7 @@ protected:
   DepthCellsTest() {
     host.market.SetSpreadTable("01", Constdef::SpreadState_Ready, {{0, 100, 0.5}, {100, 1000, 2}});
     FillDepth(Record());
-    Record().Set(73, "01");
+    Record().Set(Field::SpreadCode, "01");
   }
 
   void Show(TQuorMode mode) {
@@ -78,7 +78,12 @@ TEST_F(DepthCellsTest, TenLevelLayoutUnderHeaderRows) {
 }
 
 TEST_F(DepthCellsTest, TheFiveLevelLayoutStaysAtFiveLevelsWhereItHasMoreRows) {
-  Record().Set({{116, "110"}, {117, "90"}, {118, "1"}, {131, "120"}, {132, "80"}, {133, "100"}});
+  Record().Set({{Field::UpperLimit, "110"},
+                {Field::LowerLimit, "90"},
+                {Field::AccruedInterest, "1"},
+                {Field::High52Weeks, "120"},
+                {Field::Low52Weeks, "80"},
+                {Field::Open, "100"}});
   Show(qm5Full);
   ASSERT_EQ(control.GetCount(), 16);
   for (int row = 13; row < 18; ++row)
@@ -126,7 +131,10 @@ INSTANTIATE_TEST_SUITE_P(Levels, LevelFieldsTest,
 // How a feed publishes its levels
 
 TEST_F(DepthControlTest, AFeedOfBestPricesAloneShowsNoLevelPrices) {
-  Record().Set({{1, "99"}, {2, "101"}, {16, "1000"}, {19, "1100"}});
+  Record().Set({{Field::BestBid, "99"},
+                {Field::BestAsk, "101"},
+                {Field::BestBidSize, "1000"},
+                {Field::BestAskSize, "1100"}});
   ShowSymbol();
   EXPECT_EQ(control.MarketDataType(), mdtUnknown);
   EXPECT_EQ(control.GetDisplayValue(6, Column::BidPrice), "99.000");
@@ -138,7 +146,11 @@ TEST_F(DepthControlTest, AFeedOfBestPricesAloneShowsNoLevelPrices) {
 }
 
 TEST_F(DepthControlTest, AFeedWithoutLevelPricesShowsOrderCounts) {
-  Record().Set({{1, "99"}, {51, "2000"}, {55, "3"}, {56, "1234"}, {66, "7"}});
+  Record().Set({{Field::BestBid, "99"},
+                {Field::Bid.Size[1], "2000"},
+                {Field::Bid.Count[0], "3"},
+                {Field::Bid.Count[1], "1234"},
+                {Field::Ask.Count[1], "7"}});
   ShowSymbol();
   EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
   EXPECT_EQ(control.GetDisplayValue(8, Column::BidPrice), "(3)");
@@ -147,37 +159,46 @@ TEST_F(DepthControlTest, AFeedWithoutLevelPricesShowsOrderCounts) {
 }
 
 TEST_F(DepthControlTest, AnOrderCountShowsOnlyWhenItIsAPositiveInteger) {
-  Record().Set({{51, "2000"}, {55, "0"}, {56, "-1"}, {57, "many"}, {58, ""}});
+  Record().Set({{Field::Bid.Size[1], "2000"},
+                {Field::Bid.Count[0], "0"},
+                {Field::Bid.Count[1], "-1"},
+                {Field::Bid.Count[2], "many"},
+                {Field::Bid.Count[3], ""}});
   ShowSymbol();
   for (int level = 0; level < Field::DepthLevels; ++level)
     EXPECT_EQ(control.GetDetailPrice(level, Side::Bid), "") << level;
 }
 
 TEST_F(DepthControlTest, TheFirstPublishedLevelDecidesHowTheFeedPublishes) {
-  Record().Set({{52, "3000"}, {53, "4000"}, {83, "96"}});
+  Record().Set(
+      {{Field::Bid.Size[2], "3000"}, {Field::Bid.Size[3], "4000"}, {Field::Bid.Price[3], "96"}});
   ShowSymbol();
   EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
 }
 
 TEST_F(DepthControlTest, AnAskLevelDecidesWhereNoBidLevelIsPublished) {
-  Record().Set({{16, "1000"}, {3169, "10"}, {3194, "110"}, {82, "97"}});
+  Record().Set({{Field::BestBidSize, "1000"},
+                {Field::Ask.Size[9], "10"},
+                {Field::Ask.Price[9], "110"},
+                {Field::Bid.Price[2], "97"}});
   ShowSymbol();
   EXPECT_EQ(control.MarketDataType(), mdtPriced);
 }
 
 TEST_F(DepthControlTest, ABidLevelDecidesBeforeAnAskLevel) {
-  Record().Set({{3159, "10"}, {61, "2100"}, {91, "102"}});
+  Record().Set(
+      {{Field::Bid.Size[9], "10"}, {Field::Ask.Size[1], "2100"}, {Field::Ask.Price[1], "102"}});
   ShowSymbol();
   EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
 }
 
 TEST_F(DepthControlTest, HowAFeedPublishesIsRetriedUntilKnownAndThenKept) {
   ShowSymbol();
-  Record().Set(16, "1000").Update();
+  Record().Set(Field::BestBidSize, "1000").Update();
   EXPECT_EQ(control.MarketDataType(), mdtUnknown);
-  Record().Set(51, "2000").Update();
+  Record().Set(Field::Bid.Size[1], "2000").Update();
   EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
-  Record().Set(81, "98").Update();
+  Record().Set(Field::Bid.Price[1], "98").Update();
   EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
   control.SetSymbol("");
   ShowSymbol();
@@ -187,7 +208,7 @@ TEST_F(DepthControlTest, HowAFeedPublishesIsRetriedUntilKnownAndThenKept) {
 // Sizes of zero
 
 TEST_F(DepthCellsTest, ASizeOfZeroShowsOnlyInTheSimpleLayout) {
-  Record().Set({{16, "0"}, {3169, "0"}});
+  Record().Set({{Field::BestBidSize, "0"}, {Field::Ask.Size[9], "0"}});
   Show(qm10Simple);
   EXPECT_EQ(control.GetDisplayValue(3, Column::BidSize), "0");
   EXPECT_EQ(control.GetDisplayValue(12, Column::AskSize), "0");
@@ -201,7 +222,7 @@ TEST_F(DepthCellsTest, ASizeOfZeroShowsOnlyInTheSimpleLayout) {
 // Price steps
 
 TEST_F(DepthCellsTest, APriceOnABandsEndHasThatBandsStep) {
-  Record().Set({{1, "100"}, {2, "100.5"}});
+  Record().Set({{Field::BestBid, "100"}, {Field::BestAsk, "100.5"}});
   Show(qm5Full);
   EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "700@0.5");
   EXPECT_EQ(control.GetBestPriceSpread(Side::Ask), "700@2");
@@ -209,12 +230,12 @@ TEST_F(DepthCellsTest, APriceOnABandsEndHasThatBandsStep) {
 
 TEST_F(DepthCellsTest, ThereIsNoStepWithoutAReadySpreadTable) {
   Show(qm5Full);
-  Record().Set(73, "99");
+  Record().Set(Field::SpreadCode, "99");
   EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "");
-  Record().Remove(73);
+  Record().Remove(Field::SpreadCode);
   host.market.SetSpreadTable("", Constdef::SpreadState_Ready, {{0, 1000, 1}});
   EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "");
-  Record().Set(73, "01");
+  Record().Set(Field::SpreadCode, "01");
   host.market.SetSpreadTable("01", 0, {{0, 1000, 1}});
   EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "");
   host.market.SetSpreadTable("01", Constdef::SpreadState_Ready, {{0, 1000, 1}});
@@ -222,7 +243,7 @@ TEST_F(DepthCellsTest, ThereIsNoStepWithoutAReadySpreadTable) {
 }
 
 TEST_F(DepthCellsTest, ThereIsNoStepWithoutABestPrice) {
-  Record().Remove(2);
+  Record().Remove(Field::BestAsk);
   Show(qm5Full);
   EXPECT_EQ(control.GetBestPriceSpread(Side::Ask), "");
   EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "700@0.5");
@@ -272,11 +293,15 @@ TEST_F(DepthCellsTest, LabelsFollowTheLanguage) {
 TEST_F(DepthCellsTest, CellsThatDoNotExistAreEmpty) {
   Show(qm10Full);
   constexpr int least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
-  for (const int column : {least, -1, 0, 4, 15, 17, 20, 22, 54, 59, 64, 69, 10000, most})
+  for (const int column : std::initializer_list<int>{least, -1, 0, 4, 15, 17, 20, 22, 54, 59, 64,
+                                                     69, Column::InfoOpen, most})
     for (int row = 0; row < 18; ++row)
       EXPECT_EQ(control.GetDisplayValue(row, column), "") << row << ' ' << column;
   for (const int row : {least, -1, 18, most})
-    for (const int column : {1, 2, 3, 16, 19, 21, 55, 58, 65, 68})
+    for (const int column :
+         {Column::BidPrice, Column::AskPrice, Column::HeaderValue, Column::BidSize, Column::AskSize,
+          Column::HeaderCaption, Column::BidQueue1, Column::BidQueue4, Column::AskQueue1,
+          Column::AskQueue4})
       EXPECT_EQ(control.GetDisplayValue(row, column), "") << row << ' ' << column;
   for (const int side : {least, -1, 2, most}) {
     EXPECT_EQ(control.GetBestPrice(side), "");

@@ -83,8 +83,16 @@ TEST_F(DepthControlTest, NoSymbolLetsTheRecordGo) {
 
 TEST_F(DepthControlTest, AnotherSymbolForgetsWhatWasKnownOfTheFirst) {
   FillDepth(Record());
-  Record().Set({{22, "4"}, {120, "1234"}, {121, "5678"}, {135, "13001"}, {136, "5"}, {3200, "7"}});
-  Record().Set({{200, "halted"}, {201, "soon"}, {3506, "1"}, {3507, "100"}});
+  Record().Set({{Field::ProductType, "4"},
+                {Field::BidQueue, "1234"},
+                {Field::AskQueue, "5678"},
+                {Field::WarrantList, "13001"},
+                {Field::RelatedList, "5"},
+                {Field::LiquidityProviderList, "7"}});
+  Record().Set({{Field::FirstMessage, "halted"},
+                {Field::SecondMessage, "soon"},
+                {Field::PosMarker, "1"},
+                {Field::PosReferencePrice, "100"}});
   ShowSymbol();
   ASSERT_EQ(control.MarketDataType(), mdtPriced);
   ASSERT_EQ(control.GetQueueBroker(0, Side::Bid), "1234");
@@ -104,7 +112,8 @@ TEST_F(DepthControlTest, AnotherSymbolForgetsWhatWasKnownOfTheFirst) {
 }
 
 TEST_F(DepthControlTest, ForgetsEvenWhereNobodyListensForTheTexts) {
-  Record().Set({{200, "halted"}, {3506, "1"}, {135, "13001"}});
+  Record().Set(
+      {{Field::FirstMessage, "halted"}, {Field::PosMarker, "1"}, {Field::WarrantList, "13001"}});
   ShowSymbol();
   control.OnFreeTextChange = nullptr;
   control.OnRelatedChange = nullptr;
@@ -116,7 +125,7 @@ TEST_F(DepthControlTest, ForgetsEvenWhereNobodyListensForTheTexts) {
 
 TEST_F(DepthControlTest, AReadyRecordIsReadAtOnce) {
   FillDepth(Record());
-  Record().Set({{22, "1"}, {120, "1234"}, {133, "100"}});
+  Record().Set({{Field::ProductType, "1"}, {Field::BidQueue, "1234"}, {Field::Open, "100"}});
   ShowSymbol();
   EXPECT_EQ(control.GetState(), 1);
   EXPECT_EQ(control.ProductType(), 1);
@@ -128,7 +137,7 @@ TEST_F(DepthControlTest, AReadyRecordIsReadAtOnce) {
 
 TEST_F(DepthControlTest, ARecordThatIsNotReadyIsReadWhenItArrives) {
   FillDepth(Record().SetState(Constdef::RecordState_None));
-  Record().Set({{22, "4"}, {120, "1234"}, {133, "100"}});
+  Record().Set({{Field::ProductType, "4"}, {Field::BidQueue, "1234"}, {Field::Open, "100"}});
   ShowSymbol();
   EXPECT_EQ(control.ProductType(), -1);
   EXPECT_EQ(control.MarketDataType(), mdtUnknown);
@@ -146,40 +155,40 @@ TEST_F(DepthControlTest, ARecordThatIsNotReadyIsReadWhenItArrives) {
 }
 
 TEST_F(DepthControlTest, AnUpdateTellsHowEvenAnUnreadyRecordPublishesItsLevels) {
-  Record().SetState(Constdef::RecordState_None).Set(51, "2000");
+  Record().SetState(Constdef::RecordState_None).Set(Field::Bid.Size[1], "2000");
   ShowSymbol();
   EXPECT_EQ(control.MarketDataType(), mdtUnknown);
   Record().Update();
   EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
-  Record().Set(81, "98").SetState(Constdef::RecordState_Ready).Update();
+  Record().Set(Field::Bid.Price[1], "98").SetState(Constdef::RecordState_Ready).Update();
   EXPECT_EQ(control.MarketDataType(), mdtOrderCount); // once known, kept
 }
 
 TEST_F(DepthControlTest, TheProductTypeIsAnnouncedOnlyWhileItWasUnknown) {
   ShowSymbol();
-  Record().Set(22, "stock").Update();
+  Record().Set(Field::ProductType, "stock").Update();
   EXPECT_EQ(control.ProductType(), -1);
-  Record().Set(22, " 4 ").Update();
+  Record().Set(Field::ProductType, " 4 ").Update();
   EXPECT_EQ(control.ProductType(), 4);
   EXPECT_EQ(events.field22, 2);
-  Record().Set(22, "1").Update();
+  Record().Set(Field::ProductType, "1").Update();
   EXPECT_EQ(control.ProductType(), 4);
   EXPECT_EQ(events.field22, 2);
 }
 
 TEST_F(DepthControlTest, TheProductTypeMayHaveASign) {
-  Record().Set(22, "+4");
+  Record().Set(Field::ProductType, "+4");
   ShowSymbol();
   EXPECT_EQ(control.ProductType(), 4);
   host.Record("5").SetState(Constdef::RecordState_None);
   control.SetSymbol("5");
-  host.Record("5").Set(22, "+1").SetState(Constdef::RecordState_Ready).Update();
+  host.Record("5").Set(Field::ProductType, "+1").SetState(Constdef::RecordState_Ready).Update();
   EXPECT_EQ(control.ProductType(), 1);
 }
 
 TEST_F(DepthControlTest, TheProductTypeOfAnUnreadyRecordIsNotRead) {
   ShowSymbol();
-  Record().Set(22, "4").SetState(Constdef::RecordState_Invalid).Update();
+  Record().Set(Field::ProductType, "4").SetState(Constdef::RecordState_Invalid).Update();
   EXPECT_EQ(control.ProductType(), -1);
   EXPECT_EQ(events.field22, 0);
 }
@@ -187,7 +196,7 @@ TEST_F(DepthControlTest, TheProductTypeOfAnUnreadyRecordIsNotRead) {
 TEST_F(DepthControlTest, EachUpdateIsToldOnce) {
   ShowSymbol();
   events = {};
-  Record().Set(1, "99").Update();
+  Record().Set(Field::BestBid, "99").Update();
   Record().Update();
   EXPECT_EQ(events.change, 2);
 }
@@ -195,7 +204,9 @@ TEST_F(DepthControlTest, EachUpdateIsToldOnce) {
 TEST_F(DepthControlTest, AnUpdateDoesNothingWhileNobodyListensForChanges) {
   ShowSymbol();
   control.OnChange = nullptr;
-  Record().Set({{22, "4"}, {120, "1234"}, {200, "halted"}}).Update();
+  Record()
+      .Set({{Field::ProductType, "4"}, {Field::BidQueue, "1234"}, {Field::FirstMessage, "halted"}})
+      .Update();
   EXPECT_EQ(control.ProductType(), -1);
   EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "");
   EXPECT_EQ(control.FreeText1(), "");
@@ -227,7 +238,7 @@ TEST_F(DepthControlTest, GetStateIsTheRecordsState) {
 
 TEST_F(DepthControlTest, AListenerMayLetTheSymbolGoWhileItIsTold) {
   ShowSymbol();
-  Record().Set(22, "4");
+  Record().Set(Field::ProductType, "4");
   control.OnChange = [this](System::TObject*) { control.SetSymbol(""); };
   Record().Update();
   EXPECT_EQ(control.Symbol(), "");
@@ -238,7 +249,7 @@ TEST_F(DepthControlTest, AListenerMayLetTheSymbolGoWhileItIsTold) {
 // Spread tables
 
 TEST_F(DepthControlTest, ASpreadTableChangeIsToldOnlyForTheRecordsOwnTable) {
-  Record().Set(73, "01");
+  Record().Set(Field::SpreadCode, "01");
   host.market.AnnounceSpreads({"01"});
   EXPECT_EQ(events.change, 0); // no record yet
   ShowSymbol();
@@ -255,7 +266,7 @@ TEST_F(DepthControlTest, ASpreadTableChangeIsToldOnlyForTheRecordsOwnTable) {
 TEST_F(DepthControlTest, BeginningOfDayRebuildsTheHeader) {
   ShowSymbol();
   ASSERT_EQ(control.GetCellHeader(0), "");
-  Record().Set(133, "100").Update();
+  Record().Set(Field::Open, "100").Update();
   ASSERT_EQ(control.GetCellHeader(0), ""); // built once per loaded record
   events = {};
   host.channels.Send(Constdef::Channel_BeginningOfDay, nullptr, nullptr);
@@ -345,21 +356,21 @@ TEST_F(DepthControlTest, ADisplayModeHasItsNumberOfRows) {
 
 TEST_F(DepthControlTest, ADisplayModeRebuildsTheHeaderOfAReadyRecord) {
   ShowSymbol();
-  Record().Set(133, "100");
+  Record().Set(Field::Open, "100");
   control.SetDisplayMode(qm10Simple);
   EXPECT_EQ(control.GetCellHeader(0), "Res_OpenPrc");
 }
 
 TEST_F(DepthControlTest, ADisplayModeLeavesTheHeaderOfAnUnreadyRecord) {
   ShowSymbol();
-  Record().Set(133, "100").SetState(Constdef::RecordState_None);
+  Record().Set(Field::Open, "100").SetState(Constdef::RecordState_None);
   control.SetDisplayMode(qm10Simple);
   EXPECT_EQ(control.GetCellHeader(0), "");
 }
 
 TEST_F(DepthControlTest, AnswersAsTheBaseOfAllGridModelsDoes) {
   ShowSymbol();
-  Record().Set(1, "99");
+  Record().Set(Field::BestBid, "99");
   EXPECT_EQ(control.GetValue(6, Column::BidPrice), System::TVariant(std::string("99.000")));
   EXPECT_EQ(control.GetRowValue(6), System::TVariant());
   EXPECT_EQ(control.GetColValue(Column::BidPrice), System::TVariant());

@@ -24,16 +24,28 @@ protected:
 
   /// A call on 700 at 20: price 2, underlying price 25, ten for one.
   void FillWarrant() {
-    Record().Set({{22, "4"}, {10, "JPJDCOM@EC2101B"}, {26, "700"}, {29, "2027-01-15"}});
-    Record().Set({{27, "20"}, {28, "C"}, {170, "1"}, {104, "0.1"}, {18, "5000000"}, {3, "2"}});
-    host.Record("700").Set(3, "25");
+    Record().Set({{Field::ProductType, "4"},
+                  {Field::Name, "JPJDCOM@EC2101B"},
+                  {Field::Underlying, "700"},
+                  {Field::ExpiryDate, "2027-01-15"}});
+    Record().Set({{Field::StrikePrice, "20"},
+                  {Field::CallPut, "C"},
+                  {Field::OptionStyle, "1"},
+                  {Field::ConversionRatio, "0.1"},
+                  {Field::IssueSize, "5000000"},
+                  {Field::Nominal, "2"}});
+    host.Record("700").Set(Field::Nominal, "25");
   }
   void FillCBBC() {
     FillWarrant();
-    Record().Set({{10, "HT#HSI  RP2101Z"}, {172, "19.5"}});
+    Record().Set({{Field::Name, "HT#HSI  RP2101Z"}, {Field::CallPrice, "19.5"}});
   }
   void FillStock() {
-    Record().Set({{22, "1"}, {18, "2000"}, {3, "10"}, {49, "15.50"}, {102, "3.2%"}});
+    Record().Set({{Field::ProductType, "1"},
+                  {Field::IssueSize, "2000"},
+                  {Field::Nominal, "10"},
+                  {Field::PriceEarnings, "15.50"},
+                  {Field::DividendYield, "3.2%"}});
   }
 
   void ShowSymbol() { control.SetSymbol("13001"); }
@@ -96,7 +108,7 @@ TEST_F(DetailControlTest, OtherInstrumentsHaveNoRows) {
   FillStock();
   for (const char* type : {"0", "2", "3", "5", "", "stock"}) {
     control.SetSymbol("");
-    Record().Set(22, type);
+    Record().Set(Field::ProductType, type);
     ShowSymbol();
     EXPECT_EQ(control.GetCount(), 0) << type;
   }
@@ -121,25 +133,27 @@ TEST_F(DetailControlTest, CellsThatDoNotExistAreEmpty) {
   ShowSymbol();
   constexpr int least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
   for (const int row : {least, -1, 4, most})
-    for (const int column : {0, 1})
+    for (const int column : {DetailColumn::Label, DetailColumn::Value})
       EXPECT_EQ(control.GetDisplayValue(row, column), "") << row;
   for (const int column : {least, -1, 2, most})
     EXPECT_EQ(control.GetDisplayValue(0, column), "") << column;
-  EXPECT_EQ(control.GetDisplayText(3), "");
-  EXPECT_EQ(control.GetHeader(3), "");
+  EXPECT_EQ(control.GetDisplayText(Field::Nominal), "");
+  EXPECT_EQ(control.GetHeader(Field::Nominal), "");
 }
 
 TEST_F(DetailControlTest, ThereIsNoValueWithoutARecord) {
   EXPECT_EQ(control.GetCount(), 0);
-  EXPECT_EQ(control.GetDisplayValue(0, 1), "");
-  for (const int field : {26, 27, 28, 3000, 170, 104, 18, 103, 106, 506})
+  EXPECT_EQ(control.GetDisplayValue(0, DetailColumn::Value), "");
+  for (const int field :
+       {Field::Underlying, Field::StrikePrice, Field::CallPut, Field::Category, Field::OptionStyle,
+        Field::ConversionRatio, Field::IssueSize, Field::Premium, Field::Gearing, Field::MarketCap})
     EXPECT_EQ(control.GetDisplayText(field), "") << field;
 }
 
 TEST_F(DetailControlTest, AnswersAsTheBaseOfAllGridModelsDoes) {
   FillStock();
   ShowSymbol();
-  EXPECT_EQ(control.GetValue(2, 1), System::TVariant(std::string("15.50")));
+  EXPECT_EQ(control.GetValue(2, DetailColumn::Value), System::TVariant(std::string("15.50")));
   EXPECT_EQ(control.GetRowValue(0), System::TVariant());
   EXPECT_EQ(control.GetColValue(0), System::TVariant());
 }
@@ -148,7 +162,7 @@ TEST_F(DetailControlTest, AnswersAsTheBaseOfAllGridModelsDoes) {
 
 TEST_F(DetailControlTest, FollowsTheSymbolAndItsUnderlying) {
   FillWarrant();
-  Record().Set(26, " 700 ");
+  Record().Set(Field::Underlying, " 700 ");
   ShowSymbol();
   EXPECT_EQ(host.subscriptions.subscribed, (std::vector<std::string>{"13001", "700"}));
   EXPECT_EQ(host.subscriptions.sources, (std::vector<std::string>{"PRCDDS", "PRCDDS"}));
@@ -201,7 +215,7 @@ TEST_F(DetailControlTest, AnotherSymbolLetsBothRecordsGo) {
 
 TEST(DetailControlEnd, LetsBothRecordsGo) {
   Fakes::THostFakes host;
-  host.Record("13001").Set({{22, "4"}, {26, "700"}});
+  host.Record("13001").Set({{Field::ProductType, "4"}, {Field::Underlying, "700"}});
   {
     TCustomQuorDetailDataControl control(nullptr);
     control.SetSymbol("13001");
@@ -216,19 +230,19 @@ TEST_F(DetailControlTest, LabelsFollowTheLanguage) {
   ShowSymbol();
   changes = 0;
   host.language.SetText("Res_PE", "P/E");
-  EXPECT_EQ(control.GetDisplayValue(2, 0), "Res_PE");
+  EXPECT_EQ(control.GetDisplayValue(2, DetailColumn::Label), "Res_PE");
   control.UpdateLanguage();
-  EXPECT_EQ(control.GetDisplayValue(2, 0), "P/E");
+  EXPECT_EQ(control.GetDisplayValue(2, DetailColumn::Label), "P/E");
   EXPECT_EQ(changes, 1);
 }
 
 // Labels
 
 TEST_F(DetailControlTest, TheIssueSizeIsNamedByTheInstrument) {
-  EXPECT_EQ(control.GetHeader(18), "Res_IssuedShares");
+  EXPECT_EQ(control.GetHeader(Field::IssueSize), "Res_IssuedShares");
   FillWarrant();
   ShowSymbol();
-  EXPECT_EQ(control.GetHeader(18), "Res_IssueSize");
+  EXPECT_EQ(control.GetHeader(Field::IssueSize), "Res_IssueSize");
 }
 
 // CBBCs
@@ -243,7 +257,7 @@ class CBBCNameTest : public testing::TestWithParam<TNameCase> {};
 
 TEST_P(CBBCNameTest, TellsTheContractAndItsCategory) {
   Fakes::TFakeRecord record("60001");
-  record.Set(10, GetParam().name);
+  record.Set(Field::Name, GetParam().name);
   EXPECT_EQ(DetectCBBCWarrant(&record), (TCBBCMark{GetParam().isCBBC, GetParam().category}));
   record.SetState(Constdef::RecordState_None);
   EXPECT_EQ(DetectCBBCWarrant(&record), TCBBCMark());
@@ -265,46 +279,49 @@ TEST(CBBCName, IsNotReadWithoutARecord) { EXPECT_EQ(DetectCBBCWarrant(nullptr), 
 
 TEST_F(DetailControlTest, CallAndPutAreToldByTheFirstCharacter) {
   for (const char* text : {"1", "6", "C", "Call"})
-    EXPECT_EQ(GetCallPutFlag(&Record().Set(28, text)), cpfCall) << text;
+    EXPECT_EQ(GetCallPutFlag(&Record().Set(Field::CallPut, text)), cpfCall) << text;
   for (const char* text : {"2", "7", "P", "Put"})
-    EXPECT_EQ(GetCallPutFlag(&Record().Set(28, text)), cpfPut) << text;
+    EXPECT_EQ(GetCallPutFlag(&Record().Set(Field::CallPut, text)), cpfPut) << text;
   for (const char* text : {"", "c", "p", "3", " C"})
-    EXPECT_EQ(GetCallPutFlag(&Record().Set(28, text)), cpfUnknown) << text;
+    EXPECT_EQ(GetCallPutFlag(&Record().Set(Field::CallPut, text)), cpfUnknown) << text;
   EXPECT_EQ(GetCallPutFlag(nullptr), cpfUnknown);
 }
 
 TEST_F(DetailControlTest, CallAndPutHaveTheirTexts) {
   FillWarrant();
   ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(28), "Res_Call");
-  Record().Set(28, "P");
-  EXPECT_EQ(control.GetDisplayText(28), "Res_Put");
-  Record().Set(28, "X");
-  EXPECT_EQ(control.GetDisplayText(28), "");
+  EXPECT_EQ(control.GetDisplayText(Field::CallPut), "Res_Call");
+  Record().Set(Field::CallPut, "P");
+  EXPECT_EQ(control.GetDisplayText(Field::CallPut), "Res_Put");
+  Record().Set(Field::CallPut, "X");
+  EXPECT_EQ(control.GetDisplayText(Field::CallPut), "");
 }
 
 // Prices
 
 TEST_F(DetailControlTest, APriceIsTheNominalElseTheMiddleElseThePreviousClose) {
-  Record().Set({{3, "0"}, {1, "10"}, {2, "10.2"}, {31, "9"}});
+  Record().Set({{Field::Nominal, "0"},
+                {Field::BestBid, "10"},
+                {Field::BestAsk, "10.2"},
+                {Field::PreviousClose, "9"}});
   EXPECT_DOUBLE_EQ(GetPrice(&Record()), 10.1);
-  Record().Set(3, "12");
+  Record().Set(Field::Nominal, "12");
   EXPECT_DOUBLE_EQ(GetPrice(&Record()), 12);
-  Record().Remove(3).Set(2, "0");
+  Record().Remove(Field::Nominal).Set(Field::BestAsk, "0");
   EXPECT_DOUBLE_EQ(GetPrice(&Record()), 9);
-  Record().Set(2, "10.2").Remove(1);
+  Record().Set(Field::BestAsk, "10.2").Remove(Field::BestBid);
   EXPECT_DOUBLE_EQ(GetPrice(&Record()), 9);
-  Record().Set(3, "0.00000001");
+  Record().Set(Field::Nominal, "0.00000001");
   EXPECT_DOUBLE_EQ(GetPrice(&Record()), 9);
 }
 
 TEST_F(DetailControlTest, ARecordMayHaveNoPrice) {
-  Record().Set(3, "12");
+  Record().Set(Field::Nominal, "12");
   EXPECT_EQ(GetPrice(nullptr), 0);
   for (const char* status : {"0", "-1"})
-    EXPECT_EQ(GetPrice(&Record().Set(5, status)), 0) << status;
+    EXPECT_EQ(GetPrice(&Record().Set(Field::Status, status)), 0) << status;
   for (const char* status : {"", "1", "00", "S"})
-    EXPECT_EQ(GetPrice(&Record().Set(5, status)), 12) << status;
+    EXPECT_EQ(GetPrice(&Record().Set(Field::Status, status)), 12) << status;
   Record().SetState(Constdef::RecordState_None);
   EXPECT_EQ(GetPrice(&Record()), 0);
 }
@@ -312,13 +329,13 @@ TEST_F(DetailControlTest, ARecordMayHaveNoPrice) {
 TEST_F(DetailControlTest, ARecordWithoutPriceHasNoFiguresMadeOfIt) {
   FillWarrant();
   ShowSymbol();
-  Record().Set(5, "-1");
-  EXPECT_EQ(control.GetDisplayText(103), "");
-  EXPECT_EQ(control.GetDisplayText(106), "");
+  Record().Set(Field::Status, "-1");
+  EXPECT_EQ(control.GetDisplayText(Field::Premium), "");
+  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "");
   control.SetSymbol("");
   FillStock();
   ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(506), "");
+  EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "");
 }
 
 // Gearing and premium
@@ -334,60 +351,60 @@ TEST_F(DetailControlTest, PremiumOfACallAndOfAPut) {
   FillWarrant();
   auto& underlying = host.Record("700");
   EXPECT_DOUBLE_EQ(GetPremium(&Record(), &underlying), ((2 / 0.1 + 20) / 25 - 1) * 100);
-  Record().Set(28, "P");
+  Record().Set(Field::CallPut, "P");
   EXPECT_DOUBLE_EQ(GetPremium(&Record(), &underlying), (1 - (20 - 2 / 0.1) / 25) * 100);
-  Record().Set({{27, "50"}, {28, "7"}});
+  Record().Set({{Field::StrikePrice, "50"}, {Field::CallPut, "7"}});
   EXPECT_DOUBLE_EQ(GetPremium(&Record(), &underlying), (1 - (50 - 2 / 0.1) / 25) * 100);
   for (const char* flag : {"", "X"})
-    EXPECT_EQ(GetPremium(&Record().Set(28, flag), &underlying), 0) << flag;
+    EXPECT_EQ(GetPremium(&Record().Set(Field::CallPut, flag), &underlying), 0) << flag;
   EXPECT_EQ(GetPremium(nullptr, &underlying), 0);
   EXPECT_EQ(GetPremium(&Record(), nullptr), 0);
 }
 
 TEST_F(DetailControlTest, GearingAndPremiumNeedEachOfTheirFigures) {
   ShowSymbol();
-  for (const int field : {3, 104, 27}) {
+  for (const int field : {Field::Nominal, Field::ConversionRatio, Field::StrikePrice}) {
     FillWarrant();
     Record().Set(field, "0");
     EXPECT_EQ(GetPremium(&Record(), &host.Record("700")), 0) << field;
-    if (field != 27) {
+    if (field != Field::StrikePrice) {
       EXPECT_EQ(GetGearing(&Record(), &host.Record("700")), 0) << field;
     }
   }
   FillWarrant();
-  host.Record("700").Set(3, "0");
+  host.Record("700").Set(Field::Nominal, "0");
   EXPECT_EQ(GetPremium(&Record(), &host.Record("700")), 0);
   EXPECT_EQ(GetGearing(&Record(), &host.Record("700")), 0);
 }
 
 TEST_F(DetailControlTest, AWarrantWithoutUnderlyingHasNeitherPremiumNorGearing) {
   FillWarrant();
-  Record().Set(26, " ");
+  Record().Set(Field::Underlying, " ");
   ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(103), "");
-  EXPECT_EQ(control.GetDisplayText(106), "");
+  EXPECT_EQ(control.GetDisplayText(Field::Premium), "");
+  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "");
 }
 
 TEST_F(DetailControlTest, OtherInstrumentsShowTheFeedsPremiumAndGearing) {
   FillStock();
-  Record().Set({{103, "0.125"}, {106, "3.5"}});
+  Record().Set({{Field::Premium, "0.125"}, {Field::Gearing, "3.5"}});
   ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(103), "12.50"); // a fraction
-  EXPECT_EQ(control.GetDisplayText(106), "3.50");
-  Record().Set({{103, "0"}, {106, "0"}});
-  EXPECT_EQ(control.GetDisplayText(103), "0.00");
-  EXPECT_EQ(control.GetDisplayText(106), "0.00");
-  Record().Remove(103).Remove(106);
-  EXPECT_EQ(control.GetDisplayText(103), "");
-  EXPECT_EQ(control.GetDisplayText(106), "");
+  EXPECT_EQ(control.GetDisplayText(Field::Premium), "12.50"); // a fraction
+  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "3.50");
+  Record().Set({{Field::Premium, "0"}, {Field::Gearing, "0"}});
+  EXPECT_EQ(control.GetDisplayText(Field::Premium), "0.00");
+  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "0.00");
+  Record().Remove(Field::Premium).Remove(Field::Gearing);
+  EXPECT_EQ(control.GetDisplayText(Field::Premium), "");
+  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "");
 }
 
 TEST_F(DetailControlTest, AWarrantIgnoresTheFeedsPremiumAndGearing) {
   FillWarrant();
-  Record().Set({{103, "0.125"}, {106, "3.5"}});
+  Record().Set({{Field::Premium, "0.125"}, {Field::Gearing, "3.5"}});
   ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(103), "60.00");
-  EXPECT_EQ(control.GetDisplayText(106), "1.25");
+  EXPECT_EQ(control.GetDisplayText(Field::Premium), "60.00");
+  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "1.25");
 }
 
 // Market capitalisation
@@ -395,20 +412,20 @@ TEST_F(DetailControlTest, AWarrantIgnoresTheFeedsPremiumAndGearing) {
 TEST_F(DetailControlTest, AStocksCapitalisationIsItsPriceTimesItsShares) {
   FillStock();
   ShowSymbol();
-  Record().Set(506, "777");
+  Record().Set(Field::MarketCap, "777");
   EXPECT_EQ(GetMarketCap(&Record()), 20000);
   EXPECT_EQ(GetMarketCap(nullptr), 0);
-  EXPECT_EQ(control.GetDisplayText(506), "13001 $20,000");
-  Record().Remove(18);
-  EXPECT_EQ(control.GetDisplayText(506), "");
+  EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "13001 $20,000");
+  Record().Remove(Field::IssueSize);
+  EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "");
 }
 
 TEST_F(DetailControlTest, OtherInstrumentsShowTheFeedsCapitalisation) {
   FillWarrant();
   ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(506), "");
-  Record().Set(506, "777000");
-  EXPECT_EQ(control.GetDisplayText(506), "777,000");
+  EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "");
+  Record().Set(Field::MarketCap, "777000");
+  EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "777,000");
 }
 
 // Other texts
@@ -424,8 +441,8 @@ TEST_F(DetailControlTest, AConversionRatioReadsAsAFractionBelowATwentieth) {
                                     {"0", ""},
                                     {"", ""},
                                     {"none", ""}}) {
-    Record().Set(104, ratio);
-    EXPECT_EQ(control.GetDisplayText(104), text) << ratio;
+    Record().Set(Field::ConversionRatio, ratio);
+    EXPECT_EQ(control.GetDisplayText(Field::ConversionRatio), text) << ratio;
   }
 }
 
@@ -435,15 +452,15 @@ TEST_F(DetailControlTest, AnOptionStyleThatHasNoTextShowsAsItStands) {
                                     {"2", "Res_OptionStyle_US"},
                                     {"Asian", "Asian"},
                                     {"", ""}}) {
-    Record().Set(170, style);
-    EXPECT_EQ(control.GetDisplayText(170), text);
+    Record().Set(Field::OptionStyle, style);
+    EXPECT_EQ(control.GetDisplayText(Field::OptionStyle), text);
   }
 }
 
 TEST_F(DetailControlTest, PricesOfZeroAreEmpty) {
   FillCBBC();
   ShowSymbol();
-  for (const int field : {27, 172}) {
+  for (const int field : {Field::StrikePrice, Field::CallPrice}) {
     Record().Set(field, "0");
     EXPECT_EQ(control.GetDisplayText(field), "") << field;
     Record().Remove(field);
@@ -456,11 +473,11 @@ TEST_F(DetailControlTest, TheIssueSizeReadsInItsStyle) {
   ShowSymbol();
   TCustomQuorDetailDataControl amounts(nullptr, TIssueSizeStyle::Amount);
   amounts.SetSymbol("13001");
-  EXPECT_EQ(control.GetDisplayText(18), "5,000,000");
-  EXPECT_EQ(amounts.GetDisplayText(18), "13001 $5,000,000");
-  Record().Set(18, "");
-  EXPECT_EQ(control.GetDisplayText(18), "");
-  EXPECT_EQ(amounts.GetDisplayText(18), "");
+  EXPECT_EQ(control.GetDisplayText(Field::IssueSize), "5,000,000");
+  EXPECT_EQ(amounts.GetDisplayText(Field::IssueSize), "13001 $5,000,000");
+  Record().Set(Field::IssueSize, "");
+  EXPECT_EQ(control.GetDisplayText(Field::IssueSize), "");
+  EXPECT_EQ(amounts.GetDisplayText(Field::IssueSize), "");
 }
 
 } // namespace Quorpricedatacontrol

@@ -12,9 +12,13 @@ class DetailUnderlyingTest : public testing::Test {
 protected:
   /// A call on 700 at 20: price 2, underlying price 25, ten for one.
   DetailUnderlyingTest() {
-    host.Record("13001").Set({{22, "4"}, {26, "700"}, {27, "20"}, {28, "C"}, {104, "0.1"}});
-    host.Record("13001").Set(3, "2");
-    Underlying().Set(3, "25");
+    host.Record("13001").Set({{Field::ProductType, "4"},
+                              {Field::Underlying, "700"},
+                              {Field::StrikePrice, "20"},
+                              {Field::CallPut, "C"},
+                              {Field::ConversionRatio, "0.1"}});
+    host.Record("13001").Set(Field::Nominal, "2");
+    Underlying().Set(Field::Nominal, "25");
     control.SetSymbol("13001");
   }
 
@@ -44,35 +48,45 @@ TEST_F(DetailUnderlyingTest, AnUnreadyUnderlyingGivesNoFigures) {
 
 TEST_F(DetailUnderlyingTest, AnUnderlyingThatArrivesLaterGivesThemThen) {
   Fakes::TFakeRecord& later = host.Record("5").SetState(Constdef::RecordState_None);
-  host.Record("13002").Set({{22, "4"}, {26, "5"}, {27, "20"}, {28, "C"}, {104, "0.1"}, {3, "2"}});
+  host.Record("13002").Set({{Field::ProductType, "4"},
+                            {Field::Underlying, "5"},
+                            {Field::StrikePrice, "20"},
+                            {Field::CallPut, "C"},
+                            {Field::ConversionRatio, "0.1"},
+                            {Field::Nominal, "2"}});
   control.SetSymbol("13002");
   ExpectFigures("", "");
-  later.Set(3, "25").SetState(Constdef::RecordState_Ready).Update();
+  later.Set(Field::Nominal, "25").SetState(Constdef::RecordState_Ready).Update();
   ExpectFigures("60.00", "1.25");
 }
 
 TEST_F(DetailUnderlyingTest, AnUnderlyingWhoseStatusSuppressesItsPriceGivesNoFigures) {
   for (const char* status : {"0", "-1"}) {
-    Underlying().Set(5, status);
+    Underlying().Set(Field::Status, status);
     ExpectFigures("", "");
   }
   for (const char* status : {"1", ""}) {
-    Underlying().Set(5, status);
+    Underlying().Set(Field::Status, status);
     ExpectFigures("60.00", "1.25");
   }
 }
 
 TEST_F(DetailUnderlyingTest, AnUnderlyingWithoutTradeCountsByTheMiddleOfItsBestPrices) {
-  Underlying().Set({{3, "0"}, {1, "24"}, {2, "26"}, {31, "99"}});
+  Underlying().Set({{Field::Nominal, "0"},
+                    {Field::BestBid, "24"},
+                    {Field::BestAsk, "26"},
+                    {Field::PreviousClose, "99"}});
   ExpectFigures("60.00", "1.25");
 }
 
 TEST(DetailProductType, MayHaveASign) {
   Fakes::THostFakes host;
   TCustomQuorDetailDataControl control(nullptr);
-  host.Record("700").Set({{22, "+1"}, {49, "15.5"}});
+  host.Record("700").Set({{Field::ProductType, "+1"}, {Field::PriceEarnings, "15.5"}});
   control.SetSymbol("700");
-  EXPECT_EQ(control.DisplayFields(), (std::vector<int>{18, 506, 49, 102}));
+  EXPECT_EQ(control.DisplayFields(),
+            (std::vector<int>{Field::IssueSize, Field::MarketCap, Field::PriceEarnings,
+                              Field::DividendYield}));
 }
 
 } // namespace Quorpricedatacontrol

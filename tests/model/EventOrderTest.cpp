@@ -14,10 +14,19 @@ namespace {
 /// A symbol's figures that concern every event of the control.
 void FillEverything(Fakes::TFakeRecord& record) {
   FillDepth(record);
-  record.Set(
-      {{22, "4"}, {73, "01"}, {120, "1234"}, {121, "5678"}, {135, "13001"}, {200, "halted"}});
-  record.Set({{3506, "1"}, {3507, "100"}});
-  record.Set({{116, "1"}, {117, "1"}, {118, "1"}, {131, "1"}, {132, "1"}, {133, "1"}});
+  record.Set({{Field::ProductType, "4"},
+              {Field::SpreadCode, "01"},
+              {Field::BidQueue, "1234"},
+              {Field::AskQueue, "5678"},
+              {Field::WarrantList, "13001"},
+              {Field::FirstMessage, "halted"}});
+  record.Set({{Field::PosMarker, "1"}, {Field::PosReferencePrice, "100"}});
+  record.Set({{Field::UpperLimit, "1"},
+              {Field::LowerLimit, "1"},
+              {Field::AccruedInterest, "1"},
+              {Field::High52Weeks, "1"},
+              {Field::Low52Weeks, "1"},
+              {Field::Open, "1"}});
 }
 
 } // namespace
@@ -130,7 +139,7 @@ TEST_F(EventOrderTest, AnotherSpreadTableTellsOfTheCellsBeforeItRebuildsTheTexts
   FillEverything(Record());
   ShowSymbol();
   names.clear();
-  Record().Set(3507, "105"); // read only once the texts are rebuilt
+  Record().Set(Field::PosReferencePrice, "105"); // read only once the texts are rebuilt
   std::string priceAtChange;
   atChange = [&] { priceAtChange = control.Mechanisms().PosRefPrice; };
   host.market.AnnounceSpreads({"01"});
@@ -164,8 +173,13 @@ TEST_F(EventOrderTest, TheBeginningOfTheDayHasRebuiltTheHeaderWhenItTellsOfTheCe
 
 TEST_F(EventOrderTest, AnUpdateOfAnInstrumentInTheHeaderIsToldOnce) {
   control.SetDisplayMode(qm10Full);
-  Record().Set({{22, "4"}, {26, "5"}, {27, "20"}, {28, "C"}, {104, "0.1"}, {3, "2"}});
-  host.Record("5").Set(3, "25");
+  Record().Set({{Field::ProductType, "4"},
+                {Field::Underlying, "5"},
+                {Field::StrikePrice, "20"},
+                {Field::CallPut, "C"},
+                {Field::ConversionRatio, "0.1"},
+                {Field::Nominal, "2"}});
+  host.Record("5").Set(Field::Nominal, "25");
   ShowSymbol();
   ASSERT_EQ(control.GetCellHeader(11), "Res_Underlyer");
   names.clear();

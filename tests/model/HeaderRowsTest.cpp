@@ -41,7 +41,12 @@ TEST_F(HeaderRowsTest, ElevenRowsStandForEverySymbol) {
 }
 
 TEST_F(HeaderRowsTest, OptionalFieldsTakeTheirPlacesInOrder) {
-  Record().Set({{131, "1"}, {132, "1"}, {133, "1"}, {118, "1"}, {116, "1"}, {117, "1"}});
+  Record().Set({{Field::High52Weeks, "1"},
+                {Field::Low52Weeks, "1"},
+                {Field::Open, "1"},
+                {Field::AccruedInterest, "1"},
+                {Field::UpperLimit, "1"},
+                {Field::LowerLimit, "1"}});
   ShowSymbol();
   EXPECT_EQ(Captions(),
             (Texts{"Res_OpenPrc", "Res_Price_UpLimit", "Res_Price_DownLimit", "Res_HighPrice",
@@ -53,7 +58,7 @@ TEST_F(HeaderRowsTest, OptionalFieldsTakeTheirPlacesInOrder) {
 }
 
 TEST_F(HeaderRowsTest, LimitsFollowTheEmptyRowWhereThereIsNoOpeningPrice) {
-  Record().Set({{116, "1"}, {117, "1"}});
+  Record().Set({{Field::UpperLimit, "1"}, {Field::LowerLimit, "1"}});
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(0), "");
   EXPECT_EQ(control.GetCellHeader(1), "Res_Price_UpLimit");
@@ -62,17 +67,17 @@ TEST_F(HeaderRowsTest, LimitsFollowTheEmptyRowWhereThereIsNoOpeningPrice) {
 }
 
 TEST_F(HeaderRowsTest, OneLimitAloneDoesNotShow) {
-  Record().Set(116, "1");
+  Record().Set(Field::UpperLimit, "1");
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(1), "Res_HighPrice");
   control.SetSymbol("");
-  Record().Remove(116).Set(117, "1");
+  Record().Remove(Field::UpperLimit).Set(Field::LowerLimit, "1");
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(1), "Res_HighPrice");
 }
 
 TEST_F(HeaderRowsTest, EachYearlyExtremeIsARowOfItsOwn) {
-  Record().Set(132, "1");
+  Record().Set(Field::Low52Weeks, "1");
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(10), "Res_Currency");
   EXPECT_EQ(control.GetCellHeader(11), "Res_Low_52wks");
@@ -80,7 +85,7 @@ TEST_F(HeaderRowsTest, EachYearlyExtremeIsARowOfItsOwn) {
 }
 
 TEST_F(HeaderRowsTest, AccruedInterestStandsBeforeTheCurrency) {
-  Record().Set({{118, "1.5"}, {131, "1"}});
+  Record().Set({{Field::AccruedInterest, "1.5"}, {Field::High52Weeks, "1"}});
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(9), "Res_LotSize");
   EXPECT_EQ(control.GetCellHeader(10), "Res_AccruedInt");
@@ -91,13 +96,16 @@ TEST_F(HeaderRowsTest, AccruedInterestStandsBeforeTheCurrency) {
 TEST_F(HeaderRowsTest, TheNumberOfRowsIsToldOnlyWhenItChanged) {
   ShowSymbol();
   EXPECT_EQ(events.count, 0);
-  Record().Set({{131, "1"}, {132, "1"}, {118, "1"}, {133, "1"}});
+  Record().Set({{Field::High52Weeks, "1"},
+                {Field::Low52Weeks, "1"},
+                {Field::AccruedInterest, "1"},
+                {Field::Open, "1"}});
   control.BODDataUpdate(nullptr, nullptr);
   EXPECT_EQ(control.GetCount(), 14);
   EXPECT_EQ(events.count, 1);
   control.BODDataUpdate(nullptr, nullptr);
   EXPECT_EQ(events.count, 1);
-  host.Record("5").Set(131, "1");
+  host.Record("5").Set(Field::High52Weeks, "1");
   control.SetSymbol("5");
   EXPECT_EQ(control.GetCount(), 13);
   EXPECT_EQ(events.count, 2);
@@ -105,7 +113,7 @@ TEST_F(HeaderRowsTest, TheNumberOfRowsIsToldOnlyWhenItChanged) {
 
 TEST_F(HeaderRowsTest, TheHeaderIsBuiltOncePerLoadedRecord) {
   ShowSymbol();
-  Record().Set(133, "1").Update();
+  Record().Set(Field::Open, "1").Update();
   EXPECT_EQ(control.GetCellHeader(0), "");
   control.SetSymbol("");
   ShowSymbol();
@@ -115,18 +123,20 @@ TEST_F(HeaderRowsTest, TheHeaderIsBuiltOncePerLoadedRecord) {
 TEST(HeaderRows, AFieldThatNoRowShowsHasNoRow) {
   Fakes::TFakeRecord record("700");
   THeaderRows rows;
-  for (const int field : {116, 117, 118, 131, 132, 133, 0, 2, 99999})
+  for (const int field :
+       {Field::UpperLimit, Field::LowerLimit, Field::AccruedInterest, Field::High52Weeks,
+        Field::Low52Weeks, Field::Open, 0, Field::BestAsk, 99999})
     EXPECT_EQ(rows.RowOf(field), -1) << field;
-  EXPECT_EQ(rows.RowOf(37), 1);
-  EXPECT_EQ(rows.RowOf(23), 10);
-  rows.Update(&record.Set({{133, "1"}, {132, "1"}}));
-  EXPECT_EQ(rows.RowOf(133), 0);
-  EXPECT_EQ(rows.RowOf(132), 11);
-  EXPECT_EQ(rows.RowOf(131), -1);
+  EXPECT_EQ(rows.RowOf(Field::High), 1);
+  EXPECT_EQ(rows.RowOf(Field::Currency), 10);
+  rows.Update(&record.Set({{Field::Open, "1"}, {Field::Low52Weeks, "1"}}));
+  EXPECT_EQ(rows.RowOf(Field::Open), 0);
+  EXPECT_EQ(rows.RowOf(Field::Low52Weeks), 11);
+  EXPECT_EQ(rows.RowOf(Field::High52Weeks), -1);
 }
 
 TEST_F(HeaderRowsTest, RowsBesideEachOtherDoNotDependOnEachOther) {
-  Record().Set({{38, "500"}, {1, "99"}, {16, "1000"}});
+  Record().Set({{Field::Turnover, "500"}, {Field::BestBid, "99"}, {Field::BestBidSize, "1000"}});
   control.SetDisplayMode(qm5Full);
   ShowSymbol();
   EXPECT_EQ(control.GetDisplayValue(8, Column::HeaderCaption), "Res_TurnOver");
@@ -170,45 +180,46 @@ TEST_P(HeaderFieldTest, HasItsCaptionAndItsForm) {
 
 INSTANTIATE_TEST_SUITE_P(
     Fields, HeaderFieldTest,
-    testing::Values(TFieldCase{3, "Res_Nominal", "318.2", "318.200"},
-                    TFieldCase{17, "Res_Volume", "1234567", "1,234,567"},
-                    TFieldCase{23, "Res_Currency", "HKD", "HKD"},
-                    TFieldCase{24, "Res_LotSize", "1000", "1,000 sh"},
-                    TFieldCase{31, "Res_PreClose", "317", "317.000"},
-                    TFieldCase{32, "Res_LowPrice", "316", "316.000"},
-                    TFieldCase{37, "Res_HighPrice", "320", "320.000"},
-                    TFieldCase{38, "Res_TurnOver", "999999", "700 $999,999"},
-                    TFieldCase{38, "Res_TurnOver", "1000000", "~1,000,000/2"},
-                    TFieldCase{38, "Res_TurnOver", "999999.99", "700 $1,000,000"},
-                    TFieldCase{48, "Res_PRCChange", "+1.2", "chg(+1.2)"},
-                    TFieldCase{116, "Res_Price_UpLimit", "330", "330.000"},
-                    TFieldCase{117, "Res_Price_DownLimit", "300", "300.000"},
-                    TFieldCase{118, "Res_AccruedInt", "1.50%", "1.50%"},
-                    TFieldCase{130, "Res_ChangePercent", "0.38", "chg%(0.38)"},
-                    TFieldCase{131, "Res_High_52wks", "400", "400.000"},
-                    TFieldCase{132, "Res_Low_52wks", "200", "200.000"},
-                    TFieldCase{133, "Res_OpenPrc", "317.5", "317.500"}, TFieldCase{-1, "", "", ""},
-                    TFieldCase{26, "", "as it stands", "as it stands"},
-                    TFieldCase{1, "", "99.50", "99.50"}));
+    testing::Values(TFieldCase{Field::Nominal, "Res_Nominal", "318.2", "318.200"},
+                    TFieldCase{Field::Volume, "Res_Volume", "1234567", "1,234,567"},
+                    TFieldCase{Field::Currency, "Res_Currency", "HKD", "HKD"},
+                    TFieldCase{Field::BoardLot, "Res_LotSize", "1000", "1,000 sh"},
+                    TFieldCase{Field::PreviousClose, "Res_PreClose", "317", "317.000"},
+                    TFieldCase{Field::Low, "Res_LowPrice", "316", "316.000"},
+                    TFieldCase{Field::High, "Res_HighPrice", "320", "320.000"},
+                    TFieldCase{Field::Turnover, "Res_TurnOver", "999999", "700 $999,999"},
+                    TFieldCase{Field::Turnover, "Res_TurnOver", "1000000", "~1,000,000/2"},
+                    TFieldCase{Field::Turnover, "Res_TurnOver", "999999.99", "700 $1,000,000"},
+                    TFieldCase{Field::Change, "Res_PRCChange", "+1.2", "chg(+1.2)"},
+                    TFieldCase{Field::UpperLimit, "Res_Price_UpLimit", "330", "330.000"},
+                    TFieldCase{Field::LowerLimit, "Res_Price_DownLimit", "300", "300.000"},
+                    TFieldCase{Field::AccruedInterest, "Res_AccruedInt", "1.50%", "1.50%"},
+                    TFieldCase{Field::ChangePercent, "Res_ChangePercent", "0.38", "chg%(0.38)"},
+                    TFieldCase{Field::High52Weeks, "Res_High_52wks", "400", "400.000"},
+                    TFieldCase{Field::Low52Weeks, "Res_Low_52wks", "200", "200.000"},
+                    TFieldCase{Field::Open, "Res_OpenPrc", "317.5", "317.500"},
+                    TFieldCase{Field::None, "", "", ""},
+                    TFieldCase{Field::Underlying, "", "as it stands", "as it stands"},
+                    TFieldCase{Field::BestBid, "", "99.50", "99.50"}));
 
 TEST_F(HeaderRowsTest, ACurrencyThatTheRecordDoesNotGiveIsTheInstruments) {
   ShowSymbol();
-  EXPECT_EQ(control.GetCellHeaderDisplayData(23), "");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(Field::Currency), "");
   host.market.SetCurrency("700", "CNY");
-  EXPECT_EQ(control.GetCellHeaderDisplayData(23), "CNY"); // no text: the code itself
+  EXPECT_EQ(control.GetCellHeaderDisplayData(Field::Currency), "CNY"); // no text: the code itself
   host.language.SetText(Constdef::Const_CurrencyTag, "CNY", "Renminbi");
   host.language.SetText("CNY", "not a currency");
-  EXPECT_EQ(control.GetCellHeaderDisplayData(23), "Renminbi");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(Field::Currency), "Renminbi");
   EXPECT_TRUE(host.language.selectorsAsAgreed);
-  Record().Set(23, "HKD");
-  EXPECT_EQ(control.GetCellHeaderDisplayData(23), "HKD");
-  Record().Set(23, "");
+  Record().Set(Field::Currency, "HKD");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(Field::Currency), "HKD");
+  Record().Set(Field::Currency, "");
   host.market.SetCurrency("700", "");
-  EXPECT_EQ(control.GetCellHeaderDisplayData(23), "");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(Field::Currency), "");
 }
 
 TEST_F(HeaderRowsTest, RowsThatDoNotExistAreEmpty) {
-  Record().Set(23, "HKD");
+  Record().Set(Field::Currency, "HKD");
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeaderValue(10), "HKD");
   EXPECT_EQ(control.GetCellHeaderValue(0), "");
@@ -225,7 +236,11 @@ protected:
   DetailHeaderRowsTest() { control.SetDisplayMode(qm10Full); }
 
   void FillStock(Fakes::TFakeRecord& record) {
-    record.Set({{22, "1"}, {3, "10"}, {18, "2000"}, {49, "15.5"}, {102, "3.2"}});
+    record.Set({{Field::ProductType, "1"},
+                {Field::Nominal, "10"},
+                {Field::IssueSize, "2000"},
+                {Field::PriceEarnings, "15.5"},
+                {Field::DividendYield, "3.2"}});
   }
 };
 
@@ -248,14 +263,19 @@ TEST_F(DetailHeaderRowsTest, FurtherRowsDescribeTheInstrument) {
 
 TEST_F(DetailHeaderRowsTest, ADetailWithoutTextGetsNoRow) {
   FillStock(Record());
-  Record().Remove(49);
+  Record().Remove(Field::PriceEarnings);
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(12), "Res_MarketCap");
   EXPECT_EQ(control.GetCellHeader(13), "Res_Yield");
 }
 
 TEST_F(DetailHeaderRowsTest, RowsEndAtEighteen) {
-  Record().Set({{131, "1"}, {132, "1"}, {133, "1"}, {118, "1"}, {116, "1"}, {117, "1"}});
+  Record().Set({{Field::High52Weeks, "1"},
+                {Field::Low52Weeks, "1"},
+                {Field::Open, "1"},
+                {Field::AccruedInterest, "1"},
+                {Field::UpperLimit, "1"},
+                {Field::LowerLimit, "1"}});
   FillStock(Record());
   ShowSymbol();
   EXPECT_EQ(control.GetCount(), 18);
@@ -280,8 +300,15 @@ TEST_F(DetailHeaderRowsTest, OtherLayoutsHaveNoDetailRows) {
 TEST_F(DetailHeaderRowsTest, DetailRowsFollowTheSymbol) {
   FillStock(Record());
   ShowSymbol();
-  host.Record("13001").Set({{22, "4"}, {10, "ABCDE@EC2101B"}, {26, "700"}, {29, "2027-01-15"}});
-  host.Record("13001").Set({{27, "20"}, {28, "C"}, {18, "5000"}, {104, "0.1"}, {3, "2"}});
+  host.Record("13001").Set({{Field::ProductType, "4"},
+                            {Field::Name, "ABCDE@EC2101B"},
+                            {Field::Underlying, "700"},
+                            {Field::ExpiryDate, "2027-01-15"}});
+  host.Record("13001").Set({{Field::StrikePrice, "20"},
+                            {Field::CallPut, "C"},
+                            {Field::IssueSize, "5000"},
+                            {Field::ConversionRatio, "0.1"},
+                            {Field::Nominal, "2"}});
   events = {};
   control.SetSymbol("13001");
   EXPECT_EQ(events.change, 1);
@@ -341,11 +368,11 @@ TEST(DetailHeaderRowsEnd, LeaveNoRegistrationBehind) {
   {
     TCustomQuorMarketDataControl control(nullptr);
     control.SetDisplayMode(qm10Full);
-    host.Record("700").Set({{22, "4"}, {26, "5"}});
+    host.Record("700").Set({{Field::ProductType, "4"}, {Field::Underlying, "5"}});
     control.SetSymbol("700");
     EXPECT_EQ(host.Registrations().records, 3);
     EXPECT_EQ(host.Registrations().configuration, 2);
-    host.Record("5").Set({{22, "1"}, {18, "100"}});
+    host.Record("5").Set({{Field::ProductType, "1"}, {Field::IssueSize, "100"}});
     control.SetSymbol("5");
     EXPECT_EQ(host.Registrations().records, 2);
   }
@@ -354,7 +381,7 @@ TEST(DetailHeaderRowsEnd, LeaveNoRegistrationBehind) {
 }
 
 TEST_F(DetailHeaderRowsTest, ADetailPriceCanBeCopied) {
-  Record().Set({{22, "4"}, {27, "20"}});
+  Record().Set({{Field::ProductType, "4"}, {Field::StrikePrice, "20"}});
   ShowSymbol();
   ASSERT_EQ(control.GetCellHeader(11), "Res_StrikePrice");
   control.CopyPrice(11, Column::HeaderValue);

@@ -10,6 +10,10 @@
 
 namespace Quorpricedatacontrol {
 
+/// Columns of the book in the depth grid.
+inline constexpr int PriceAndSizeColumns[] = {Column::BidPrice, Column::AskPrice, Column::BidSize,
+                                              Column::AskSize};
+
 /// How often each event of a control was fired.
 struct TEventCounts {
   int change = 0, freeText = 0, related = 0, field22 = 0, count = 0;

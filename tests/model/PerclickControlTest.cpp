@@ -16,10 +16,22 @@ constexpr int Least = std::numeric_limits<int>::min(), Most = std::numeric_limit
 template <typename TControl> class TPerclickTest : public TControlTest<TControl> {
 protected:
   TPerclickTest() {
-    this->Record().Set({{1, "99"}, {2, "101"}, {16, "1000"}, {19, "1100"}, {24, "500"}});
-    this->Record().Set({{3, "100"}, {17, "5000"}, {23, "HKD"}, {31, "98"}, {32, "95"}});
-    this->Record().Set({{37, "110"}, {38, "999"}, {131, "150"}, {132, "50"}, {133, "97"}});
-    this->Record().Set({{33, "10:15:00"}, {73, "01"}});
+    this->Record().Set({{Field::BestBid, "99"},
+                        {Field::BestAsk, "101"},
+                        {Field::BestBidSize, "1000"},
+                        {Field::BestAskSize, "1100"},
+                        {Field::BoardLot, "500"}});
+    this->Record().Set({{Field::Nominal, "100"},
+                        {Field::Volume, "5000"},
+                        {Field::Currency, "HKD"},
+                        {Field::PreviousClose, "98"},
+                        {Field::Low, "95"}});
+    this->Record().Set({{Field::High, "110"},
+                        {Field::Turnover, "999"},
+                        {Field::High52Weeks, "150"},
+                        {Field::Low52Weeks, "50"},
+                        {Field::Open, "97"}});
+    this->Record().Set({{Field::UpdateTime, "10:15:00"}, {Field::SpreadCode, "01"}});
     this->host.market.SetSpreadTable("01", Constdef::SpreadState_Ready,
                                      {{0, 100, 0.5}, {100, 1000, 2}});
   }
@@ -64,10 +76,10 @@ TEST_F(BestPriceGridTest, ShowsOnlyItsLabelsWithoutSymbol) {
 
 TEST_F(BestPriceGridTest, ASizeThatTheRecordDoesNotGiveIsEmpty) {
   ShowSymbol();
-  Record().Remove(16);
+  Record().Remove(Field::BestBidSize);
   EXPECT_EQ(control.GetDisplayValue(2, Column::BidSize), "");
   EXPECT_EQ(control.GetDisplayValue(2, Column::AskSize), "1,100");
-  Record().Set(16, "1000").Remove(19);
+  Record().Set(Field::BestBidSize, "1000").Remove(Field::BestAskSize);
   EXPECT_EQ(control.GetDisplayValue(2, Column::BidSize), "1,000");
   EXPECT_EQ(control.GetDisplayValue(2, Column::AskSize), "");
 }
@@ -82,7 +94,7 @@ TEST_F(BestPriceGridTest, AnUnreadyRecordHasNoSizes) {
 }
 
 TEST_F(BestPriceGridTest, ASizeOfZeroShowsAsItStands) {
-  Record().Set({{16, "0"}, {19, "0"}});
+  Record().Set({{Field::BestBidSize, "0"}, {Field::BestAskSize, "0"}});
   ShowSymbol();
   EXPECT_EQ(control.GetDisplayValue(2, Column::BidSize), "0");
   EXPECT_EQ(control.GetDisplayValue(2, Column::AskSize), "0");
@@ -91,9 +103,11 @@ TEST_F(BestPriceGridTest, ASizeOfZeroShowsAsItStands) {
 TEST_F(BestPriceGridTest, CellsThatDoNotExistAreEmpty) {
   ShowSymbol();
   for (const int row : {Least, -1, 3, 6, Most})
-    for (const int column : {1, 2, 16, 19})
+    for (const int column : PriceAndSizeColumns)
       EXPECT_EQ(control.GetDisplayValue(row, column), "") << row << ' ' << column;
-  for (const int column : {Least, -1, 0, 3, 21, 55, 10000, Most})
+  for (const int column :
+       std::initializer_list<int>{Least, -1, 0, Column::HeaderValue, Column::HeaderCaption,
+                                  Column::BidQueue1, Column::InfoOpen, Most})
     EXPECT_EQ(control.GetDisplayValue(0, column), "") << column;
   for (const int side : {-1, 2}) {
     EXPECT_EQ(control.GetSizeValue(0, side), "");
@@ -102,7 +116,7 @@ TEST_F(BestPriceGridTest, CellsThatDoNotExistAreEmpty) {
 }
 
 TEST_F(BestPriceGridTest, TellsOfThePriceWithEverySymbolAndUpdate) {
-  Record().Set(135, "13001");
+  Record().Set(Field::WarrantList, "13001");
   ShowSymbol();
   EXPECT_EQ(events.related, 1);
   Record().Update();
@@ -118,7 +132,7 @@ TEST_F(BestPriceGridTest, TellsWhenThePriceWasUpdated) {
   EXPECT_EQ(control.GetLastUpdateTime(), "");
   ShowSymbol();
   EXPECT_EQ(control.GetLastUpdateTime(), "10:15:00");
-  Record().Remove(33);
+  Record().Remove(Field::UpdateTime);
   EXPECT_EQ(control.GetLastUpdateTime(), "");
 }
 
@@ -131,11 +145,11 @@ TEST_F(BestPriceGridTest, RefreshesTheSubscribedSymbol) {
 }
 
 TEST_F(BestPriceGridTest, GivesTheHeaderTextsOfTheLastPrice) {
-  Record().Set({{48, "+2"}, {130, "2.04"}});
+  Record().Set({{Field::Change, "+2"}, {Field::ChangePercent, "2.04"}});
   ShowSymbol();
-  EXPECT_EQ(control.GetCellHeaderDisplayData(3), "100.000");
-  EXPECT_EQ(control.GetCellHeaderDisplayData(48), "chg(+2)");
-  EXPECT_EQ(control.GetCellHeaderDisplayData(130), "chg%(2.04)");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(Field::Nominal), "100.000");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(Field::Change), "chg(+2)");
+  EXPECT_EQ(control.GetCellHeaderDisplayData(Field::ChangePercent), "chg%(2.04)");
 }
 
 TEST_F(BestPriceGridTest, AClickCopiesTheSidesBestPrice) {
@@ -159,10 +173,10 @@ TEST_F(BestPriceGridTest, TheDefaultStyleCopiesTheSizeFromASizeColumn) {
 TEST_F(BestPriceGridTest, OtherStylesCopyTheirQuantityFromEveryColumn) {
   ShowSymbol();
   SetStyle("L");
-  for (const int column : {1, 2, 16, 19})
+  for (const int column : PriceAndSizeColumns)
     EXPECT_EQ(Click(0, column).quantity, 500) << column;
   SetStyle("N");
-  for (const int column : {1, 2, 16, 19})
+  for (const int column : PriceAndSizeColumns)
     EXPECT_EQ(Click(0, column).quantity, 0) << column;
   SetStyle("S");
   EXPECT_EQ(Click(0, Column::BidSize).quantity, 1000);
@@ -187,7 +201,7 @@ TEST_F(BestPriceGridTest, TheNominalPriceIsCopiedAsAHeaderPrice) {
 }
 
 TEST_F(BestPriceGridTest, AMissingPriceIsLeftUnset) {
-  Record().Remove(1).Remove(3);
+  Record().Remove(Field::BestBid).Remove(Field::Nominal);
   ShowSymbol();
   EXPECT_FALSE(Click(0, Column::BidPrice).price.has_value());
   EXPECT_FALSE(Click(0, Column::HeaderValue).price.has_value());
@@ -208,7 +222,8 @@ TEST_F(BestPriceGridTest, ACopyTravelsAsTheDepthControlsDoes) {
 TEST_F(BestPriceGridTest, NothingIsCopiedWithoutRecordOrField) {
   EXPECT_FALSE(Sends(0, Column::BidPrice));
   ShowSymbol();
-  for (const int column : {Least, 0, 4, 21, 55, 10000, Most})
+  for (const int column : std::initializer_list<int>{Least, 0, 4, Column::HeaderCaption,
+                                                     Column::BidQueue1, Column::InfoOpen, Most})
     EXPECT_FALSE(Sends(0, column)) << column;
 }
 
@@ -217,22 +232,29 @@ TEST_F(BestPriceGridTest, NothingIsCopiedWithoutRecordOrField) {
 TEST_F(SummaryGridTest, ShowsTenFiguresUnderTheirLabels) {
   ShowSymbol();
   EXPECT_EQ(control.GetCount(), 4);
-  EXPECT_EQ(ColumnTexts(10000), (Texts{"Res_OpenPrice", "97.000", "Res_Volume", "5,000"}));
-  EXPECT_EQ(ColumnTexts(10001), (Texts{"Res_HighPrice", "110.000", "Res_TurnOver", "700 $999"}));
-  EXPECT_EQ(ColumnTexts(10002), (Texts{"Res_LowPrice", "95.000", "Res_LotSize", "500 sh"}));
-  EXPECT_EQ(ColumnTexts(10003), (Texts{"Res_PreClose", "98.000", "Res_High_52wks", "150.000"}));
-  EXPECT_EQ(ColumnTexts(10004), (Texts{"Res_Currency", "HKD", "Res_Low_52wks", "50.000"}));
+  EXPECT_EQ(ColumnTexts(Column::InfoOpen),
+            (Texts{"Res_OpenPrice", "97.000", "Res_Volume", "5,000"}));
+  EXPECT_EQ(ColumnTexts(Column::InfoHigh),
+            (Texts{"Res_HighPrice", "110.000", "Res_TurnOver", "700 $999"}));
+  EXPECT_EQ(ColumnTexts(Column::InfoLow),
+            (Texts{"Res_LowPrice", "95.000", "Res_LotSize", "500 sh"}));
+  EXPECT_EQ(ColumnTexts(Column::InfoPreviousClose),
+            (Texts{"Res_PreClose", "98.000", "Res_High_52wks", "150.000"}));
+  EXPECT_EQ(ColumnTexts(Column::InfoCurrency),
+            (Texts{"Res_Currency", "HKD", "Res_Low_52wks", "50.000"}));
 }
 
 TEST_F(SummaryGridTest, ShowsOnlyItsLabelsWithoutSymbol) {
-  EXPECT_EQ(ColumnTexts(10000), (Texts{"Res_OpenPrice", "", "Res_Volume", ""}));
+  EXPECT_EQ(ColumnTexts(Column::InfoOpen), (Texts{"Res_OpenPrice", "", "Res_Volume", ""}));
 }
 
 TEST_F(SummaryGridTest, CellsThatDoNotExistAreEmpty) {
   ShowSymbol();
   for (const int row : {Least, -1, 4, Most})
-    EXPECT_EQ(control.GetDisplayValue(row, 10000), "") << row;
-  for (const int column : {Least, -1, 0, 1, 3, 21, 9999, 10005, Most})
+    EXPECT_EQ(control.GetDisplayValue(row, Column::InfoOpen), "") << row;
+  for (const int column :
+       std::initializer_list<int>{Least, -1, 0, Column::BidPrice, Column::HeaderValue,
+                                  Column::HeaderCaption, 9999, 10005, Most})
     for (int row = 0; row < 4; ++row)
       EXPECT_EQ(control.GetDisplayValue(row, column), "") << column;
 }
@@ -242,8 +264,11 @@ TEST_F(SummaryGridTest, AClickCopiesTheFigureOrTheNominalPrice) {
   const struct {
     int column;
     double upper, lower;
-  } cases[] = {
-      {10000, 97, 100}, {10001, 110, 100}, {10002, 95, 100}, {10003, 98, 150}, {10004, 100, 50}};
+  } cases[] = {{Column::InfoOpen, 97, 100},
+               {Column::InfoHigh, 110, 100},
+               {Column::InfoLow, 95, 100},
+               {Column::InfoPreviousClose, 98, 150},
+               {Column::InfoCurrency, 100, 50}};
   for (const auto& copied : cases)
     for (const int row : {0, 1}) {
       EXPECT_EQ(Click(row, copied.column).price, copied.upper) << row << ' ' << copied.column;
@@ -254,7 +279,7 @@ TEST_F(SummaryGridTest, AClickCopiesTheFigureOrTheNominalPrice) {
 TEST_F(SummaryGridTest, OnlyTheOneLotStyleCopiesAQuantity) {
   ShowSymbol();
   for (const int row : {0, 1, 2, 3})
-    for (int column = 10000; column <= 10004; ++column) {
+    for (int column = Column::InfoOpen; column <= Column::InfoCurrency; ++column) {
       for (const char* style : {"D", "N", "S"}) {
         SetStyle(style);
         EXPECT_FALSE(Click(row, column).quantity.has_value()) << row << ' ' << column << style;
@@ -266,16 +291,16 @@ TEST_F(SummaryGridTest, OnlyTheOneLotStyleCopiesAQuantity) {
 }
 
 TEST_F(SummaryGridTest, AMissingPriceIsLeftUnset) {
-  Record().Remove(132).Remove(3);
+  Record().Remove(Field::Low52Weeks).Remove(Field::Nominal);
   ShowSymbol();
-  EXPECT_FALSE(Click(2, 10004).price.has_value());
-  EXPECT_FALSE(Click(0, 10004).price.has_value());
+  EXPECT_FALSE(Click(2, Column::InfoCurrency).price.has_value());
+  EXPECT_FALSE(Click(0, Column::InfoCurrency).price.has_value());
 }
 
 TEST_F(SummaryGridTest, ACopyTravelsAsTheDepthControlsDoes) {
   control.GroupID = "G1";
   ShowSymbol();
-  const TSentOrder order = Click(3, 10001);
+  const TSentOrder order = Click(3, Column::InfoHigh);
   EXPECT_EQ(host.channels.sentNumbers, std::vector<int>{18016});
   EXPECT_EQ(order.symbol, "700");
   EXPECT_EQ(order.kind, 502);
@@ -283,16 +308,17 @@ TEST_F(SummaryGridTest, ACopyTravelsAsTheDepthControlsDoes) {
 }
 
 TEST_F(SummaryGridTest, NothingIsCopiedWithoutRecordOrCell) {
-  EXPECT_FALSE(Sends(0, 10000));
+  EXPECT_FALSE(Sends(0, Column::InfoOpen));
   ShowSymbol();
-  for (const int column : {Least, 1, 3, 9999, 10005, Most})
+  for (const int column :
+       std::initializer_list<int>{Least, Column::BidPrice, Column::HeaderValue, 9999, 10005, Most})
     EXPECT_FALSE(Sends(0, column)) << column;
   for (const int row : {Least, -1, 4, Most})
-    EXPECT_FALSE(Sends(row, 10000)) << row;
+    EXPECT_FALSE(Sends(row, Column::InfoOpen)) << row;
 }
 
 TEST_F(SummaryGridTest, RelatedInstrumentsStayTheDepthControls) {
-  Record().Set(135, "13001");
+  Record().Set(Field::WarrantList, "13001");
   ShowSymbol();
   EXPECT_EQ(control.WarrantList(), "13001");
   EXPECT_EQ(events.related, 1);

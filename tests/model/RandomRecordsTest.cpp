@@ -3,6 +3,7 @@
 #include "model/QuorPerclickDataControl.h"
 
 #include <random>
+#include <span>
 
 // What holds for every record: nothing fails, and the queue's entries stand where they belong.
 
@@ -34,24 +35,80 @@ private:
   std::mt19937 engine_;
 };
 
-constexpr int RecordFields[] = {
-    1,    2,    3,    5,    10,   16,   17,   18,   19,   20,   22,   23,   24,   25,   26,
-    27,   28,   29,   31,   32,   33,   37,   38,   48,   49,   51,   52,   54,   55,   56,
-    61,   64,   65,   66,   73,   81,   82,   84,   91,   94,   102,  103,  104,  106,  116,
-    117,  118,  120,  121,  130,  131,  132,  133,  135,  136,  170,  172,  200,  201,  506,
-    3136, 3140, 3146, 3155, 3159, 3165, 3169, 3180, 3184, 3190, 3194, 3200, 3500, 3501, 3502,
-    3503, 3504, 3505, 3506, 3507, 3508, 3509, 3510, 3511, 3512, 3513, 3514, 3515, 3551, 3552};
+// Every field that the controls read.
+constexpr int DayFields[] = {Field::Nominal,       Field::Status,      Field::Volume,
+                             Field::PreviousClose, Field::Low,         Field::UpdateTime,
+                             Field::High,          Field::Turnover,    Field::Change,
+                             Field::ChangePercent, Field::High52Weeks, Field::Low52Weeks,
+                             Field::Open};
+constexpr int InstrumentFields[] = {
+    Field::Name,          Field::IssueSize,  Field::Exchange,   Field::ProductType,
+    Field::Currency,      Field::BoardLot,   Field::SpreadCode, Field::PriceEarnings,
+    Field::DividendYield, Field::UpperLimit, Field::LowerLimit, Field::AccruedInterest,
+    Field::MarketCap};
+constexpr int WarrantFields[] = {Field::Underlying, Field::StrikePrice, Field::CallPut,
+                                 Field::ExpiryDate, Field::Premium,     Field::ConversionRatio,
+                                 Field::Gearing,    Field::OptionStyle, Field::CallPrice};
+constexpr int TextFields[] = {
+    Field::WarrantList,  Field::RelatedList,   Field::LiquidityProviderList,
+    Field::FirstMessage, Field::SecondMessage, Field::OtherMessage,
+    Field::BidQueue,     Field::AskQueue};
+constexpr int MechanismFields[] = {
+    Field::VcmMarker,         Field::VcmStartTime,       Field::VcmEndTime,
+    Field::VcmReferencePrice, Field::VcmLowerPrice,      Field::VcmUpperPrice,
+    Field::PosMarker,         Field::PosReferencePrice,  Field::PosLowerPrice,
+    Field::PosUpperPrice,     Field::PosSellLowerLimit,  Field::PosBuyUpperLimit,
+    Field::CasMarker,         Field::CasReferencePrice,  Field::CasLowerPrice,
+    Field::CasUpperPrice,     Field::ImbalanceDirection, Field::ImbalanceQuantity};
+
+/// Of the levels the best, the next and the last.
+std::vector<int> RecordFields() {
+  std::vector<int> fields;
+  for (const std::span<const int> some : {std::span<const int>(DayFields),
+                                          {InstrumentFields},
+                                          {WarrantFields},
+                                          {TextFields},
+                                          {MechanismFields}})
+    fields.insert(fields.end(), some.begin(), some.end());
+  for (const auto& side : {Field::Bid, Field::Ask})
+    for (const auto& kind : {side.Price, side.Size, side.Count})
+      fields.insert(fields.end(), {kind.front(), kind[1], kind.back()});
+  return fields;
+}
 
 constexpr const char* Values[] = {"",  "0",    "1",     "2",     "3",   "4",      "-1",
                                   "C", "P7",   "700",   "5",     "0.1", "0.0001", "318.2",
                                   "x", "1e30", "-1e30", "99999", "01",  " 1 ",    "AB#XXXXXR"};
 
-constexpr int Columns[] = {-1, 0,  1,  2,  3,  16, 19, 20, 21,    55,    56,    57,
-                           58, 59, 65, 66, 67, 68, 69, 99, 10000, 10002, 10004, 10005};
+constexpr int Columns[] = {-1,
+                           0,
+                           Column::BidPrice,
+                           Column::AskPrice,
+                           Column::HeaderValue,
+                           Column::BidSize,
+                           Column::AskSize,
+                           20,
+                           Column::HeaderCaption,
+                           Column::BidQueue1,
+                           Column::BidQueue2,
+                           Column::BidQueue3,
+                           Column::BidQueue4,
+                           59,
+                           Column::AskQueue1,
+                           Column::AskQueue2,
+                           Column::AskQueue3,
+                           Column::AskQueue4,
+                           69,
+                           99,
+                           Column::InfoOpen,
+                           Column::InfoLow,
+                           Column::InfoCurrency,
+                           10005};
 
 void ChangeRecord(Fakes::TFakeRecord& record, TRandom& random) {
+  static const std::vector<int> fields = RecordFields();
   for (int count = random.Between(0, 8); count > 0; --count) {
-    const int field = random.OneOf(RecordFields);
+    const int field = random.OneOf(fields);
     switch (random.Between(0, 3)) {
     case 0:
       record.Remove(field);
@@ -169,13 +226,13 @@ TEST_P(RandomRecordsTest, LeaveEachQueueEntryAtItsPlace) {
     TCustomQuorMarketDataControl control(nullptr);
     control.SetDisplayMode(static_cast<TQuorMode>(random.Between(0, 2)));
     const int side = random.Between(0, 1);
-    host.Record("700").Clear().Set(side == Side::Bid ? 120 : 121, text);
+    host.Record("700").Clear().Set(side == Side::Bid ? Field::BidQueue : Field::AskQueue, text);
     control.SetSymbol("700");
     const int perColumn = control.GetCount() - 1;
     for (int place = 0; place < 4; ++place)
       for (int row = 1; row <= perColumn; ++row) {
         const auto index = static_cast<std::size_t>(place * perColumn + row - 1);
-        const int column = (side == Side::Bid ? 55 : 65) + place;
+        const int column = (side == Side::Bid ? Column::BidQueue1 : Column::AskQueue1) + place;
         EXPECT_EQ(control.GetDisplayValue(row, column),
                   index < entries.size() ? entries[index] : "");
       }

@@ -9,11 +9,20 @@ class RowCountTest : public DepthControlTest {
 protected:
   /// Sixteen header rows of the control's own.
   void FillAllHeaderRows() {
-    Record().Set({{116, "110"}, {117, "90"}, {118, "1"}, {131, "120"}, {132, "80"}, {133, "100"}});
+    Record().Set({{Field::UpperLimit, "110"},
+                  {Field::LowerLimit, "90"},
+                  {Field::AccruedInterest, "1"},
+                  {Field::High52Weeks, "120"},
+                  {Field::Low52Weeks, "80"},
+                  {Field::Open, "100"}});
   }
   /// Four header rows that describe a stock.
   void FillStock() {
-    Record().Set({{22, "1"}, {3, "10"}, {18, "2000"}, {49, "15.5"}, {102, "3.2"}});
+    Record().Set({{Field::ProductType, "1"},
+                  {Field::Nominal, "10"},
+                  {Field::IssueSize, "2000"},
+                  {Field::PriceEarnings, "15.5"},
+                  {Field::DividendYield, "3.2"}});
   }
   void LoseRecord() { Record().SetState(Constdef::RecordState_None); }
 
@@ -123,7 +132,7 @@ TEST_F(RowCountTest, TheSimpleLayoutHasNoLevelsBelowTheTenth) {
   EXPECT_EQ(control.GetDisplayValue(12, Column::BidPrice), "90.000");
   EXPECT_EQ(control.GetDisplayValue(12, Column::AskSize), "10,100");
   for (int row = 13; row < 16; ++row) {
-    for (const int column : {1, 2, 16, 19})
+    for (const int column : PriceAndSizeColumns)
       EXPECT_EQ(control.GetDisplayValue(row, column), "") << row << ' ' << column;
     for (const int side : {Side::Bid, Side::Ask}) {
       EXPECT_EQ(control.GetPriceValue(row, side), "") << row;

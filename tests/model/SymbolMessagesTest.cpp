@@ -10,7 +10,9 @@ using SymbolMessagesTest = DepthControlTest;
 // Message lines
 
 TEST_F(SymbolMessagesTest, MessagesAreTheRecords) {
-  Record().Set({{200, "halted"}, {201, "until noon"}, {25, "other"}});
+  Record().Set({{Field::FirstMessage, "halted"},
+                {Field::SecondMessage, "until noon"},
+                {Field::OtherMessage, "other"}});
   ShowSymbol();
   EXPECT_EQ(control.FreeText1(), "halted");
   EXPECT_EQ(control.FreeText2(), "until noon");
@@ -18,17 +20,19 @@ TEST_F(SymbolMessagesTest, MessagesAreTheRecords) {
 }
 
 TEST_F(SymbolMessagesTest, TheOtherMessageStandsInForBoth) {
-  Record().Set(25, "other");
+  Record().Set(Field::OtherMessage, "other");
   ShowSymbol();
   EXPECT_EQ(control.FreeText1(), "other");
   EXPECT_EQ(control.FreeText2(), "");
-  Record().Set(201, "second").Update();
+  Record().Set(Field::SecondMessage, "second").Update();
   EXPECT_EQ(control.FreeText1(), "");
   EXPECT_EQ(control.FreeText2(), "second");
 }
 
 TEST_F(SymbolMessagesTest, AnUnreadyRecordShowsItsStatusText) {
-  Record().Set({{200, "halted"}, {201, "soon"}}).SetState(Constdef::RecordState_Invalid);
+  Record()
+      .Set({{Field::FirstMessage, "halted"}, {Field::SecondMessage, "soon"}})
+      .SetState(Constdef::RecordState_Invalid);
   Record().SetStatusText("unknown symbol");
   ShowSymbol();
   EXPECT_EQ(control.FreeText1(), "unknown symbol");
@@ -38,7 +42,7 @@ TEST_F(SymbolMessagesTest, AnUnreadyRecordShowsItsStatusText) {
 }
 
 TEST_F(SymbolMessagesTest, ARecordThatIsLostWithoutStatusTextLeavesNoMessage) {
-  Record().Set({{200, "halted"}, {201, "soon"}});
+  Record().Set({{Field::FirstMessage, "halted"}, {Field::SecondMessage, "soon"}});
   ShowSymbol();
   ASSERT_EQ(control.FreeText2(), "soon");
   Record().SetState(Constdef::RecordState_None).Update();
@@ -48,20 +52,20 @@ TEST_F(SymbolMessagesTest, ARecordThatIsLostWithoutStatusTextLeavesNoMessage) {
 }
 
 TEST_F(SymbolMessagesTest, OnlyNewTextsAreTold) {
-  Record().Set(200, "halted");
+  Record().Set(Field::FirstMessage, "halted");
   ShowSymbol();
   Record().Update();
   EXPECT_EQ(events.freeText, 1);
-  Record().Set(201, "soon").Update();
+  Record().Set(Field::SecondMessage, "soon").Update();
   EXPECT_EQ(events.freeText, 2);
-  Record().Remove(200).Remove(201).Update();
+  Record().Remove(Field::FirstMessage).Remove(Field::SecondMessage).Update();
   EXPECT_EQ(events.freeText, 3);
   EXPECT_EQ(control.FreeText1() + control.FreeText2(), "");
 }
 
 TEST_F(SymbolMessagesTest, NothingIsReadWhileNobodyListens) {
   control.OnFreeTextChange = nullptr;
-  Record().Set({{200, "halted"}, {3506, "1"}});
+  Record().Set({{Field::FirstMessage, "halted"}, {Field::PosMarker, "1"}});
   ShowSymbol();
   Record().Update();
   EXPECT_EQ(control.FreeText1(), "");
@@ -77,7 +81,9 @@ protected:
     host.config.SetCurrent("ConcealMktDataByExch", configured);
     control = std::make_unique<TCustomQuorMarketDataControl>(nullptr);
     ListenToAll(*control, events);
-    host.Record("700").Set({{20, exchange}, {200, "message"}, {201, "second"}});
+    host.Record("700").Set({{Field::Exchange, exchange},
+                            {Field::FirstMessage, "message"},
+                            {Field::SecondMessage, "second"}});
     control->SetSymbol("700");
   }
 
@@ -127,7 +133,7 @@ TEST_F(ConcealmentTest, AnEmptyConfigurationConcealsNothing) {
 
 TEST_F(ConcealmentTest, ConcealmentLastsUntilTheNextSymbol) {
   Show("HKG", "HKG");
-  host.Record("700").Set(20, "SSE").Update();
+  host.Record("700").Set(Field::Exchange, "SSE").Update();
   EXPECT_TRUE(control->Concealed());
   EXPECT_EQ(control->FreeText1(), "message");
   control->SetSymbol("5");
@@ -161,11 +167,16 @@ class ImbalanceTest : public DepthControlTest,
                       public testing::WithParamInterface<TImbalanceCase> {};
 
 TEST_P(ImbalanceTest, ReadsAsBuyersAgainstSellers) {
-  Record().Set({{3506, "1"}, {3514, GetParam().direction}, {3515, "12000"}});
+  Record().Set({{Field::PosMarker, "1"},
+                {Field::ImbalanceDirection, GetParam().direction},
+                {Field::ImbalanceQuantity, "12000"}});
   ShowSymbol();
   EXPECT_EQ(control.Mechanisms().PosStateText, GetParam().text);
 
-  Record().Remove(3506).Set({{3510, "1"}, {3511, "100"}}).Update();
+  Record()
+      .Remove(Field::PosMarker)
+      .Set({{Field::CasMarker, "1"}, {Field::CasReferencePrice, "100"}})
+      .Update();
   EXPECT_EQ(control.Mechanisms().VcmCasStateText, GetParam().text);
 }
 
@@ -177,8 +188,12 @@ INSTANTIATE_TEST_SUITE_P(
                     TImbalanceCase{"4", ""}, TImbalanceCase{"", ""}));
 
 TEST_F(SymbolMessagesTest, ThePreOpeningSessionShowsItsPrices) {
-  Record().Set({{3506, "1"}, {3507, "100"}, {3508, "85"}, {3509, "115"}, {3551, "84"}});
-  Record().Set(3552, "116");
+  Record().Set({{Field::PosMarker, "1"},
+                {Field::PosReferencePrice, "100"},
+                {Field::PosLowerPrice, "85"},
+                {Field::PosUpperPrice, "115"},
+                {Field::PosSellLowerLimit, "84"}});
+  Record().Set(Field::PosBuyUpperLimit, "116");
   ShowSymbol();
   const TMarketMechanisms& state = control.Mechanisms();
   EXPECT_TRUE(state.PosMarker);
@@ -194,7 +209,7 @@ TEST_F(SymbolMessagesTest, ThePreOpeningSessionShowsItsPrices) {
 }
 
 TEST_F(SymbolMessagesTest, PricesThatThePreOpeningSessionDoesNotGiveAreEmpty) {
-  Record().Set({{3506, "1"}, {3507, ""}});
+  Record().Set({{Field::PosMarker, "1"}, {Field::PosReferencePrice, ""}});
   ShowSymbol();
   EXPECT_TRUE(control.Mechanisms().PosInForce);
   EXPECT_EQ(control.Mechanisms().PosRefPrice, "");
@@ -202,9 +217,9 @@ TEST_F(SymbolMessagesTest, PricesThatThePreOpeningSessionDoesNotGiveAreEmpty) {
 }
 
 TEST_F(SymbolMessagesTest, ThePreOpeningSessionsTextsOutliveIt) {
-  Record().Set({{3506, "1"}, {3507, "100"}});
+  Record().Set({{Field::PosMarker, "1"}, {Field::PosReferencePrice, "100"}});
   ShowSymbol();
-  Record().Set(3506, "0").Update();
+  Record().Set(Field::PosMarker, "0").Update();
   EXPECT_FALSE(control.Mechanisms().PosMarker);
   EXPECT_FALSE(control.Mechanisms().PosInForce);
   EXPECT_EQ(control.Mechanisms().PosRefPrice, "700@100");
@@ -214,8 +229,11 @@ TEST_F(SymbolMessagesTest, ThePreOpeningSessionsTextsOutliveIt) {
 // Volatility control
 
 TEST_F(SymbolMessagesTest, VolatilityControlShowsItsCoolingOffPeriodAndPrices) {
-  Record().Set({{3500, "1"}, {3501, "10:00"}, {3502, "10:05"}, {3503, "0.13"}});
-  Record().Set({{3504, "0.117"}, {3505, "0.143"}});
+  Record().Set({{Field::VcmMarker, "1"},
+                {Field::VcmStartTime, "10:00"},
+                {Field::VcmEndTime, "10:05"},
+                {Field::VcmReferencePrice, "0.13"}});
+  Record().Set({{Field::VcmLowerPrice, "0.117"}, {Field::VcmUpperPrice, "0.143"}});
   ShowSymbol();
   const TMarketMechanisms& state = control.Mechanisms();
   EXPECT_TRUE(state.VcmMarker);
@@ -228,16 +246,16 @@ TEST_F(SymbolMessagesTest, VolatilityControlShowsItsCoolingOffPeriodAndPrices) {
 }
 
 TEST_F(SymbolMessagesTest, VolatilityControlIsInForceFromItsReferencePriceToTheEndOfItsMarker) {
-  Record().Set(3500, "1");
+  Record().Set(Field::VcmMarker, "1");
   ShowSymbol();
   EXPECT_TRUE(control.Mechanisms().VcmMarker);
   EXPECT_FALSE(control.Mechanisms().VcmInForce);
-  Record().Set(3503, "0.13").Update();
+  Record().Set(Field::VcmReferencePrice, "0.13").Update();
   EXPECT_TRUE(control.Mechanisms().VcmInForce);
-  Record().Remove(3503).Update();
+  Record().Remove(Field::VcmReferencePrice).Update();
   EXPECT_TRUE(control.Mechanisms().VcmInForce);
   EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "700@0.13");
-  Record().Set(3500, "0").Update();
+  Record().Set(Field::VcmMarker, "0").Update();
   EXPECT_FALSE(control.Mechanisms().VcmMarker);
   EXPECT_FALSE(control.Mechanisms().VcmInForce);
   EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "700@0.13");
@@ -246,8 +264,12 @@ TEST_F(SymbolMessagesTest, VolatilityControlIsInForceFromItsReferencePriceToTheE
 // Closing auction
 
 TEST_F(SymbolMessagesTest, TheClosingAuctionShowsItsImbalanceAndPrices) {
-  Record().Set({{3510, "1"}, {3511, "100"}, {3512, "95"}, {3513, "105"}, {3514, "2"}});
-  Record().Set(3515, "500");
+  Record().Set({{Field::CasMarker, "1"},
+                {Field::CasReferencePrice, "100"},
+                {Field::CasLowerPrice, "95"},
+                {Field::CasUpperPrice, "105"},
+                {Field::ImbalanceDirection, "2"}});
+  Record().Set(Field::ImbalanceQuantity, "500");
   ShowSymbol();
   const TMarketMechanisms& state = control.Mechanisms();
   EXPECT_TRUE(state.CasMarker);
@@ -260,23 +282,32 @@ TEST_F(SymbolMessagesTest, TheClosingAuctionShowsItsImbalanceAndPrices) {
 }
 
 TEST_F(SymbolMessagesTest, TheClosingAuctionIsInForceFromItsReferencePriceToTheEndOfItsMarker) {
-  Record().Set(3510, "1");
+  Record().Set(Field::CasMarker, "1");
   ShowSymbol();
   EXPECT_TRUE(control.Mechanisms().CasMarker);
   EXPECT_FALSE(control.Mechanisms().CasInForce);
-  Record().Set(3511, "100").Update();
+  Record().Set(Field::CasReferencePrice, "100").Update();
   EXPECT_TRUE(control.Mechanisms().CasInForce);
-  Record().Remove(3511).Update();
+  Record().Remove(Field::CasReferencePrice).Update();
   EXPECT_TRUE(control.Mechanisms().CasInForce);
   EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "700@100");
-  Record().Remove(3510).Update();
+  Record().Remove(Field::CasMarker).Update();
   EXPECT_FALSE(control.Mechanisms().CasMarker);
   EXPECT_FALSE(control.Mechanisms().CasInForce);
 }
 
 TEST_F(SymbolMessagesTest, TheClosingAuctionsTextsAreLeftWhereBothMechanismsAreInForce) {
-  Record().Set({{3500, "1"}, {3501, "a"}, {3502, "b"}, {3503, "1"}, {3504, "2"}, {3505, "3"}});
-  Record().Set({{3510, "1"}, {3511, "4"}, {3512, "5"}, {3513, "6"}, {3514, "1"}});
+  Record().Set({{Field::VcmMarker, "1"},
+                {Field::VcmStartTime, "a"},
+                {Field::VcmEndTime, "b"},
+                {Field::VcmReferencePrice, "1"},
+                {Field::VcmLowerPrice, "2"},
+                {Field::VcmUpperPrice, "3"}});
+  Record().Set({{Field::CasMarker, "1"},
+                {Field::CasReferencePrice, "4"},
+                {Field::CasLowerPrice, "5"},
+                {Field::CasUpperPrice, "6"},
+                {Field::ImbalanceDirection, "1"}});
   ShowSymbol();
   const TMarketMechanisms& state = control.Mechanisms();
   EXPECT_TRUE(state.VcmInForce && state.CasInForce);
@@ -297,25 +328,33 @@ TEST_F(SymbolMessagesTest, EachNewStateOfAMechanismIsTold) {
     Record().Update();
     EXPECT_EQ(events.freeText, told) << field;
   };
-  for (const int field : {3506, 3507, 3508, 3509, 3551, 3552, 3514, 3515})
+  for (const int field : {Field::PosMarker, Field::PosReferencePrice, Field::PosLowerPrice,
+                          Field::PosUpperPrice, Field::PosSellLowerLimit, Field::PosBuyUpperLimit,
+                          Field::ImbalanceDirection, Field::ImbalanceQuantity})
     expectTold(field, "1");
-  for (const int field : {3500, 3503, 3501, 3502, 3504, 3505})
+  for (const int field : {Field::VcmMarker, Field::VcmReferencePrice, Field::VcmStartTime,
+                          Field::VcmEndTime, Field::VcmLowerPrice, Field::VcmUpperPrice})
     expectTold(field, "1");
-  expectTold(3510, "1");
-  for (const int field : {3511, 3512, 3513})
+  expectTold(Field::CasMarker, "1");
+  for (const int field : {Field::CasReferencePrice, Field::CasLowerPrice, Field::CasUpperPrice})
     expectTold(field, "2");
 }
 
 TEST_F(SymbolMessagesTest, MechanismsOfAnUnreadyRecordAreReadToo) {
   Record().SetState(Constdef::RecordState_Invalid);
   ShowSymbol();
-  Record().Set({{3506, "1"}, {3507, "100"}, {3500, "1"}, {3503, "0.13"}}).Update();
+  Record()
+      .Set({{Field::PosMarker, "1"},
+            {Field::PosReferencePrice, "100"},
+            {Field::VcmMarker, "1"},
+            {Field::VcmReferencePrice, "0.13"}})
+      .Update();
   EXPECT_TRUE(control.Mechanisms().PosInForce);
   EXPECT_EQ(control.Mechanisms().PosRefPrice, "700@100");
   EXPECT_TRUE(control.Mechanisms().VcmInForce);
   EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "700@0.13");
   EXPECT_FALSE(control.Mechanisms().CasInForce);
-  Record().Set({{3510, "1"}, {3511, "4"}}).Update();
+  Record().Set({{Field::CasMarker, "1"}, {Field::CasReferencePrice, "4"}}).Update();
   EXPECT_TRUE(control.Mechanisms().CasInForce);
   EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "700@4");
   EXPECT_EQ(events.freeText, 2);
@@ -326,10 +365,14 @@ TEST_F(SymbolMessagesTest, MechanismsOfAnUnreadyRecordAreReadToo) {
 class RebuildTest : public DepthControlTest {
 protected:
   RebuildTest() {
-    Record().Set({{73, "01"}, {3510, "1"}, {3511, "100"}, {3514, "2"}, {3515, "500"}});
+    Record().Set({{Field::SpreadCode, "01"},
+                  {Field::CasMarker, "1"},
+                  {Field::CasReferencePrice, "100"},
+                  {Field::ImbalanceDirection, "2"},
+                  {Field::ImbalanceQuantity, "500"}});
     ShowSymbol();
     // What a later update would no longer write.
-    Record().Remove(3511).Update();
+    Record().Remove(Field::CasReferencePrice).Update();
     events = {};
   }
 };
@@ -344,7 +387,7 @@ TEST_F(RebuildTest, AnotherLanguageRebuildsTheMechanismsInForce) {
 }
 
 TEST_F(RebuildTest, AnotherLanguageGivesTheTextsInIt) {
-  Record().Set(3511, "100").Update();
+  Record().Set(Field::CasReferencePrice, "100").Update();
   host.language.SetText("Res_Bid_Short", "B");
   host.language.SetText("Res_Side_Sell_Short", "S");
   control.UpdateLanguage();
@@ -369,7 +412,7 @@ TEST_F(RebuildTest, ASpreadTableOfOtherSymbolsRebuildsNothing) {
 }
 
 TEST_F(RebuildTest, MechanismsThatAreNotInForceKeepTheirTexts) {
-  Record().Set(3510, "0").Update();
+  Record().Set(Field::CasMarker, "0").Update();
   ASSERT_FALSE(control.Mechanisms().AnyInForce());
   events = {};
   control.UpdateLanguage();
@@ -379,7 +422,9 @@ TEST_F(RebuildTest, MechanismsThatAreNotInForceKeepTheirTexts) {
 }
 
 TEST_F(SymbolMessagesTest, EachMechanismInForceCountsForARebuild) {
-  for (const auto& [marker, reference] : {std::pair{3500, 3503}, {3506, 3507}, {3510, 3511}}) {
+  for (const auto& [marker, reference] : {std::pair{Field::VcmMarker, Field::VcmReferencePrice},
+                                          {Field::PosMarker, Field::PosReferencePrice},
+                                          {Field::CasMarker, Field::CasReferencePrice}}) {
     control.SetSymbol("");
     Record().Clear().Set({{marker, "1"}, {reference, "1"}});
     ShowSymbol();
@@ -393,7 +438,9 @@ TEST_F(SymbolMessagesTest, EachMechanismInForceCountsForARebuild) {
 // Related instruments
 
 TEST_F(SymbolMessagesTest, ListsOfRelatedInstrumentsAreTheRecords) {
-  Record().Set({{135, "13001 13002"}, {136, "80700"}, {3200, "9001 9002"}});
+  Record().Set({{Field::WarrantList, "13001 13002"},
+                {Field::RelatedList, "80700"},
+                {Field::LiquidityProviderList, "9001 9002"}});
   ShowSymbol();
   EXPECT_EQ(control.WarrantList(), "13001 13002");
   EXPECT_EQ(control.RelatedList(), "80700");
@@ -405,7 +452,7 @@ TEST_F(SymbolMessagesTest, EachNewListOfRelatedInstrumentsIsTold) {
   ShowSymbol();
   EXPECT_EQ(events.related, 0);
   int told = 0;
-  for (const int field : {135, 136, 3200}) {
+  for (const int field : {Field::WarrantList, Field::RelatedList, Field::LiquidityProviderList}) {
     Record().Set(field, "1").Update();
     EXPECT_EQ(events.related, ++told) << field;
     Record().Update();
@@ -414,7 +461,9 @@ TEST_F(SymbolMessagesTest, EachNewListOfRelatedInstrumentsIsTold) {
 }
 
 TEST_F(SymbolMessagesTest, AnUnreadyRecordHasNoRelatedInstruments) {
-  Record().Set({{135, "13001"}, {136, "80700"}, {3200, "9001"}});
+  Record().Set({{Field::WarrantList, "13001"},
+                {Field::RelatedList, "80700"},
+                {Field::LiquidityProviderList, "9001"}});
   ShowSymbol();
   Record().SetState(Constdef::RecordState_None).Update();
   EXPECT_EQ(control.WarrantList() + control.RelatedList() + control.LiquidityProviderList(), "");
@@ -423,7 +472,7 @@ TEST_F(SymbolMessagesTest, AnUnreadyRecordHasNoRelatedInstruments) {
 
 TEST_F(SymbolMessagesTest, RelatedInstrumentsAreNotReadWhileNobodyListens) {
   control.OnRelatedChange = nullptr;
-  Record().Set(135, "13001");
+  Record().Set(Field::WarrantList, "13001");
   ShowSymbol();
   EXPECT_EQ(control.WarrantList(), "");
 }
