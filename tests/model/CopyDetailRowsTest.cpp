@@ -1,5 +1,5 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 
 // What a click on a header row that describes the instrument copies to order entry.
 
@@ -7,9 +7,9 @@ namespace Quorpricedatacontrol {
 
 using Fakes::TSentOrder;
 
-class CopyDetailRowsTest : public DepthControlTest {
+class TCopyDetailRowsTest : public TDepthControlTest {
 protected:
-  CopyDetailRowsTest() {
+  TCopyDetailRowsTest() {
     control.SetDisplayMode(qm10Full);
     Record().Set({{Field::ProductType, "4"},
                   {Field::Name, "AB#XXXXXR"},
@@ -39,7 +39,7 @@ protected:
   }
 };
 
-TEST_F(CopyDetailRowsTest, TheStrikePriceIsCopiedWithoutQuantity) {
+TEST_F(TCopyDetailRowsTest, TheStrikePriceIsCopiedWithoutQuantity) {
   for (const char* style : {"D", "N", "S"}) {
     SetStyle(style);
     const TSentOrder order = ClickCaption("Res_StrikePrice");
@@ -50,14 +50,14 @@ TEST_F(CopyDetailRowsTest, TheStrikePriceIsCopiedWithoutQuantity) {
   }
 }
 
-TEST_F(CopyDetailRowsTest, TheStrikePriceIsCopiedWithOneLotInTheOneLotStyle) {
+TEST_F(TCopyDetailRowsTest, TheStrikePriceIsCopiedWithOneLotInTheOneLotStyle) {
   SetStyle("L");
   const TSentOrder order = ClickCaption("Res_StrikePrice");
   EXPECT_EQ(order.price, 20);
   EXPECT_EQ(order.quantity, 500);
 }
 
-TEST_F(CopyDetailRowsTest, OtherRowsCopyTheSymbolAlone) {
+TEST_F(TCopyDetailRowsTest, OtherRowsCopyTheSymbolAlone) {
   for (const char* style : {"D", "L", "N", "S"}) {
     SetStyle(style);
     for (const char* caption : {"Res_Underlyer", "Res_Call_Price", "Res_Category",
@@ -71,7 +71,7 @@ TEST_F(CopyDetailRowsTest, OtherRowsCopyTheSymbolAlone) {
   }
 }
 
-TEST_F(CopyDetailRowsTest, AStocksRowsCopyTheSymbolAlone) {
+TEST_F(TCopyDetailRowsTest, AStocksRowsCopyTheSymbolAlone) {
   host.Record("1").Set({{Field::ProductType, "1"},
                         {Field::Nominal, "10"},
                         {Field::IssueSize, "2000"},

@@ -1,5 +1,5 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 
 // What a click on a cell copies to order entry.
 
@@ -7,9 +7,9 @@ namespace Quorpricedatacontrol {
 
 using Fakes::TSentOrder;
 
-class CopyPriceTest : public DepthControlTest {
+class TCopyPriceTest : public TDepthControlTest {
 protected:
-  CopyPriceTest() {
+  TCopyPriceTest() {
     host.market.SetSpreadTable("01", Constdef::SpreadState_Ready, {{0, 100, 0.5}, {100, 1000, 2}});
     FillDepth(Record());
     Record().Set({{Field::SpreadCode, "01"},
@@ -46,7 +46,7 @@ protected:
 
 // How the order travels
 
-TEST_F(CopyPriceTest, TheOrderGoesToOrderEntryWithItsKindAndGroup) {
+TEST_F(TCopyPriceTest, TheOrderGoesToOrderEntryWithItsKindAndGroup) {
   control.GroupID = "G1";
   const TSentOrder order = Click(6, Column::BidPrice);
   EXPECT_EQ(host.channels.sentNumbers, std::vector<int>{18016});
@@ -56,7 +56,7 @@ TEST_F(CopyPriceTest, TheOrderGoesToOrderEntryWithItsKindAndGroup) {
   EXPECT_EQ(order.sender, &control);
 }
 
-TEST_F(CopyPriceTest, TheOrderIsEmptiedBeforeEachCopy) {
+TEST_F(TCopyPriceTest, TheOrderIsEmptiedBeforeEachCopy) {
   SetStyle("L");
   Click(6, Column::BidPrice);
   const TSentOrder order = Click(7, Column::HeaderValue); // the volume
@@ -67,7 +67,7 @@ TEST_F(CopyPriceTest, TheOrderIsEmptiedBeforeEachCopy) {
 
 // Best prices
 
-TEST_F(CopyPriceTest, TheDefaultStyleCopiesTheBestSizeOnlyFromItsOwnCell) {
+TEST_F(TCopyPriceTest, TheDefaultStyleCopiesTheBestSizeOnlyFromItsOwnCell) {
   const TSentOrder bidPrice = Click(6, Column::BidPrice);
   EXPECT_EQ(bidPrice.price, 99);
   EXPECT_EQ(bidPrice.quantity, 0);
@@ -82,13 +82,13 @@ TEST_F(CopyPriceTest, TheDefaultStyleCopiesTheBestSizeOnlyFromItsOwnCell) {
   EXPECT_EQ(askSize.quantity, 1100);
 }
 
-TEST_F(CopyPriceTest, TheFirstLevelIsTheBestPrice) {
+TEST_F(TCopyPriceTest, TheFirstLevelIsTheBestPrice) {
   const TSentOrder order = Click(8, Column::BidSize);
   EXPECT_EQ(order.price, 99);
   EXPECT_EQ(order.quantity, 1000);
 }
 
-TEST_F(CopyPriceTest, OnlyBidsAreFlagged) {
+TEST_F(TCopyPriceTest, OnlyBidsAreFlagged) {
   for (const int row : {6, 8, 9, 12, 13, 17}) {
     EXPECT_TRUE(IsFlagged(Click(row, Column::BidPrice))) << row;
     EXPECT_TRUE(IsFlagged(Click(row, Column::BidSize))) << row;
@@ -105,9 +105,9 @@ struct TLayoutCase {
   int bestRow, firstLevelRow;
 };
 
-class CopyLevelTest : public CopyPriceTest, public testing::WithParamInterface<TLayoutCase> {};
+class TCopyLevelTest : public TCopyPriceTest, public testing::WithParamInterface<TLayoutCase> {};
 
-TEST_P(CopyLevelTest, EachLevelCopiesItsOwnPriceOnEitherColumnOfItsSide) {
+TEST_P(TCopyLevelTest, EachLevelCopiesItsOwnPriceOnEitherColumnOfItsSide) {
   control.SetDisplayMode(GetParam().mode);
   EXPECT_EQ(Click(GetParam().bestRow, Column::BidPrice).price, 99);
   EXPECT_EQ(Click(GetParam().bestRow, Column::AskSize).price, 101);
@@ -120,32 +120,32 @@ TEST_P(CopyLevelTest, EachLevelCopiesItsOwnPriceOnEitherColumnOfItsSide) {
   }
 }
 
-TEST_P(CopyLevelTest, RowsThatHoldNoPriceCopyNothing) {
+TEST_P(TCopyLevelTest, RowsThatHoldNoPriceCopyNothing) {
   control.SetDisplayMode(GetParam().mode);
   for (const int row : {-1, 0, GetParam().bestRow + 1, GetParam().firstLevelRow + 10, 100})
     for (const int column : PriceAndSizeColumns)
       EXPECT_FALSE(Sends(row, column)) << row << ' ' << column;
 }
 
-INSTANTIATE_TEST_SUITE_P(Layouts, CopyLevelTest,
+INSTANTIATE_TEST_SUITE_P(Layouts, TCopyLevelTest,
                          testing::Values(TLayoutCase{qm5Full, 6, 8}, TLayoutCase{qm10Full, 6, 8},
                                          TLayoutCase{qm10Simple, 1, 3}));
 
-TEST_F(CopyPriceTest, OtherColumnsCopyNothing) {
+TEST_F(TCopyPriceTest, OtherColumnsCopyNothing) {
   for (const int column : std::initializer_list<int>{
            -1, 0, 4, Column::HeaderCaption, Column::BidQueue1, Column::BidQueue4, Column::AskQueue1,
            Column::AskQueue4, Column::InfoOpen})
     EXPECT_FALSE(Sends(6, column)) << column;
 }
 
-TEST_F(CopyPriceTest, NothingIsCopiedWithoutSymbol) {
+TEST_F(TCopyPriceTest, NothingIsCopiedWithoutSymbol) {
   control.SetSymbol("");
   EXPECT_FALSE(Sends(6, Column::BidPrice));
   control.CopyQty(100);
   EXPECT_TRUE(host.channels.sentOrders.empty());
 }
 
-TEST_F(CopyPriceTest, AMissingPriceIsLeftUnset) {
+TEST_F(TCopyPriceTest, AMissingPriceIsLeftUnset) {
   Record().Remove(Field::BestBid).Remove(Field::Bid.Price[2]).Remove(Field::High);
   const TSentOrder best = Click(6, Column::BidSize);
   EXPECT_FALSE(best.price.has_value());
@@ -156,9 +156,9 @@ TEST_F(CopyPriceTest, AMissingPriceIsLeftUnset) {
 
 // Levels that are published without prices
 
-class CopyDerivedPriceTest : public CopyPriceTest {
+class TCopyDerivedPriceTest : public TCopyPriceTest {
 protected:
-  CopyDerivedPriceTest() {
+  TCopyDerivedPriceTest() {
     control.SetSymbol("");
     FillOrderCountDepth(Record());
     Record().Set({{Field::BestBid, "101"}, {Field::BestAsk, "99"}});
@@ -166,7 +166,7 @@ protected:
   }
 };
 
-TEST_F(CopyDerivedPriceTest, ALevelLiesAsManyStepsFromTheBestPriceAsItIsDeep) {
+TEST_F(TCopyDerivedPriceTest, ALevelLiesAsManyStepsFromTheBestPriceAsItIsDeep) {
   const double bids[] = {101, 99, 98.5, 98, 97.5, 97, 96.5, 96, 95.5, 95};
   const double asks[] = {99, 99.5, 100, 102, 104, 106, 108, 110, 112, 114};
   for (int level = 0; level < Field::DepthLevels; ++level) {
@@ -175,19 +175,19 @@ TEST_F(CopyDerivedPriceTest, ALevelLiesAsManyStepsFromTheBestPriceAsItIsDeep) {
   }
 }
 
-TEST_F(CopyDerivedPriceTest, TheFourthBidLiesThreeStepsBelowTheBest) {
+TEST_F(TCopyDerivedPriceTest, TheFourthBidLiesThreeStepsBelowTheBest) {
   Record().Set(Field::BestBid, "50");
   const TSentOrder order = Click(11, Column::BidPrice);
   EXPECT_EQ(order.price, 48.5);
   EXPECT_TRUE(IsFlagged(order));
 }
 
-TEST_F(CopyDerivedPriceTest, APublishedPriceGoesBeforeADerivedOne) {
+TEST_F(TCopyDerivedPriceTest, APublishedPriceGoesBeforeADerivedOne) {
   Record().Set(Field::Bid.Price[3], "77");
   EXPECT_EQ(Click(11, Column::BidPrice).price, 77);
 }
 
-TEST_F(CopyDerivedPriceTest, APriceThatCannotBeDerivedIsLeftUnset) {
+TEST_F(TCopyDerivedPriceTest, APriceThatCannotBeDerivedIsLeftUnset) {
   for (const char* best : {"", "none", "nan", "inf", "1x"}) {
     Record().Set(Field::BestBid, best);
     EXPECT_FALSE(Click(9, Column::BidPrice).price.has_value()) << best;
@@ -200,7 +200,7 @@ TEST_F(CopyDerivedPriceTest, APriceThatCannotBeDerivedIsLeftUnset) {
   EXPECT_FALSE(Click(9, Column::AskPrice).price.has_value());
 }
 
-TEST_F(CopyDerivedPriceTest, PricesAreDerivedOnlyForAFeedOfOrderCounts) {
+TEST_F(TCopyDerivedPriceTest, PricesAreDerivedOnlyForAFeedOfOrderCounts) {
   control.SetSymbol("");
   Record().Set(Field::Bid.Price[1], "100.5"); // the first level beyond the best now has a price
   ShowSymbol();
@@ -208,19 +208,19 @@ TEST_F(CopyDerivedPriceTest, PricesAreDerivedOnlyForAFeedOfOrderCounts) {
   EXPECT_FALSE(Click(11, Column::BidPrice).price.has_value());
 }
 
-TEST_F(CopyDerivedPriceTest, AMissingBestPriceIsNotDerived) {
+TEST_F(TCopyDerivedPriceTest, AMissingBestPriceIsNotDerived) {
   Record().Remove(Field::BestBid);
   EXPECT_FALSE(Click(6, Column::BidPrice).price.has_value());
 }
 
-TEST_F(CopyDerivedPriceTest, ABestPriceMayHaveASign) {
+TEST_F(TCopyDerivedPriceTest, ABestPriceMayHaveASign) {
   Record().Set(Field::BestBid, "+50");
   EXPECT_EQ(Click(9, Column::BidPrice).price, 49.5);
   Record().Set(Field::BestBid, "+-50");
   EXPECT_FALSE(Click(9, Column::BidPrice).price.has_value());
 }
 
-TEST_F(CopyDerivedPriceTest, ADerivedPriceComesWithTheStylesQuantity) {
+TEST_F(TCopyDerivedPriceTest, ADerivedPriceComesWithTheStylesQuantity) {
   SetStyle("S");
   const TSentOrder bid = Click(11, Column::BidPrice);
   EXPECT_EQ(bid.price, 98);
@@ -235,20 +235,20 @@ TEST_F(CopyDerivedPriceTest, ADerivedPriceComesWithTheStylesQuantity) {
   EXPECT_EQ(Click(14, Column::AskSize).quantity, 500);
 }
 
-TEST_F(CopyDerivedPriceTest, AnEmptyPublishedPriceIsZeroAndNotDerived) {
+TEST_F(TCopyDerivedPriceTest, AnEmptyPublishedPriceIsZeroAndNotDerived) {
   Record().Set(Field::Bid.Price[3], "");
   EXPECT_EQ(Click(11, Column::BidPrice).price, 0);
 }
 
 // Records that hold no data
 
-TEST_F(CopyPriceTest, AnEmptyPriceIsCopiedAsZero) {
+TEST_F(TCopyPriceTest, AnEmptyPriceIsCopiedAsZero) {
   Record().Set({{Field::BestAsk, ""}, {Field::High, ""}});
   EXPECT_EQ(Click(6, Column::AskPrice).price, 0);
   EXPECT_EQ(Click(1, Column::HeaderValue).price, 0);
 }
 
-TEST_F(CopyPriceTest, WhatAnUnreadyRecordStillHasIsCopied) {
+TEST_F(TCopyPriceTest, WhatAnUnreadyRecordStillHasIsCopied) {
   Record().SetState(Constdef::RecordState_Invalid).Update();
   const TSentOrder best = Click(6, Column::BidSize);
   EXPECT_EQ(best.price, 99);
@@ -258,7 +258,7 @@ TEST_F(CopyPriceTest, WhatAnUnreadyRecordStillHasIsCopied) {
   EXPECT_EQ(Click(6, Column::HeaderValue).price, 100);
 }
 
-TEST_F(CopyPriceTest, ARecordThatNeverArrivedCopiesTheSymbol) {
+TEST_F(TCopyPriceTest, ARecordThatNeverArrivedCopiesTheSymbol) {
   host.Record("5").SetState(Constdef::RecordState_None);
   control.SetSymbol("5");
   const TSentOrder best = Click(6, Column::BidSize);
@@ -274,14 +274,14 @@ TEST_F(CopyPriceTest, ARecordThatNeverArrivedCopiesTheSymbol) {
 
 // Quantities
 
-TEST_F(CopyPriceTest, TheDefaultStyleCopiesNoQuantityFromDeeperLevels) {
+TEST_F(TCopyPriceTest, TheDefaultStyleCopiesNoQuantityFromDeeperLevels) {
   for (int row = 9; row <= 17; ++row) {
     EXPECT_EQ(Click(row, Column::BidSize).quantity, 0) << row;
     EXPECT_EQ(Click(row, Column::AskSize).quantity, 0) << row;
   }
 }
 
-TEST_F(CopyPriceTest, TheOneLotStyleCopiesTheLotSizeFromEveryPrice) {
+TEST_F(TCopyPriceTest, TheOneLotStyleCopiesTheLotSizeFromEveryPrice) {
   SetStyle("Lot");
   for (const int row : {6, 8, 9, 17})
     for (const int column : PriceAndSizeColumns)
@@ -291,14 +291,14 @@ TEST_F(CopyPriceTest, TheOneLotStyleCopiesTheLotSizeFromEveryPrice) {
   EXPECT_EQ(nominal.quantity, 500);
 }
 
-TEST_F(CopyPriceTest, TheNoneStyleCopiesAQuantityOfZero) {
+TEST_F(TCopyPriceTest, TheNoneStyleCopiesAQuantityOfZero) {
   SetStyle("N");
   for (const int row : {6, 8, 9, 17})
     for (const int column : PriceAndSizeColumns)
       EXPECT_EQ(Click(row, column).quantity, 0) << row << ' ' << column;
 }
 
-TEST_F(CopyPriceTest, TheSummaryStyleCopiesTheSizeDownToTheLevel) {
+TEST_F(TCopyPriceTest, TheSummaryStyleCopiesTheSizeDownToTheLevel) {
   SetStyle("S");
   double bids = 0, asks = 0;
   for (int level = 0; level < Field::DepthLevels; ++level) {
@@ -313,7 +313,7 @@ TEST_F(CopyPriceTest, TheSummaryStyleCopiesTheSizeDownToTheLevel) {
   EXPECT_EQ(control.GetCopyPriceQty(Field::Ask.Price[2]), 1100 + 2100 + 3100);
 }
 
-TEST_F(CopyPriceTest, AMissingSizeCountsAsZero) {
+TEST_F(TCopyPriceTest, AMissingSizeCountsAsZero) {
   SetStyle("S");
   Record().Remove(Field::Bid.Size[1]).Set(Field::Bid.Size[2], "many");
   EXPECT_EQ(control.GetCopyPriceQty(Field::Bid.Price[3]), 1000 + 4000);
@@ -325,15 +325,16 @@ struct TQuantityCase {
   double quantity;
 };
 
-class CopyQuantityTest : public CopyPriceTest, public testing::WithParamInterface<TQuantityCase> {};
+class TCopyQuantityTest : public TCopyPriceTest,
+                          public testing::WithParamInterface<TQuantityCase> {};
 
-TEST_P(CopyQuantityTest, FollowsTheStyle) {
+TEST_P(TCopyQuantityTest, FollowsTheStyle) {
   SetStyle(GetParam().style);
   EXPECT_EQ(control.GetCopyPriceQty(GetParam().field), GetParam().quantity);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Styles, CopyQuantityTest,
+    Styles, TCopyQuantityTest,
     testing::Values(
         TQuantityCase{"D", Field::BestBidSize, 1000}, TQuantityCase{"D", Field::BestAskSize, 1100},
         TQuantityCase{"D", Field::BestBid, 0}, TQuantityCase{"D", Field::BestAsk, 0},
@@ -352,7 +353,7 @@ INSTANTIATE_TEST_SUITE_P(
         TQuantityCase{"S", Field::Bid.Price[4] + 1, 0},
         TQuantityCase{"S", Field::Bid.Price[9] + 1, 0}));
 
-TEST_F(DepthControlTest, ThereIsNoQuantityWithoutARecord) {
+TEST_F(TDepthControlTest, ThereIsNoQuantityWithoutARecord) {
   host.config.SetCurrent("CopyPriceStyle", "L");
   host.config.Announce();
   EXPECT_EQ(control.GetCopyPriceQty(Field::BestBid), 0);
@@ -360,9 +361,9 @@ TEST_F(DepthControlTest, ThereIsNoQuantityWithoutARecord) {
 
 // Header values
 
-class CopyHeaderTest : public CopyPriceTest {
+class TCopyHeaderTest : public TCopyPriceTest {
 protected:
-  CopyHeaderTest() {
+  TCopyHeaderTest() {
     Record().Set({{Field::PreviousClose, "98"},
                   {Field::Low, "95"},
                   {Field::Change, "2"},
@@ -387,7 +388,7 @@ protected:
   }
 };
 
-TEST_F(CopyHeaderTest, HeaderPricesAreCopiedWithoutQuantity) {
+TEST_F(TCopyHeaderTest, HeaderPricesAreCopiedWithoutQuantity) {
   for (const auto& [caption, price] : {std::pair{"Res_Nominal", 100.0},
                                        {"Res_PreClose", 98.0},
                                        {"Res_LowPrice", 95.0},
@@ -406,7 +407,7 @@ TEST_F(CopyHeaderTest, HeaderPricesAreCopiedWithoutQuantity) {
   }
 }
 
-TEST_F(CopyHeaderTest, OtherHeaderFieldsCopyTheSymbolAlone) {
+TEST_F(TCopyHeaderTest, OtherHeaderFieldsCopyTheSymbolAlone) {
   SetStyle("L");
   for (const char* caption :
        {"Res_Volume", "Res_TurnOver", "Res_LotSize", "Res_Currency", "Res_PRCChange",
@@ -419,7 +420,7 @@ TEST_F(CopyHeaderTest, OtherHeaderFieldsCopyTheSymbolAlone) {
   }
 }
 
-TEST_F(CopyPriceTest, AnEmptyHeaderRowCopiesNothing) {
+TEST_F(TCopyPriceTest, AnEmptyHeaderRowCopiesNothing) {
   EXPECT_FALSE(Sends(0, Column::HeaderValue));
   for (const int row : {-1, 11, 12, 100})
     EXPECT_FALSE(Sends(row, Column::HeaderValue)) << row;
@@ -427,7 +428,7 @@ TEST_F(CopyPriceTest, AnEmptyHeaderRowCopiesNothing) {
 
 // Quantity buttons
 
-TEST_F(CopyPriceTest, AQuantityIsCopiedWithTheSymbolAlone) {
+TEST_F(TCopyPriceTest, AQuantityIsCopiedWithTheSymbolAlone) {
   control.GroupID = "G2";
   Click(6, Column::BidSize);
   host.channels.sentOrders.clear();

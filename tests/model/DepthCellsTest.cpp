@@ -1,5 +1,5 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 
 #include <limits>
 
@@ -9,9 +9,9 @@ namespace Quorpricedatacontrol {
 
 using Texts = std::vector<std::string>;
 
-class DepthCellsTest : public DepthControlTest {
+class TDepthCellsTest : public TDepthControlTest {
 protected:
-  DepthCellsTest() {
+  TDepthCellsTest() {
     host.market.SetSpreadTable("01", Constdef::SpreadState_Ready, {{0, 100, 0.5}, {100, 1000, 2}});
     FillDepth(Record());
     Record().Set(Field::SpreadCode, "01");
@@ -25,7 +25,7 @@ protected:
 
 // What each layout shows
 
-TEST_F(DepthCellsTest, FiveLevelLayout) {
+TEST_F(TDepthCellsTest, FiveLevelLayout) {
   Show(qm5Full);
   const std::string none;
   EXPECT_EQ(ColumnTexts(Column::BidPrice),
@@ -42,7 +42,7 @@ TEST_F(DepthCellsTest, FiveLevelLayout) {
                    "3,100", "4,100", "5,100"}));
 }
 
-TEST_F(DepthCellsTest, TenLevelLayoutWithoutHeaderRows) {
+TEST_F(TDepthCellsTest, TenLevelLayoutWithoutHeaderRows) {
   Show(qm10Simple);
   EXPECT_EQ(ColumnTexts(Column::BidPrice),
             (Texts{"", "99.000", "700@0.5", "99.000", "98.000", "97.000", "96.000", "95.000",
@@ -58,7 +58,7 @@ TEST_F(DepthCellsTest, TenLevelLayoutWithoutHeaderRows) {
                    "6,100", "7,100", "8,100", "9,100", "10,100"}));
 }
 
-TEST_F(DepthCellsTest, TenLevelLayoutUnderHeaderRows) {
+TEST_F(TDepthCellsTest, TenLevelLayoutUnderHeaderRows) {
   Show(qm10Full);
   const std::string none;
   EXPECT_EQ(
@@ -77,7 +77,7 @@ TEST_F(DepthCellsTest, TenLevelLayoutUnderHeaderRows) {
                    "3,100", "4,100", "5,100", "6,100", "7,100", "8,100", "9,100", "10,100"}));
 }
 
-TEST_F(DepthCellsTest, TheFiveLevelLayoutStaysAtFiveLevelsWhereItHasMoreRows) {
+TEST_F(TDepthCellsTest, TheFiveLevelLayoutStaysAtFiveLevelsWhereItHasMoreRows) {
   Record().Set({{Field::UpperLimit, "110"},
                 {Field::LowerLimit, "90"},
                 {Field::AccruedInterest, "1"},
@@ -100,9 +100,9 @@ struct TLevelCase {
   int bidPrice, bidSize, bidCount, askPrice, askSize, askCount;
 };
 
-class LevelFieldsTest : public testing::TestWithParam<TLevelCase> {};
+class TLevelFieldsTest : public testing::TestWithParam<TLevelCase> {};
 
-TEST_P(LevelFieldsTest, ALevelReadsItsOwnFieldsAlone) {
+TEST_P(TLevelFieldsTest, ALevelReadsItsOwnFieldsAlone) {
   Fakes::THostFakes host;
   const TLevelCase& fields = GetParam();
   auto& record = host.Record("700");
@@ -116,7 +116,7 @@ TEST_P(LevelFieldsTest, ALevelReadsItsOwnFieldsAlone) {
   EXPECT_EQ(LevelPriceText(&record, mdtOrderCount, fields.level, Side::Ask), "(6)");
 }
 
-INSTANTIATE_TEST_SUITE_P(Levels, LevelFieldsTest,
+INSTANTIATE_TEST_SUITE_P(Levels, TLevelFieldsTest,
                          testing::Values(TLevelCase{0, 1, 16, 55, 2, 19, 65},
                                          TLevelCase{1, 81, 51, 56, 91, 61, 66},
                                          TLevelCase{2, 82, 52, 57, 92, 62, 67},
@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(Levels, LevelFieldsTest,
 
 // How a feed publishes its levels
 
-TEST_F(DepthControlTest, AFeedOfBestPricesAloneShowsNoLevelPrices) {
+TEST_F(TDepthControlTest, AFeedOfBestPricesAloneShowsNoLevelPrices) {
   Record().Set({{Field::BestBid, "99"},
                 {Field::BestAsk, "101"},
                 {Field::BestBidSize, "1000"},
@@ -145,7 +145,7 @@ TEST_F(DepthControlTest, AFeedOfBestPricesAloneShowsNoLevelPrices) {
   EXPECT_EQ(control.GetDisplayValue(8, Column::AskSize), "1,100");
 }
 
-TEST_F(DepthControlTest, AFeedWithoutLevelPricesShowsOrderCounts) {
+TEST_F(TDepthControlTest, AFeedWithoutLevelPricesShowsOrderCounts) {
   Record().Set({{Field::BestBid, "99"},
                 {Field::Bid.Size[1], "2000"},
                 {Field::Bid.Count[0], "3"},
@@ -158,7 +158,7 @@ TEST_F(DepthControlTest, AFeedWithoutLevelPricesShowsOrderCounts) {
   EXPECT_EQ(control.GetDisplayValue(9, Column::AskPrice), "(7)");
 }
 
-TEST_F(DepthControlTest, AnOrderCountShowsOnlyWhenItIsAPositiveInteger) {
+TEST_F(TDepthControlTest, AnOrderCountShowsOnlyWhenItIsAPositiveInteger) {
   Record().Set({{Field::Bid.Size[1], "2000"},
                 {Field::Bid.Count[0], "0"},
                 {Field::Bid.Count[1], "-1"},
@@ -169,14 +169,14 @@ TEST_F(DepthControlTest, AnOrderCountShowsOnlyWhenItIsAPositiveInteger) {
     EXPECT_EQ(control.GetDetailPrice(level, Side::Bid), "") << level;
 }
 
-TEST_F(DepthControlTest, TheFirstPublishedLevelDecidesHowTheFeedPublishes) {
+TEST_F(TDepthControlTest, TheFirstPublishedLevelDecidesHowTheFeedPublishes) {
   Record().Set(
       {{Field::Bid.Size[2], "3000"}, {Field::Bid.Size[3], "4000"}, {Field::Bid.Price[3], "96"}});
   ShowSymbol();
   EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
 }
 
-TEST_F(DepthControlTest, AnAskLevelDecidesWhereNoBidLevelIsPublished) {
+TEST_F(TDepthControlTest, AnAskLevelDecidesWhereNoBidLevelIsPublished) {
   Record().Set({{Field::BestBidSize, "1000"},
                 {Field::Ask.Size[9], "10"},
                 {Field::Ask.Price[9], "110"},
@@ -185,14 +185,14 @@ TEST_F(DepthControlTest, AnAskLevelDecidesWhereNoBidLevelIsPublished) {
   EXPECT_EQ(control.MarketDataType(), mdtPriced);
 }
 
-TEST_F(DepthControlTest, ABidLevelDecidesBeforeAnAskLevel) {
+TEST_F(TDepthControlTest, ABidLevelDecidesBeforeAnAskLevel) {
   Record().Set(
       {{Field::Bid.Size[9], "10"}, {Field::Ask.Size[1], "2100"}, {Field::Ask.Price[1], "102"}});
   ShowSymbol();
   EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
 }
 
-TEST_F(DepthControlTest, HowAFeedPublishesIsRetriedUntilKnownAndThenKept) {
+TEST_F(TDepthControlTest, HowAFeedPublishesIsRetriedUntilKnownAndThenKept) {
   ShowSymbol();
   Record().Set(Field::BestBidSize, "1000").Update();
   EXPECT_EQ(control.MarketDataType(), mdtUnknown);
@@ -207,7 +207,7 @@ TEST_F(DepthControlTest, HowAFeedPublishesIsRetriedUntilKnownAndThenKept) {
 
 // Sizes of zero
 
-TEST_F(DepthCellsTest, ASizeOfZeroShowsOnlyInTheSimpleLayout) {
+TEST_F(TDepthCellsTest, ASizeOfZeroShowsOnlyInTheSimpleLayout) {
   Record().Set({{Field::BestBidSize, "0"}, {Field::Ask.Size[9], "0"}});
   Show(qm10Simple);
   EXPECT_EQ(control.GetDisplayValue(3, Column::BidSize), "0");
@@ -221,14 +221,14 @@ TEST_F(DepthCellsTest, ASizeOfZeroShowsOnlyInTheSimpleLayout) {
 
 // Price steps
 
-TEST_F(DepthCellsTest, APriceOnABandsEndHasThatBandsStep) {
+TEST_F(TDepthCellsTest, APriceOnABandsEndHasThatBandsStep) {
   Record().Set({{Field::BestBid, "100"}, {Field::BestAsk, "100.5"}});
   Show(qm5Full);
   EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "700@0.5");
   EXPECT_EQ(control.GetBestPriceSpread(Side::Ask), "700@2");
 }
 
-TEST_F(DepthCellsTest, ThereIsNoStepWithoutAReadySpreadTable) {
+TEST_F(TDepthCellsTest, ThereIsNoStepWithoutAReadySpreadTable) {
   Show(qm5Full);
   Record().Set(Field::SpreadCode, "99");
   EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "");
@@ -242,7 +242,7 @@ TEST_F(DepthCellsTest, ThereIsNoStepWithoutAReadySpreadTable) {
   EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "700@1");
 }
 
-TEST_F(DepthCellsTest, ThereIsNoStepWithoutABestPrice) {
+TEST_F(TDepthCellsTest, ThereIsNoStepWithoutABestPrice) {
   Record().Remove(Field::BestAsk);
   Show(qm5Full);
   EXPECT_EQ(control.GetBestPriceSpread(Side::Ask), "");
@@ -251,7 +251,7 @@ TEST_F(DepthCellsTest, ThereIsNoStepWithoutABestPrice) {
 
 // Records that hold no data
 
-TEST_F(DepthCellsTest, OnlyTheLabelsShowWhileTheRecordIsNotReady) {
+TEST_F(TDepthCellsTest, OnlyTheLabelsShowWhileTheRecordIsNotReady) {
   for (const auto type : {mdtPriced, mdtOrderCount}) {
     control.SetSymbol("");
     FillDepth(Record().SetState(Constdef::RecordState_Ready));
@@ -271,7 +271,7 @@ TEST_F(DepthCellsTest, OnlyTheLabelsShowWhileTheRecordIsNotReady) {
   }
 }
 
-TEST_F(DepthControlTest, OnlyTheLabelsShowWithoutASymbol) {
+TEST_F(TDepthControlTest, OnlyTheLabelsShowWithoutASymbol) {
   control.SetDisplayMode(qm10Simple);
   EXPECT_EQ(ColumnTexts(Column::BidPrice), Texts(13));
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidSize), "Res_Bid");
@@ -279,7 +279,7 @@ TEST_F(DepthControlTest, OnlyTheLabelsShowWithoutASymbol) {
   EXPECT_EQ(control.GetDisplayValue(3, Column::BidSize), "");
 }
 
-TEST_F(DepthCellsTest, LabelsFollowTheLanguage) {
+TEST_F(TDepthCellsTest, LabelsFollowTheLanguage) {
   Show(qm5Full);
   host.language.SetText("Res_Bid", "Bid");
   host.language.SetText("Res_AskSize", "Ask Size");
@@ -290,7 +290,7 @@ TEST_F(DepthCellsTest, LabelsFollowTheLanguage) {
 
 // What does not exist
 
-TEST_F(DepthCellsTest, CellsThatDoNotExistAreEmpty) {
+TEST_F(TDepthCellsTest, CellsThatDoNotExistAreEmpty) {
   Show(qm10Full);
   constexpr int least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
   for (const int column : std::initializer_list<int>{least, -1, 0, 4, 15, 17, 20, 22, 54, 59, 64,
@@ -315,7 +315,7 @@ TEST_F(DepthCellsTest, CellsThatDoNotExistAreEmpty) {
     EXPECT_EQ(control.GetDetailPrice(level, Side::Bid), "") << level;
 }
 
-TEST_F(DepthCellsTest, TheSimpleLayoutHasThirteenRows) {
+TEST_F(TDepthCellsTest, TheSimpleLayoutHasThirteenRows) {
   Show(qm10Simple);
   EXPECT_EQ(control.GetDisplayValue(12, Column::BidPrice), "90.000");
   EXPECT_EQ(control.GetDisplayValue(13, Column::BidPrice), "");
@@ -325,9 +325,9 @@ TEST_F(DepthCellsTest, TheSimpleLayoutHasThirteenRows) {
 
 // Trades in the header rows
 
-class RecentTradesTest : public DepthControlTest {
+class TRecentTradesTest : public TDepthControlTest {
 protected:
-  RecentTradesTest() {
+  TRecentTradesTest() {
     host.trades.SetTrades("700", {{" 09:30:01 ", "B", "100", 318.2},
                                   {"09:30:02", "", "200", 318.4},
                                   {"09:30:03P", "S", "300", 318.6},
@@ -338,7 +338,7 @@ protected:
   }
 };
 
-TEST_F(RecentTradesTest, FiveTradesShowInTheHeaderRowsOfTheFullLayouts) {
+TEST_F(TRecentTradesTest, FiveTradesShowInTheHeaderRowsOfTheFullLayouts) {
   for (const TQuorMode mode : {qm5Full, qm10Full}) {
     control.SetDisplayMode(mode);
     EXPECT_EQ(control.GetDisplayValue(0, Column::BidPrice), "");
@@ -353,29 +353,29 @@ TEST_F(RecentTradesTest, FiveTradesShowInTheHeaderRowsOfTheFullLayouts) {
   }
 }
 
-TEST_F(RecentTradesTest, TheSimpleLayoutShowsNoTrades) {
+TEST_F(TRecentTradesTest, TheSimpleLayoutShowsNoTrades) {
   control.SetDisplayMode(qm10Simple);
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidPrice), "");
   EXPECT_EQ(control.GetDisplayValue(1, Column::AskSize), "Res_Ask");
   EXPECT_EQ(control.GetDisplayValue(5, Column::AskPrice), "");
 }
 
-TEST_F(RecentTradesTest, ATradeWithoutSideMarkGetsABlank) {
+TEST_F(TRecentTradesTest, ATradeWithoutSideMarkGetsABlank) {
   EXPECT_EQ(control.GetDisplayValue(2, Column::BidPrice), "09:30:02 ");
 }
 
-TEST_F(RecentTradesTest, ATimeThatDoesNotEndInADigitGetsNoSideMark) {
+TEST_F(TRecentTradesTest, ATimeThatDoesNotEndInADigitGetsNoSideMark) {
   EXPECT_EQ(control.GetDisplayValue(3, Column::BidPrice), "09:30:03P");
   EXPECT_EQ(control.GetDisplayValue(3, Column::AskSize), "300");
 }
 
-TEST_F(RecentTradesTest, ATradeWithoutTimeDoesNotShow) {
+TEST_F(TRecentTradesTest, ATradeWithoutTimeDoesNotShow) {
   EXPECT_FALSE(control.GetTradeInfo(4).Found);
   EXPECT_EQ(control.GetDisplayValue(4, Column::AskPrice), "");
   EXPECT_EQ(control.GetDisplayValue(4, Column::AskSize), "");
 }
 
-TEST_F(RecentTradesTest, OnlyRowsOneToFiveHoldTrades) {
+TEST_F(TRecentTradesTest, OnlyRowsOneToFiveHoldTrades) {
   for (const int row : {-1, 0, 6, 7}) {
     const TTradeInfo trade = control.GetTradeInfo(row);
     EXPECT_FALSE(trade.Found) << row;
@@ -383,7 +383,7 @@ TEST_F(RecentTradesTest, OnlyRowsOneToFiveHoldTrades) {
   }
 }
 
-TEST_F(RecentTradesTest, ASymbolWithoutTradesShowsNone) {
+TEST_F(TRecentTradesTest, ASymbolWithoutTradesShowsNone) {
   control.SetSymbol("5");
   EXPECT_FALSE(control.GetTradeInfo(1).Found);
   host.trades.SetTrades("5", {{"10:00:00", "B", "100", 60}});

@@ -8,10 +8,10 @@
 
 namespace Quorpricedatacontrol {
 
-class DetailUnderlyingTest : public testing::Test {
+class TDetailUnderlyingTest : public testing::Test {
 protected:
   /// A call on 700 at 20: price 2, underlying price 25, ten for one.
-  DetailUnderlyingTest() {
+  TDetailUnderlyingTest() {
     host.Record("13001").Set({{Field::ProductType, "4"},
                               {Field::Underlying, "700"},
                               {Field::StrikePrice, "20"},
@@ -36,7 +36,7 @@ protected:
   TCustomQuorDetailDataControl control{nullptr};
 };
 
-TEST_F(DetailUnderlyingTest, AnUnreadyUnderlyingGivesNoFigures) {
+TEST_F(TDetailUnderlyingTest, AnUnreadyUnderlyingGivesNoFigures) {
   ExpectFigures("60.00", "1.25");
   for (const int state : {Constdef::RecordState_None, Constdef::RecordState_Invalid}) {
     Underlying().SetState(state);
@@ -46,7 +46,7 @@ TEST_F(DetailUnderlyingTest, AnUnreadyUnderlyingGivesNoFigures) {
   ExpectFigures("60.00", "1.25");
 }
 
-TEST_F(DetailUnderlyingTest, AnUnderlyingThatArrivesLaterGivesThemThen) {
+TEST_F(TDetailUnderlyingTest, AnUnderlyingThatArrivesLaterGivesThemThen) {
   Fakes::TFakeRecord& later = host.Record("5").SetState(Constdef::RecordState_None);
   host.Record("13002").Set({{Field::ProductType, "4"},
                             {Field::Underlying, "5"},
@@ -60,7 +60,7 @@ TEST_F(DetailUnderlyingTest, AnUnderlyingThatArrivesLaterGivesThemThen) {
   ExpectFigures("60.00", "1.25");
 }
 
-TEST_F(DetailUnderlyingTest, AnUnderlyingWhoseStatusSuppressesItsPriceGivesNoFigures) {
+TEST_F(TDetailUnderlyingTest, AnUnderlyingWhoseStatusSuppressesItsPriceGivesNoFigures) {
   for (const char* status : {"0", "-1"}) {
     Underlying().Set(Field::Status, status);
     ExpectFigures("", "");
@@ -71,7 +71,7 @@ TEST_F(DetailUnderlyingTest, AnUnderlyingWhoseStatusSuppressesItsPriceGivesNoFig
   }
 }
 
-TEST_F(DetailUnderlyingTest, AnUnderlyingWithoutTradeCountsByTheMiddleOfItsBestPrices) {
+TEST_F(TDetailUnderlyingTest, AnUnderlyingWithoutTradeCountsByTheMiddleOfItsBestPrices) {
   Underlying().Set({{Field::Nominal, "0"},
                     {Field::BestBid, "24"},
                     {Field::BestAsk, "26"},
@@ -79,7 +79,7 @@ TEST_F(DetailUnderlyingTest, AnUnderlyingWithoutTradeCountsByTheMiddleOfItsBestP
   ExpectFigures("60.00", "1.25");
 }
 
-TEST(DetailProductType, MayHaveASign) {
+TEST(TDetailProductTypeTest, MayHaveASign) {
   Fakes::THostFakes host;
   TCustomQuorDetailDataControl control(nullptr);
   host.Record("700").Set({{Field::ProductType, "+1"}, {Field::PriceEarnings, "15.5"}});

@@ -1,5 +1,5 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 
 #include <functional>
 
@@ -31,9 +31,9 @@ void FillEverything(Fakes::TFakeRecord& record) {
 
 } // namespace
 
-class EventOrderTest : public DepthControlTest {
+class TEventOrderTest : public TDepthControlTest {
 protected:
-  EventOrderTest() {
+  TEventOrderTest() {
     Log(control.OnChange, "change", atChange);
     Log(control.OnFreeTextChange, "free text", atFreeText);
     Log(control.OnRelatedChange, "related", none_);
@@ -57,7 +57,7 @@ private:
   std::function<void()> none_;
 };
 
-TEST_F(EventOrderTest, AnUpdateTellsOfTheCellsThenOfTheTypeThenOfTheTexts) {
+TEST_F(TEventOrderTest, AnUpdateTellsOfTheCellsThenOfTheTypeThenOfTheTexts) {
   Record().SetState(Constdef::RecordState_None);
   ShowSymbol();
   names.clear();
@@ -66,7 +66,7 @@ TEST_F(EventOrderTest, AnUpdateTellsOfTheCellsThenOfTheTypeThenOfTheTexts) {
   EXPECT_EQ(names, (Names{"count", "change", "product type", "free text", "related"}));
 }
 
-TEST_F(EventOrderTest, AnUpdateHasBuiltTheCellsWhenItTellsOfThem) {
+TEST_F(TEventOrderTest, AnUpdateHasBuiltTheCellsWhenItTellsOfThem) {
   Record().SetState(Constdef::RecordState_None);
   ShowSymbol();
   FillEverything(Record().SetState(Constdef::RecordState_Ready));
@@ -85,7 +85,7 @@ TEST_F(EventOrderTest, AnUpdateHasBuiltTheCellsWhenItTellsOfThem) {
   EXPECT_EQ(told, 1);
 }
 
-TEST_F(EventOrderTest, TheTypeIsKnownBeforeTheTextsAreRead) {
+TEST_F(TEventOrderTest, TheTypeIsKnownBeforeTheTextsAreRead) {
   Record().SetState(Constdef::RecordState_None);
   ShowSymbol();
   FillEverything(Record().SetState(Constdef::RecordState_Ready));
@@ -105,13 +105,13 @@ TEST_F(EventOrderTest, TheTypeIsKnownBeforeTheTextsAreRead) {
   EXPECT_EQ(told, 2);
 }
 
-TEST_F(EventOrderTest, ASymbolTellsOfItsCellsLast) {
+TEST_F(TEventOrderTest, ASymbolTellsOfItsCellsLast) {
   FillEverything(Record());
   ShowSymbol();
   EXPECT_EQ(names, (Names{"count", "free text", "related", "change"}));
 }
 
-TEST_F(EventOrderTest, ASymbolsTypeAndHeaderAreKnownBeforeItsTexts) {
+TEST_F(TEventOrderTest, ASymbolsTypeAndHeaderAreKnownBeforeItsTexts) {
   FillEverything(Record());
   int told = 0;
   atFreeText = [&] {
@@ -130,12 +130,12 @@ TEST_F(EventOrderTest, ASymbolsTypeAndHeaderAreKnownBeforeItsTexts) {
   EXPECT_EQ(told, 2);
 }
 
-TEST_F(EventOrderTest, ASymbolWithoutAnythingToTellChangesOnlyItsCells) {
+TEST_F(TEventOrderTest, ASymbolWithoutAnythingToTellChangesOnlyItsCells) {
   ShowSymbol();
   EXPECT_EQ(names, Names{"change"});
 }
 
-TEST_F(EventOrderTest, AnotherSpreadTableTellsOfTheCellsBeforeItRebuildsTheTexts) {
+TEST_F(TEventOrderTest, AnotherSpreadTableTellsOfTheCellsBeforeItRebuildsTheTexts) {
   FillEverything(Record());
   ShowSymbol();
   names.clear();
@@ -148,7 +148,7 @@ TEST_F(EventOrderTest, AnotherSpreadTableTellsOfTheCellsBeforeItRebuildsTheTexts
   EXPECT_EQ(control.Mechanisms().PosRefPrice, "700@105");
 }
 
-TEST_F(EventOrderTest, ALayoutHasItsHeaderWhenItTellsOfItsCells) {
+TEST_F(TEventOrderTest, ALayoutHasItsHeaderWhenItTellsOfItsCells) {
   ShowSymbol();
   FillEverything(Record());
   names.clear();
@@ -163,7 +163,7 @@ TEST_F(EventOrderTest, ALayoutHasItsHeaderWhenItTellsOfItsCells) {
   EXPECT_EQ(told, 1);
 }
 
-TEST_F(EventOrderTest, TheBeginningOfTheDayHasRebuiltTheHeaderWhenItTellsOfTheCells) {
+TEST_F(TEventOrderTest, TheBeginningOfTheDayHasRebuiltTheHeaderWhenItTellsOfTheCells) {
   ShowSymbol();
   FillEverything(Record());
   names.clear();
@@ -171,7 +171,7 @@ TEST_F(EventOrderTest, TheBeginningOfTheDayHasRebuiltTheHeaderWhenItTellsOfTheCe
   EXPECT_EQ(names, (Names{"count", "change"}));
 }
 
-TEST_F(EventOrderTest, AnUpdateOfAnInstrumentInTheHeaderIsToldOnce) {
+TEST_F(TEventOrderTest, AnUpdateOfAnInstrumentInTheHeaderIsToldOnce) {
   control.SetDisplayMode(qm10Full);
   Record().Set({{Field::ProductType, "4"},
                 {Field::Underlying, "5"},
@@ -212,7 +212,7 @@ private:
 
 } // namespace
 
-TEST(DepthControlEnd, NothingReachesAControlThatIsLettingItsRecordGo) {
+TEST(TDepthControlEndTest, NothingReachesAControlThatIsLettingItsRecordGo) {
   Fakes::THostFakes host;
   TBusyAdapter adapter(host);
   TEventCounts events;

@@ -1,5 +1,5 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 #include "model/QuorPerclickDataControl.h"
 
 #include <random>
@@ -200,18 +200,18 @@ template <typename TControl> void PlayRandomly(unsigned seed) {
 
 } // namespace
 
-class RandomRecordsTest : public testing::TestWithParam<unsigned> {};
+class TRandomRecordsTest : public testing::TestWithParam<unsigned> {};
 
-TEST_P(RandomRecordsTest, NeverBreakADepthControl) {
+TEST_P(TRandomRecordsTest, NeverBreakADepthControl) {
   PlayRandomly<TCustomQuorMarketDataControl>(GetParam());
 }
 
-TEST_P(RandomRecordsTest, NeverBreakAPerclickControl) {
+TEST_P(TRandomRecordsTest, NeverBreakAPerclickControl) {
   PlayRandomly<TPerclickQuorMarketDataControl>(GetParam());
   PlayRandomly<TPerclickQuorInfoMarketDataControl>(GetParam());
 }
 
-TEST_P(RandomRecordsTest, LeaveEachQueueEntryAtItsPlace) {
+TEST_P(TRandomRecordsTest, LeaveEachQueueEntryAtItsPlace) {
   TRandom random(GetParam());
   Fakes::THostFakes host;
   for (int round = 0; round < 50; ++round) {
@@ -239,6 +239,6 @@ TEST_P(RandomRecordsTest, LeaveEachQueueEntryAtItsPlace) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomRecordsTest, testing::Range(1u, 13u));
+INSTANTIATE_TEST_SUITE_P(Seeds, TRandomRecordsTest, testing::Range(1u, 13u));
 
 } // namespace Quorpricedatacontrol

@@ -1,11 +1,11 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 
 // How many rows each layout has, and when its owner is told of another number.
 
 namespace Quorpricedatacontrol {
 
-class RowCountTest : public DepthControlTest {
+class TRowCountTest : public TDepthControlTest {
 protected:
   /// Sixteen header rows of the control's own.
   void FillAllHeaderRows() {
@@ -35,7 +35,7 @@ protected:
 
 // A record that is not ready
 
-TEST_F(RowCountTest, ALayoutOfAnUnreadyRecordHasARowForEachHeaderRow) {
+TEST_F(TRowCountTest, ALayoutOfAnUnreadyRecordHasARowForEachHeaderRow) {
   FillAllHeaderRows();
   ShowIn(qm5Full);
   LoseRecord();
@@ -49,7 +49,7 @@ TEST_F(RowCountTest, ALayoutOfAnUnreadyRecordHasARowForEachHeaderRow) {
   EXPECT_EQ(events.change, 3);
 }
 
-TEST_F(RowCountTest, ALayoutOfAnUnreadyRecordHasThirteenRowsAtLeast) {
+TEST_F(TRowCountTest, ALayoutOfAnUnreadyRecordHasThirteenRowsAtLeast) {
   ShowIn(qm10Full);
   LoseRecord();
   control.SetDisplayMode(qm5Full);
@@ -59,7 +59,7 @@ TEST_F(RowCountTest, ALayoutOfAnUnreadyRecordHasThirteenRowsAtLeast) {
   EXPECT_EQ(events.count, 0);
 }
 
-TEST_F(RowCountTest, DetailRowsOfAnUnreadyRecordAreCountedToo) {
+TEST_F(TRowCountTest, DetailRowsOfAnUnreadyRecordAreCountedToo) {
   FillStock();
   ShowIn(qm10Full);
   LoseRecord();
@@ -70,7 +70,7 @@ TEST_F(RowCountTest, DetailRowsOfAnUnreadyRecordAreCountedToo) {
 
 // Leaving the layout with detail rows
 
-TEST_F(RowCountTest, LeavingTheDetailRowsIsToldWhereThereWereAny) {
+TEST_F(TRowCountTest, LeavingTheDetailRowsIsToldWhereThereWereAny) {
   FillAllHeaderRows();
   FillStock();
   ShowIn(qm10Full);
@@ -85,7 +85,7 @@ TEST_F(RowCountTest, LeavingTheDetailRowsIsToldWhereThereWereAny) {
   EXPECT_EQ(countWhenTold, 16);
 }
 
-TEST_F(RowCountTest, LeavingTheDetailRowsIsToldWhereTheRestFitsThirteenRows) {
+TEST_F(TRowCountTest, LeavingTheDetailRowsIsToldWhereTheRestFitsThirteenRows) {
   FillStock();
   ShowIn(qm10Full);
   control.SetDisplayMode(qm10Simple);
@@ -93,7 +93,7 @@ TEST_F(RowCountTest, LeavingTheDetailRowsIsToldWhereTheRestFitsThirteenRows) {
   EXPECT_EQ(events.count, 1); // eleven and four detail rows before
 }
 
-TEST_F(RowCountTest, TheSameHeaderRowsAreNotToldWhenTheLayoutChanges) {
+TEST_F(TRowCountTest, TheSameHeaderRowsAreNotToldWhenTheLayoutChanges) {
   FillAllHeaderRows();
   ShowIn(qm10Full);
   for (const auto& [mode, count] :
@@ -105,7 +105,7 @@ TEST_F(RowCountTest, TheSameHeaderRowsAreNotToldWhenTheLayoutChanges) {
   EXPECT_EQ(events.change, 4);
 }
 
-TEST_F(RowCountTest, NewHeaderRowsAreToldWhenTheLayoutChanges) {
+TEST_F(TRowCountTest, NewHeaderRowsAreToldWhenTheLayoutChanges) {
   ShowIn(qm5Full);
   FillAllHeaderRows();
   control.SetDisplayMode(qm10Simple);
@@ -113,7 +113,7 @@ TEST_F(RowCountTest, NewHeaderRowsAreToldWhenTheLayoutChanges) {
   EXPECT_EQ(events.count, 1);
 }
 
-TEST_F(RowCountTest, TheEighteenRowsNeverChange) {
+TEST_F(TRowCountTest, TheEighteenRowsNeverChange) {
   ShowIn(qm10Full);
   FillAllHeaderRows();
   control.BODDataUpdate(nullptr, nullptr);
@@ -124,7 +124,7 @@ TEST_F(RowCountTest, TheEighteenRowsNeverChange) {
 
 // More rows than levels
 
-TEST_F(RowCountTest, TheSimpleLayoutHasNoLevelsBelowTheTenth) {
+TEST_F(TRowCountTest, TheSimpleLayoutHasNoLevelsBelowTheTenth) {
   FillDepth(Record());
   FillAllHeaderRows();
   ShowIn(qm10Simple);

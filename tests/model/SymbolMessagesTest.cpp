@@ -1,15 +1,15 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 
 // Message lines, market mechanisms and lists of related instruments.
 
 namespace Quorpricedatacontrol {
 
-using SymbolMessagesTest = DepthControlTest;
+using TSymbolMessagesTest = TDepthControlTest;
 
 // Message lines
 
-TEST_F(SymbolMessagesTest, MessagesAreTheRecords) {
+TEST_F(TSymbolMessagesTest, MessagesAreTheRecords) {
   Record().Set({{Field::FirstMessage, "halted"},
                 {Field::SecondMessage, "until noon"},
                 {Field::OtherMessage, "other"}});
@@ -19,7 +19,7 @@ TEST_F(SymbolMessagesTest, MessagesAreTheRecords) {
   EXPECT_EQ(events.freeText, 1);
 }
 
-TEST_F(SymbolMessagesTest, TheOtherMessageStandsInForBoth) {
+TEST_F(TSymbolMessagesTest, TheOtherMessageStandsInForBoth) {
   Record().Set(Field::OtherMessage, "other");
   ShowSymbol();
   EXPECT_EQ(control.FreeText1(), "other");
@@ -29,7 +29,7 @@ TEST_F(SymbolMessagesTest, TheOtherMessageStandsInForBoth) {
   EXPECT_EQ(control.FreeText2(), "second");
 }
 
-TEST_F(SymbolMessagesTest, AnUnreadyRecordShowsItsStatusText) {
+TEST_F(TSymbolMessagesTest, AnUnreadyRecordShowsItsStatusText) {
   Record()
       .Set({{Field::FirstMessage, "halted"}, {Field::SecondMessage, "soon"}})
       .SetState(Constdef::RecordState_Invalid);
@@ -41,7 +41,7 @@ TEST_F(SymbolMessagesTest, AnUnreadyRecordShowsItsStatusText) {
   EXPECT_EQ(control.FreeText1(), "halted");
 }
 
-TEST_F(SymbolMessagesTest, ARecordThatIsLostWithoutStatusTextLeavesNoMessage) {
+TEST_F(TSymbolMessagesTest, ARecordThatIsLostWithoutStatusTextLeavesNoMessage) {
   Record().Set({{Field::FirstMessage, "halted"}, {Field::SecondMessage, "soon"}});
   ShowSymbol();
   ASSERT_EQ(control.FreeText2(), "soon");
@@ -51,7 +51,7 @@ TEST_F(SymbolMessagesTest, ARecordThatIsLostWithoutStatusTextLeavesNoMessage) {
   EXPECT_EQ(events.freeText, 2);
 }
 
-TEST_F(SymbolMessagesTest, OnlyNewTextsAreTold) {
+TEST_F(TSymbolMessagesTest, OnlyNewTextsAreTold) {
   Record().Set(Field::FirstMessage, "halted");
   ShowSymbol();
   Record().Update();
@@ -63,7 +63,7 @@ TEST_F(SymbolMessagesTest, OnlyNewTextsAreTold) {
   EXPECT_EQ(control.FreeText1() + control.FreeText2(), "");
 }
 
-TEST_F(SymbolMessagesTest, NothingIsReadWhileNobodyListens) {
+TEST_F(TSymbolMessagesTest, NothingIsReadWhileNobodyListens) {
   control.OnFreeTextChange = nullptr;
   Record().Set({{Field::FirstMessage, "halted"}, {Field::PosMarker, "1"}});
   ShowSymbol();
@@ -74,7 +74,7 @@ TEST_F(SymbolMessagesTest, NothingIsReadWhileNobodyListens) {
 
 // Concealed exchanges
 
-class ConcealmentTest : public testing::Test {
+class TConcealmentTest : public testing::Test {
 protected:
   /// What a control that was made under the configuration shows of a symbol of the exchange.
   void Show(const char* configured, const char* exchange) {
@@ -92,7 +92,7 @@ protected:
   TEventCounts events;
 };
 
-TEST_F(ConcealmentTest, AConcealedExchangesSymbolIsInvalid) {
+TEST_F(TConcealmentTest, AConcealedExchangesSymbolIsInvalid) {
   Show("SSE,HKG", "HKG");
   EXPECT_EQ(control->FreeText1(), "Res_InvalidSymbol");
   EXPECT_EQ(control->FreeText2(), "second");
@@ -100,38 +100,38 @@ TEST_F(ConcealmentTest, AConcealedExchangesSymbolIsInvalid) {
   EXPECT_EQ(events.freeText, 1);
 }
 
-TEST_F(ConcealmentTest, AnotherExchangesSymbolIsNot) {
+TEST_F(TConcealmentTest, AnotherExchangesSymbolIsNot) {
   Show("SSE,HKG", "SZA");
   EXPECT_EQ(control->FreeText1(), "message");
   EXPECT_FALSE(control->Concealed());
 }
 
-TEST_F(ConcealmentTest, ConfiguredCodesAreTakenInUpperCase) {
+TEST_F(TConcealmentTest, ConfiguredCodesAreTakenInUpperCase) {
   Show("hkg", "HKG");
   EXPECT_TRUE(control->Concealed());
 }
 
-TEST_F(ConcealmentTest, ALowerCaseCodeOfARecordNeverMatches) {
+TEST_F(TConcealmentTest, ALowerCaseCodeOfARecordNeverMatches) {
   Show("hkg", "hkg");
   EXPECT_FALSE(control->Concealed());
 }
 
-TEST_F(ConcealmentTest, ConfiguredCodesAreNotTrimmed) {
+TEST_F(TConcealmentTest, ConfiguredCodesAreNotTrimmed) {
   Show("SSE, HKG", "HKG");
   EXPECT_FALSE(control->Concealed());
 }
 
-TEST_F(ConcealmentTest, AnEmptyItemConcealsRecordsWithoutExchange) {
+TEST_F(TConcealmentTest, AnEmptyItemConcealsRecordsWithoutExchange) {
   Show("SSE,,HKG", "");
   EXPECT_TRUE(control->Concealed());
 }
 
-TEST_F(ConcealmentTest, AnEmptyConfigurationConcealsNothing) {
+TEST_F(TConcealmentTest, AnEmptyConfigurationConcealsNothing) {
   Show("", "");
   EXPECT_FALSE(control->Concealed());
 }
 
-TEST_F(ConcealmentTest, ConcealmentLastsUntilTheNextSymbol) {
+TEST_F(TConcealmentTest, ConcealmentLastsUntilTheNextSymbol) {
   Show("HKG", "HKG");
   host.Record("700").Set(Field::Exchange, "SSE").Update();
   EXPECT_TRUE(control->Concealed());
@@ -140,7 +140,7 @@ TEST_F(ConcealmentTest, ConcealmentLastsUntilTheNextSymbol) {
   EXPECT_FALSE(control->Concealed());
 }
 
-TEST_F(ConcealmentTest, AnUnreadyRecordsExchangeIsConcealedToo) {
+TEST_F(TConcealmentTest, AnUnreadyRecordsExchangeIsConcealedToo) {
   host.Record("700").SetState(Constdef::RecordState_Invalid).SetStatusText("loading");
   Show("HKG", "HKG");
   EXPECT_EQ(control->FreeText1(), "Res_InvalidSymbol");
@@ -148,7 +148,7 @@ TEST_F(ConcealmentTest, AnUnreadyRecordsExchangeIsConcealedToo) {
   EXPECT_TRUE(control->Concealed());
 }
 
-TEST_F(ConcealmentTest, TheListIsReadOnceAtCreation) {
+TEST_F(TConcealmentTest, TheListIsReadOnceAtCreation) {
   Show("", "HKG");
   host.config.SetCurrent("ConcealMktDataByExch", "HKG");
   host.config.Announce();
@@ -163,10 +163,10 @@ struct TImbalanceCase {
   const char* text;
 };
 
-class ImbalanceTest : public DepthControlTest,
-                      public testing::WithParamInterface<TImbalanceCase> {};
+class TImbalanceTest : public TDepthControlTest,
+                       public testing::WithParamInterface<TImbalanceCase> {};
 
-TEST_P(ImbalanceTest, ReadsAsBuyersAgainstSellers) {
+TEST_P(TImbalanceTest, ReadsAsBuyersAgainstSellers) {
   Record().Set({{Field::PosMarker, "1"},
                 {Field::ImbalanceDirection, GetParam().direction},
                 {Field::ImbalanceQuantity, "12000"}});
@@ -181,13 +181,13 @@ TEST_P(ImbalanceTest, ReadsAsBuyersAgainstSellers) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Directions, ImbalanceTest,
+    Directions, TImbalanceTest,
     testing::Values(TImbalanceCase{"1", "Res_Bid_Short=Res_Side_Sell_Short: 12,000 sh"},
                     TImbalanceCase{"2", "Res_Bid_Short>Res_Side_Sell_Short: 12,000 sh"},
                     TImbalanceCase{"3", "Res_Bid_Short<Res_Side_Sell_Short: 12,000 sh"},
                     TImbalanceCase{"4", ""}, TImbalanceCase{"", ""}));
 
-TEST_F(SymbolMessagesTest, ThePreOpeningSessionShowsItsPrices) {
+TEST_F(TSymbolMessagesTest, ThePreOpeningSessionShowsItsPrices) {
   Record().Set({{Field::PosMarker, "1"},
                 {Field::PosReferencePrice, "100"},
                 {Field::PosLowerPrice, "85"},
@@ -208,7 +208,7 @@ TEST_F(SymbolMessagesTest, ThePreOpeningSessionShowsItsPrices) {
   EXPECT_EQ(events.freeText, 1);
 }
 
-TEST_F(SymbolMessagesTest, PricesThatThePreOpeningSessionDoesNotGiveAreEmpty) {
+TEST_F(TSymbolMessagesTest, PricesThatThePreOpeningSessionDoesNotGiveAreEmpty) {
   Record().Set({{Field::PosMarker, "1"}, {Field::PosReferencePrice, ""}});
   ShowSymbol();
   EXPECT_TRUE(control.Mechanisms().PosInForce);
@@ -216,7 +216,7 @@ TEST_F(SymbolMessagesTest, PricesThatThePreOpeningSessionDoesNotGiveAreEmpty) {
   EXPECT_EQ(control.Mechanisms().PosUpperPrice, "");
 }
 
-TEST_F(SymbolMessagesTest, ThePreOpeningSessionsTextsOutliveIt) {
+TEST_F(TSymbolMessagesTest, ThePreOpeningSessionsTextsOutliveIt) {
   Record().Set({{Field::PosMarker, "1"}, {Field::PosReferencePrice, "100"}});
   ShowSymbol();
   Record().Set(Field::PosMarker, "0").Update();
@@ -228,7 +228,7 @@ TEST_F(SymbolMessagesTest, ThePreOpeningSessionsTextsOutliveIt) {
 
 // Volatility control
 
-TEST_F(SymbolMessagesTest, VolatilityControlShowsItsCoolingOffPeriodAndPrices) {
+TEST_F(TSymbolMessagesTest, VolatilityControlShowsItsCoolingOffPeriodAndPrices) {
   Record().Set({{Field::VcmMarker, "1"},
                 {Field::VcmStartTime, "10:00"},
                 {Field::VcmEndTime, "10:05"},
@@ -245,7 +245,7 @@ TEST_F(SymbolMessagesTest, VolatilityControlShowsItsCoolingOffPeriodAndPrices) {
   EXPECT_FALSE(state.CasMarker || state.CasInForce || state.PosMarker || state.PosInForce);
 }
 
-TEST_F(SymbolMessagesTest, VolatilityControlIsInForceFromItsReferencePriceToTheEndOfItsMarker) {
+TEST_F(TSymbolMessagesTest, VolatilityControlIsInForceFromItsReferencePriceToTheEndOfItsMarker) {
   Record().Set(Field::VcmMarker, "1");
   ShowSymbol();
   EXPECT_TRUE(control.Mechanisms().VcmMarker);
@@ -263,7 +263,7 @@ TEST_F(SymbolMessagesTest, VolatilityControlIsInForceFromItsReferencePriceToTheE
 
 // Closing auction
 
-TEST_F(SymbolMessagesTest, TheClosingAuctionShowsItsImbalanceAndPrices) {
+TEST_F(TSymbolMessagesTest, TheClosingAuctionShowsItsImbalanceAndPrices) {
   Record().Set({{Field::CasMarker, "1"},
                 {Field::CasReferencePrice, "100"},
                 {Field::CasLowerPrice, "95"},
@@ -281,7 +281,7 @@ TEST_F(SymbolMessagesTest, TheClosingAuctionShowsItsImbalanceAndPrices) {
   EXPECT_FALSE(state.VcmMarker || state.VcmInForce || state.PosMarker || state.PosInForce);
 }
 
-TEST_F(SymbolMessagesTest, TheClosingAuctionIsInForceFromItsReferencePriceToTheEndOfItsMarker) {
+TEST_F(TSymbolMessagesTest, TheClosingAuctionIsInForceFromItsReferencePriceToTheEndOfItsMarker) {
   Record().Set(Field::CasMarker, "1");
   ShowSymbol();
   EXPECT_TRUE(control.Mechanisms().CasMarker);
@@ -296,7 +296,7 @@ TEST_F(SymbolMessagesTest, TheClosingAuctionIsInForceFromItsReferencePriceToTheE
   EXPECT_FALSE(control.Mechanisms().CasInForce);
 }
 
-TEST_F(SymbolMessagesTest, TheClosingAuctionsTextsAreLeftWhereBothMechanismsAreInForce) {
+TEST_F(TSymbolMessagesTest, TheClosingAuctionsTextsAreLeftWhereBothMechanismsAreInForce) {
   Record().Set({{Field::VcmMarker, "1"},
                 {Field::VcmStartTime, "a"},
                 {Field::VcmEndTime, "b"},
@@ -319,7 +319,7 @@ TEST_F(SymbolMessagesTest, TheClosingAuctionsTextsAreLeftWhereBothMechanismsAreI
   EXPECT_EQ(events.freeText, 1);
 }
 
-TEST_F(SymbolMessagesTest, EachNewStateOfAMechanismIsTold) {
+TEST_F(TSymbolMessagesTest, EachNewStateOfAMechanismIsTold) {
   ShowSymbol();
   int told = events.freeText;
   const auto expectTold = [&](int field, const char* text) {
@@ -340,7 +340,7 @@ TEST_F(SymbolMessagesTest, EachNewStateOfAMechanismIsTold) {
     expectTold(field, "2");
 }
 
-TEST_F(SymbolMessagesTest, MechanismsOfAnUnreadyRecordAreReadToo) {
+TEST_F(TSymbolMessagesTest, MechanismsOfAnUnreadyRecordAreReadToo) {
   Record().SetState(Constdef::RecordState_Invalid);
   ShowSymbol();
   Record()
@@ -362,9 +362,9 @@ TEST_F(SymbolMessagesTest, MechanismsOfAnUnreadyRecordAreReadToo) {
 
 // Rebuilding what depends on language and spreads
 
-class RebuildTest : public DepthControlTest {
+class TRebuildTest : public TDepthControlTest {
 protected:
-  RebuildTest() {
+  TRebuildTest() {
     Record().Set({{Field::SpreadCode, "01"},
                   {Field::CasMarker, "1"},
                   {Field::CasReferencePrice, "100"},
@@ -377,7 +377,7 @@ protected:
   }
 };
 
-TEST_F(RebuildTest, AnotherLanguageRebuildsTheMechanismsInForce) {
+TEST_F(TRebuildTest, AnotherLanguageRebuildsTheMechanismsInForce) {
   ASSERT_TRUE(control.Mechanisms().CasInForce);
   control.UpdateLanguage();
   TMarketMechanisms markedOnly;
@@ -386,7 +386,7 @@ TEST_F(RebuildTest, AnotherLanguageRebuildsTheMechanismsInForce) {
   EXPECT_EQ(events.freeText, 1);
 }
 
-TEST_F(RebuildTest, AnotherLanguageGivesTheTextsInIt) {
+TEST_F(TRebuildTest, AnotherLanguageGivesTheTextsInIt) {
   Record().Set(Field::CasReferencePrice, "100").Update();
   host.language.SetText("Res_Bid_Short", "B");
   host.language.SetText("Res_Side_Sell_Short", "S");
@@ -394,7 +394,7 @@ TEST_F(RebuildTest, AnotherLanguageGivesTheTextsInIt) {
   EXPECT_EQ(control.Mechanisms().VcmCasStateText, "B>S: 500 sh");
 }
 
-TEST_F(RebuildTest, AnotherSpreadTableRebuildsTheMechanismsInForce) {
+TEST_F(TRebuildTest, AnotherSpreadTableRebuildsTheMechanismsInForce) {
   host.market.AnnounceSpreads({"01"});
   EXPECT_FALSE(control.Mechanisms().CasInForce);
   EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "");
@@ -402,7 +402,7 @@ TEST_F(RebuildTest, AnotherSpreadTableRebuildsTheMechanismsInForce) {
   EXPECT_EQ(events.freeText, 1);
 }
 
-TEST_F(RebuildTest, ASpreadTableOfOtherSymbolsRebuildsNothing) {
+TEST_F(TRebuildTest, ASpreadTableOfOtherSymbolsRebuildsNothing) {
   const TMarketMechanisms before = control.Mechanisms();
   ASSERT_TRUE(before.CasInForce);
   host.market.AnnounceSpreads({"02", "03"});
@@ -411,7 +411,7 @@ TEST_F(RebuildTest, ASpreadTableOfOtherSymbolsRebuildsNothing) {
   EXPECT_EQ(events.change, 0);
 }
 
-TEST_F(RebuildTest, MechanismsThatAreNotInForceKeepTheirTexts) {
+TEST_F(TRebuildTest, MechanismsThatAreNotInForceKeepTheirTexts) {
   Record().Set(Field::CasMarker, "0").Update();
   ASSERT_FALSE(control.Mechanisms().AnyInForce());
   events = {};
@@ -421,7 +421,7 @@ TEST_F(RebuildTest, MechanismsThatAreNotInForceKeepTheirTexts) {
   EXPECT_EQ(events.freeText, 0);
 }
 
-TEST_F(SymbolMessagesTest, EachMechanismInForceCountsForARebuild) {
+TEST_F(TSymbolMessagesTest, EachMechanismInForceCountsForARebuild) {
   for (const auto& [marker, reference] : {std::pair{Field::VcmMarker, Field::VcmReferencePrice},
                                           {Field::PosMarker, Field::PosReferencePrice},
                                           {Field::CasMarker, Field::CasReferencePrice}}) {
@@ -437,7 +437,7 @@ TEST_F(SymbolMessagesTest, EachMechanismInForceCountsForARebuild) {
 
 // Related instruments
 
-TEST_F(SymbolMessagesTest, ListsOfRelatedInstrumentsAreTheRecords) {
+TEST_F(TSymbolMessagesTest, ListsOfRelatedInstrumentsAreTheRecords) {
   Record().Set({{Field::WarrantList, "13001 13002"},
                 {Field::RelatedList, "80700"},
                 {Field::LiquidityProviderList, "9001 9002"}});
@@ -448,7 +448,7 @@ TEST_F(SymbolMessagesTest, ListsOfRelatedInstrumentsAreTheRecords) {
   EXPECT_EQ(events.related, 1);
 }
 
-TEST_F(SymbolMessagesTest, EachNewListOfRelatedInstrumentsIsTold) {
+TEST_F(TSymbolMessagesTest, EachNewListOfRelatedInstrumentsIsTold) {
   ShowSymbol();
   EXPECT_EQ(events.related, 0);
   int told = 0;
@@ -460,7 +460,7 @@ TEST_F(SymbolMessagesTest, EachNewListOfRelatedInstrumentsIsTold) {
   }
 }
 
-TEST_F(SymbolMessagesTest, AnUnreadyRecordHasNoRelatedInstruments) {
+TEST_F(TSymbolMessagesTest, AnUnreadyRecordHasNoRelatedInstruments) {
   Record().Set({{Field::WarrantList, "13001"},
                 {Field::RelatedList, "80700"},
                 {Field::LiquidityProviderList, "9001"}});
@@ -470,7 +470,7 @@ TEST_F(SymbolMessagesTest, AnUnreadyRecordHasNoRelatedInstruments) {
   EXPECT_EQ(events.related, 2);
 }
 
-TEST_F(SymbolMessagesTest, RelatedInstrumentsAreNotReadWhileNobodyListens) {
+TEST_F(TSymbolMessagesTest, RelatedInstrumentsAreNotReadWhileNobodyListens) {
   control.OnRelatedChange = nullptr;
   Record().Set(Field::WarrantList, "13001");
   ShowSymbol();

@@ -14,9 +14,9 @@ namespace Quorpricedatacontrol {
 
 using Rows = std::vector<std::pair<std::string, std::string>>;
 
-class DetailControlTest : public testing::Test {
+class TDetailControlTest : public testing::Test {
 protected:
-  DetailControlTest() {
+  TDetailControlTest() {
     control.OnChange = [this](System::TObject*) { ++changes; };
   }
 
@@ -65,7 +65,7 @@ protected:
 
 // Which rows there are
 
-TEST_F(DetailControlTest, AWarrantHasItsRows) {
+TEST_F(TDetailControlTest, AWarrantHasItsRows) {
   FillWarrant();
   ShowSymbol();
   EXPECT_EQ(AllRows(), (Rows{{"Res_Underlyer", "700"},
@@ -79,7 +79,7 @@ TEST_F(DetailControlTest, AWarrantHasItsRows) {
                              {"Res_Gearing", "1.25"}}));
 }
 
-TEST_F(DetailControlTest, ACBBCHasItsRows) {
+TEST_F(TDetailControlTest, ACBBCHasItsRows) {
   FillCBBC();
   ShowSymbol();
   EXPECT_EQ(AllRows(), (Rows{{"Res_Underlyer", "700"},
@@ -95,7 +95,7 @@ TEST_F(DetailControlTest, ACBBCHasItsRows) {
                              {"Res_Gearing", "1.25"}}));
 }
 
-TEST_F(DetailControlTest, AStockHasItsRows) {
+TEST_F(TDetailControlTest, AStockHasItsRows) {
   FillStock();
   ShowSymbol();
   EXPECT_EQ(AllRows(), (Rows{{"Res_IssuedShares", "2,000"},
@@ -104,7 +104,7 @@ TEST_F(DetailControlTest, AStockHasItsRows) {
                              {"Res_Yield", "3.2%"}}));
 }
 
-TEST_F(DetailControlTest, OtherInstrumentsHaveNoRows) {
+TEST_F(TDetailControlTest, OtherInstrumentsHaveNoRows) {
   FillStock();
   for (const char* type : {"0", "2", "3", "5", "", "stock"}) {
     control.SetSymbol("");
@@ -114,7 +114,7 @@ TEST_F(DetailControlTest, OtherInstrumentsHaveNoRows) {
   }
 }
 
-TEST_F(DetailControlTest, ARecordThatWasNotReadyHasNoRowsUntilTheNextSymbol) {
+TEST_F(TDetailControlTest, ARecordThatWasNotReadyHasNoRowsUntilTheNextSymbol) {
   FillStock();
   Record().SetState(Constdef::RecordState_None);
   ShowSymbol();
@@ -128,7 +128,7 @@ TEST_F(DetailControlTest, ARecordThatWasNotReadyHasNoRowsUntilTheNextSymbol) {
   EXPECT_EQ(control.GetCount(), 4);
 }
 
-TEST_F(DetailControlTest, CellsThatDoNotExistAreEmpty) {
+TEST_F(TDetailControlTest, CellsThatDoNotExistAreEmpty) {
   FillStock();
   ShowSymbol();
   constexpr int least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
@@ -141,7 +141,7 @@ TEST_F(DetailControlTest, CellsThatDoNotExistAreEmpty) {
   EXPECT_EQ(control.GetHeader(Field::Nominal), "");
 }
 
-TEST_F(DetailControlTest, ThereIsNoValueWithoutARecord) {
+TEST_F(TDetailControlTest, ThereIsNoValueWithoutARecord) {
   EXPECT_EQ(control.GetCount(), 0);
   EXPECT_EQ(control.GetDisplayValue(0, DetailColumn::Value), "");
   for (const int field :
@@ -150,7 +150,7 @@ TEST_F(DetailControlTest, ThereIsNoValueWithoutARecord) {
     EXPECT_EQ(control.GetDisplayText(field), "") << field;
 }
 
-TEST_F(DetailControlTest, AnswersAsTheBaseOfAllGridModelsDoes) {
+TEST_F(TDetailControlTest, AnswersAsTheBaseOfAllGridModelsDoes) {
   FillStock();
   ShowSymbol();
   EXPECT_EQ(control.GetValue(2, DetailColumn::Value), System::TVariant(std::string("15.50")));
@@ -160,7 +160,7 @@ TEST_F(DetailControlTest, AnswersAsTheBaseOfAllGridModelsDoes) {
 
 // Subscriptions
 
-TEST_F(DetailControlTest, FollowsTheSymbolAndItsUnderlying) {
+TEST_F(TDetailControlTest, FollowsTheSymbolAndItsUnderlying) {
   FillWarrant();
   Record().Set(Field::Underlying, " 700 ");
   ShowSymbol();
@@ -174,7 +174,7 @@ TEST_F(DetailControlTest, FollowsTheSymbolAndItsUnderlying) {
   EXPECT_EQ(changes, 3);
 }
 
-TEST_F(DetailControlTest, AnotherRecordsUpdateIsNotTold) {
+TEST_F(TDetailControlTest, AnotherRecordsUpdateIsNotTold) {
   FillWarrant();
   ShowSymbol();
   changes = 0;
@@ -187,14 +187,14 @@ TEST_F(DetailControlTest, AnotherRecordsUpdateIsNotTold) {
   EXPECT_EQ(changes, 0);
 }
 
-TEST_F(DetailControlTest, AnUnreadyRecordsUnderlyingIsNotFollowed) {
+TEST_F(TDetailControlTest, AnUnreadyRecordsUnderlyingIsNotFollowed) {
   FillWarrant();
   Record().SetState(Constdef::RecordState_None);
   ShowSymbol();
   EXPECT_EQ(host.subscriptions.subscribed, std::vector<std::string>{"13001"});
 }
 
-TEST_F(DetailControlTest, TheSameSymbolAgainDoesNothing) {
+TEST_F(TDetailControlTest, TheSameSymbolAgainDoesNothing) {
   FillWarrant();
   ShowSymbol();
   ShowSymbol();
@@ -202,7 +202,7 @@ TEST_F(DetailControlTest, TheSameSymbolAgainDoesNothing) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(DetailControlTest, AnotherSymbolLetsBothRecordsGo) {
+TEST_F(TDetailControlTest, AnotherSymbolLetsBothRecordsGo) {
   FillCBBC();
   ShowSymbol();
   control.SetSymbol("5");
@@ -213,7 +213,7 @@ TEST_F(DetailControlTest, AnotherSymbolLetsBothRecordsGo) {
   EXPECT_EQ(host.subscriptions.abandonedListeners, 0);
 }
 
-TEST(DetailControlEnd, LetsBothRecordsGo) {
+TEST(TDetailControlEndTest, LetsBothRecordsGo) {
   Fakes::THostFakes host;
   host.Record("13001").Set({{Field::ProductType, "4"}, {Field::Underlying, "700"}});
   {
@@ -225,7 +225,7 @@ TEST(DetailControlEnd, LetsBothRecordsGo) {
   EXPECT_EQ(host.Registrations(), Fakes::TRegistrations());
 }
 
-TEST_F(DetailControlTest, LabelsFollowTheLanguage) {
+TEST_F(TDetailControlTest, LabelsFollowTheLanguage) {
   FillStock();
   ShowSymbol();
   changes = 0;
@@ -238,7 +238,7 @@ TEST_F(DetailControlTest, LabelsFollowTheLanguage) {
 
 // Labels
 
-TEST_F(DetailControlTest, TheIssueSizeIsNamedByTheInstrument) {
+TEST_F(TDetailControlTest, TheIssueSizeIsNamedByTheInstrument) {
   EXPECT_EQ(control.GetHeader(Field::IssueSize), "Res_IssuedShares");
   FillWarrant();
   ShowSymbol();
@@ -253,9 +253,9 @@ struct TNameCase {
   const char* category;
 };
 
-class CBBCNameTest : public testing::TestWithParam<TNameCase> {};
+class TCBBCNameTest : public testing::TestWithParam<TNameCase> {};
 
-TEST_P(CBBCNameTest, TellsTheContractAndItsCategory) {
+TEST_P(TCBBCNameTest, TellsTheContractAndItsCategory) {
   Fakes::TFakeRecord record("60001");
   record.Set(Field::Name, GetParam().name);
   EXPECT_EQ(DetectCBBCWarrant(&record), (TCBBCMark{GetParam().isCBBC, GetParam().category}));
@@ -264,7 +264,7 @@ TEST_P(CBBCNameTest, TellsTheContractAndItsCategory) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Names, CBBCNameTest,
+    Names, TCBBCNameTest,
     testing::Values(TNameCase{"ABCDE#XYZ", false, ""}, TNameCase{"AB#XXXXXR", true, "R"},
                     TNameCase{"AB#XXXXXQ", true, ""}, TNameCase{"AB#XXXXXn", true, "N"},
                     TNameCase{"AB#XXXXXr", true, "R"}, TNameCase{"AB#XXXXXN123", true, "N"},
@@ -273,11 +273,11 @@ INSTANTIATE_TEST_SUITE_P(
                     TNameCase{"AB", false, ""}, TNameCase{"", false, ""},
                     TNameCase{"\xE6\xBB\x99\xE8\xB1\x90#XXXXXR", true, "R"}));
 
-TEST(CBBCName, IsNotReadWithoutARecord) { EXPECT_EQ(DetectCBBCWarrant(nullptr), TCBBCMark()); }
+TEST(TCBBCMarkTest, IsNotReadWithoutARecord) { EXPECT_EQ(DetectCBBCWarrant(nullptr), TCBBCMark()); }
 
 // Calls and puts
 
-TEST_F(DetailControlTest, CallAndPutAreToldByTheFirstCharacter) {
+TEST_F(TDetailControlTest, CallAndPutAreToldByTheFirstCharacter) {
   for (const char* text : {"1", "6", "C", "Call"})
     EXPECT_EQ(GetCallPutFlag(&Record().Set(Field::CallPut, text)), cpfCall) << text;
   for (const char* text : {"2", "7", "P", "Put"})
@@ -287,7 +287,7 @@ TEST_F(DetailControlTest, CallAndPutAreToldByTheFirstCharacter) {
   EXPECT_EQ(GetCallPutFlag(nullptr), cpfUnknown);
 }
 
-TEST_F(DetailControlTest, CallAndPutHaveTheirTexts) {
+TEST_F(TDetailControlTest, CallAndPutHaveTheirTexts) {
   FillWarrant();
   ShowSymbol();
   EXPECT_EQ(control.GetDisplayText(Field::CallPut), "Res_Call");
@@ -299,7 +299,7 @@ TEST_F(DetailControlTest, CallAndPutHaveTheirTexts) {
 
 // Prices
 
-TEST_F(DetailControlTest, APriceIsTheNominalElseTheMiddleElseThePreviousClose) {
+TEST_F(TDetailControlTest, APriceIsTheNominalElseTheMiddleElseThePreviousClose) {
   Record().Set({{Field::Nominal, "0"},
                 {Field::BestBid, "10"},
                 {Field::BestAsk, "10.2"},
@@ -315,7 +315,7 @@ TEST_F(DetailControlTest, APriceIsTheNominalElseTheMiddleElseThePreviousClose) {
   EXPECT_DOUBLE_EQ(GetPrice(&Record()), 9);
 }
 
-TEST_F(DetailControlTest, ARecordMayHaveNoPrice) {
+TEST_F(TDetailControlTest, ARecordMayHaveNoPrice) {
   Record().Set(Field::Nominal, "12");
   EXPECT_EQ(GetPrice(nullptr), 0);
   for (const char* status : {"0", "-1"})
@@ -326,7 +326,7 @@ TEST_F(DetailControlTest, ARecordMayHaveNoPrice) {
   EXPECT_EQ(GetPrice(&Record()), 0);
 }
 
-TEST_F(DetailControlTest, ARecordWithoutPriceHasNoFiguresMadeOfIt) {
+TEST_F(TDetailControlTest, ARecordWithoutPriceHasNoFiguresMadeOfIt) {
   FillWarrant();
   ShowSymbol();
   Record().Set(Field::Status, "-1");
@@ -340,14 +340,14 @@ TEST_F(DetailControlTest, ARecordWithoutPriceHasNoFiguresMadeOfIt) {
 
 // Gearing and premium
 
-TEST_F(DetailControlTest, GearingIsTheUnderlyingOverWhatStandsForIt) {
+TEST_F(TDetailControlTest, GearingIsTheUnderlyingOverWhatStandsForIt) {
   FillWarrant();
   EXPECT_DOUBLE_EQ(GetGearing(&Record(), &host.Record("700")), 25.0 / 2 * 0.1);
   EXPECT_EQ(GetGearing(nullptr, &host.Record("700")), 0);
   EXPECT_EQ(GetGearing(&Record(), nullptr), 0);
 }
 
-TEST_F(DetailControlTest, PremiumOfACallAndOfAPut) {
+TEST_F(TDetailControlTest, PremiumOfACallAndOfAPut) {
   FillWarrant();
   auto& underlying = host.Record("700");
   EXPECT_DOUBLE_EQ(GetPremium(&Record(), &underlying), ((2 / 0.1 + 20) / 25 - 1) * 100);
@@ -361,7 +361,7 @@ TEST_F(DetailControlTest, PremiumOfACallAndOfAPut) {
   EXPECT_EQ(GetPremium(&Record(), nullptr), 0);
 }
 
-TEST_F(DetailControlTest, GearingAndPremiumNeedEachOfTheirFigures) {
+TEST_F(TDetailControlTest, GearingAndPremiumNeedEachOfTheirFigures) {
   ShowSymbol();
   for (const int field : {Field::Nominal, Field::ConversionRatio, Field::StrikePrice}) {
     FillWarrant();
@@ -377,7 +377,7 @@ TEST_F(DetailControlTest, GearingAndPremiumNeedEachOfTheirFigures) {
   EXPECT_EQ(GetGearing(&Record(), &host.Record("700")), 0);
 }
 
-TEST_F(DetailControlTest, AWarrantWithoutUnderlyingHasNeitherPremiumNorGearing) {
+TEST_F(TDetailControlTest, AWarrantWithoutUnderlyingHasNeitherPremiumNorGearing) {
   FillWarrant();
   Record().Set(Field::Underlying, " ");
   ShowSymbol();
@@ -385,7 +385,7 @@ TEST_F(DetailControlTest, AWarrantWithoutUnderlyingHasNeitherPremiumNorGearing) 
   EXPECT_EQ(control.GetDisplayText(Field::Gearing), "");
 }
 
-TEST_F(DetailControlTest, OtherInstrumentsShowTheFeedsPremiumAndGearing) {
+TEST_F(TDetailControlTest, OtherInstrumentsShowTheFeedsPremiumAndGearing) {
   FillStock();
   Record().Set({{Field::Premium, "0.125"}, {Field::Gearing, "3.5"}});
   ShowSymbol();
@@ -399,7 +399,7 @@ TEST_F(DetailControlTest, OtherInstrumentsShowTheFeedsPremiumAndGearing) {
   EXPECT_EQ(control.GetDisplayText(Field::Gearing), "");
 }
 
-TEST_F(DetailControlTest, AWarrantIgnoresTheFeedsPremiumAndGearing) {
+TEST_F(TDetailControlTest, AWarrantIgnoresTheFeedsPremiumAndGearing) {
   FillWarrant();
   Record().Set({{Field::Premium, "0.125"}, {Field::Gearing, "3.5"}});
   ShowSymbol();
@@ -409,7 +409,7 @@ TEST_F(DetailControlTest, AWarrantIgnoresTheFeedsPremiumAndGearing) {
 
 // Market capitalisation
 
-TEST_F(DetailControlTest, AStocksCapitalisationIsItsPriceTimesItsShares) {
+TEST_F(TDetailControlTest, AStocksCapitalisationIsItsPriceTimesItsShares) {
   FillStock();
   ShowSymbol();
   Record().Set(Field::MarketCap, "777");
@@ -420,7 +420,7 @@ TEST_F(DetailControlTest, AStocksCapitalisationIsItsPriceTimesItsShares) {
   EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "");
 }
 
-TEST_F(DetailControlTest, OtherInstrumentsShowTheFeedsCapitalisation) {
+TEST_F(TDetailControlTest, OtherInstrumentsShowTheFeedsCapitalisation) {
   FillWarrant();
   ShowSymbol();
   EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "");
@@ -430,7 +430,7 @@ TEST_F(DetailControlTest, OtherInstrumentsShowTheFeedsCapitalisation) {
 
 // Other texts
 
-TEST_F(DetailControlTest, AConversionRatioReadsAsAFractionBelowATwentieth) {
+TEST_F(TDetailControlTest, AConversionRatioReadsAsAFractionBelowATwentieth) {
   ShowSymbol();
   for (const auto& [ratio, text] : {std::pair{"0.1", "13001@0.1/6"},
                                     {"0.05", "13001@0.05/6"},
@@ -446,7 +446,7 @@ TEST_F(DetailControlTest, AConversionRatioReadsAsAFractionBelowATwentieth) {
   }
 }
 
-TEST_F(DetailControlTest, AnOptionStyleThatHasNoTextShowsAsItStands) {
+TEST_F(TDetailControlTest, AnOptionStyleThatHasNoTextShowsAsItStands) {
   ShowSymbol();
   for (const auto& [style, text] : {std::pair{"1", "Res_OptionStyle_EU"},
                                     {"2", "Res_OptionStyle_US"},
@@ -457,7 +457,7 @@ TEST_F(DetailControlTest, AnOptionStyleThatHasNoTextShowsAsItStands) {
   }
 }
 
-TEST_F(DetailControlTest, PricesOfZeroAreEmpty) {
+TEST_F(TDetailControlTest, PricesOfZeroAreEmpty) {
   FillCBBC();
   ShowSymbol();
   for (const int field : {Field::StrikePrice, Field::CallPrice}) {
@@ -468,7 +468,7 @@ TEST_F(DetailControlTest, PricesOfZeroAreEmpty) {
   }
 }
 
-TEST_F(DetailControlTest, TheIssueSizeReadsInItsStyle) {
+TEST_F(TDetailControlTest, TheIssueSizeReadsInItsStyle) {
   FillWarrant();
   ShowSymbol();
   TCustomQuorDetailDataControl amounts(nullptr, TIssueSizeStyle::Amount);

@@ -1,5 +1,5 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 #include "model/QuorPerclickDataControl.h"
 
 #include <limits>
@@ -54,12 +54,12 @@ protected:
   }
 };
 
-using BestPriceGridTest = TPerclickTest<TPerclickQuorMarketDataControl>;
-using SummaryGridTest = TPerclickTest<TPerclickQuorInfoMarketDataControl>;
+using TBestPriceGridTest = TPerclickTest<TPerclickQuorMarketDataControl>;
+using TSummaryGridTest = TPerclickTest<TPerclickQuorInfoMarketDataControl>;
 
 // Best-price grid
 
-TEST_F(BestPriceGridTest, ShowsBestPricesStepsAndSizes) {
+TEST_F(TBestPriceGridTest, ShowsBestPricesStepsAndSizes) {
   ShowSymbol();
   EXPECT_EQ(control.GetCount(), 3);
   EXPECT_EQ(ColumnTexts(Column::BidSize), (Texts{"Res_Bid", "Res_BidSize", "1,000"}));
@@ -68,13 +68,13 @@ TEST_F(BestPriceGridTest, ShowsBestPricesStepsAndSizes) {
   EXPECT_EQ(ColumnTexts(Column::AskSize), (Texts{"Res_Ask", "Res_AskSize", "1,100"}));
 }
 
-TEST_F(BestPriceGridTest, ShowsOnlyItsLabelsWithoutSymbol) {
+TEST_F(TBestPriceGridTest, ShowsOnlyItsLabelsWithoutSymbol) {
   EXPECT_EQ(ColumnTexts(Column::BidSize), (Texts{"Res_Bid", "Res_BidSize", ""}));
   EXPECT_EQ(ColumnTexts(Column::AskSize), (Texts{"Res_Ask", "Res_AskSize", ""}));
   EXPECT_EQ(ColumnTexts(Column::BidPrice), Texts(3));
 }
 
-TEST_F(BestPriceGridTest, ASizeThatTheRecordDoesNotGiveIsEmpty) {
+TEST_F(TBestPriceGridTest, ASizeThatTheRecordDoesNotGiveIsEmpty) {
   ShowSymbol();
   Record().Remove(Field::BestBidSize);
   EXPECT_EQ(control.GetDisplayValue(2, Column::BidSize), "");
@@ -84,7 +84,7 @@ TEST_F(BestPriceGridTest, ASizeThatTheRecordDoesNotGiveIsEmpty) {
   EXPECT_EQ(control.GetDisplayValue(2, Column::AskSize), "");
 }
 
-TEST_F(BestPriceGridTest, AnUnreadyRecordHasNoSizes) {
+TEST_F(TBestPriceGridTest, AnUnreadyRecordHasNoSizes) {
   ShowSymbol();
   for (const int state : {Constdef::RecordState_None, Constdef::RecordState_Invalid}) {
     Record().SetState(state);
@@ -93,14 +93,14 @@ TEST_F(BestPriceGridTest, AnUnreadyRecordHasNoSizes) {
   }
 }
 
-TEST_F(BestPriceGridTest, ASizeOfZeroShowsAsItStands) {
+TEST_F(TBestPriceGridTest, ASizeOfZeroShowsAsItStands) {
   Record().Set({{Field::BestBidSize, "0"}, {Field::BestAskSize, "0"}});
   ShowSymbol();
   EXPECT_EQ(control.GetDisplayValue(2, Column::BidSize), "0");
   EXPECT_EQ(control.GetDisplayValue(2, Column::AskSize), "0");
 }
 
-TEST_F(BestPriceGridTest, CellsThatDoNotExistAreEmpty) {
+TEST_F(TBestPriceGridTest, CellsThatDoNotExistAreEmpty) {
   ShowSymbol();
   for (const int row : {Least, -1, 3, 6, Most})
     for (const int column : PriceAndSizeColumns)
@@ -115,7 +115,7 @@ TEST_F(BestPriceGridTest, CellsThatDoNotExistAreEmpty) {
   }
 }
 
-TEST_F(BestPriceGridTest, TellsOfThePriceWithEverySymbolAndUpdate) {
+TEST_F(TBestPriceGridTest, TellsOfThePriceWithEverySymbolAndUpdate) {
   Record().Set(Field::WarrantList, "13001");
   ShowSymbol();
   EXPECT_EQ(events.related, 1);
@@ -128,7 +128,7 @@ TEST_F(BestPriceGridTest, TellsOfThePriceWithEverySymbolAndUpdate) {
   EXPECT_EQ(events.related, 3);
 }
 
-TEST_F(BestPriceGridTest, TellsWhenThePriceWasUpdated) {
+TEST_F(TBestPriceGridTest, TellsWhenThePriceWasUpdated) {
   EXPECT_EQ(control.GetLastUpdateTime(), "");
   ShowSymbol();
   EXPECT_EQ(control.GetLastUpdateTime(), "10:15:00");
@@ -136,7 +136,7 @@ TEST_F(BestPriceGridTest, TellsWhenThePriceWasUpdated) {
   EXPECT_EQ(control.GetLastUpdateTime(), "");
 }
 
-TEST_F(BestPriceGridTest, RefreshesTheSubscribedSymbol) {
+TEST_F(TBestPriceGridTest, RefreshesTheSubscribedSymbol) {
   control.RefreshPrice();
   EXPECT_TRUE(host.subscriptions.refreshed.empty());
   ShowSymbol();
@@ -144,7 +144,7 @@ TEST_F(BestPriceGridTest, RefreshesTheSubscribedSymbol) {
   EXPECT_EQ(host.subscriptions.refreshed, Texts{"700"});
 }
 
-TEST_F(BestPriceGridTest, GivesTheHeaderTextsOfTheLastPrice) {
+TEST_F(TBestPriceGridTest, GivesTheHeaderTextsOfTheLastPrice) {
   Record().Set({{Field::Change, "+2"}, {Field::ChangePercent, "2.04"}});
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeaderDisplayData(Field::Nominal), "100.000");
@@ -152,7 +152,7 @@ TEST_F(BestPriceGridTest, GivesTheHeaderTextsOfTheLastPrice) {
   EXPECT_EQ(control.GetCellHeaderDisplayData(Field::ChangePercent), "chg%(2.04)");
 }
 
-TEST_F(BestPriceGridTest, AClickCopiesTheSidesBestPrice) {
+TEST_F(TBestPriceGridTest, AClickCopiesTheSidesBestPrice) {
   ShowSymbol();
   for (const int row : {0, 1, 2}) {
     EXPECT_EQ(Click(row, Column::BidPrice).price, 99);
@@ -162,7 +162,7 @@ TEST_F(BestPriceGridTest, AClickCopiesTheSidesBestPrice) {
   }
 }
 
-TEST_F(BestPriceGridTest, TheDefaultStyleCopiesTheSizeFromASizeColumn) {
+TEST_F(TBestPriceGridTest, TheDefaultStyleCopiesTheSizeFromASizeColumn) {
   ShowSymbol();
   EXPECT_EQ(Click(2, Column::BidSize).quantity, 1000);
   EXPECT_EQ(Click(2, Column::AskSize).quantity, 1100);
@@ -170,7 +170,7 @@ TEST_F(BestPriceGridTest, TheDefaultStyleCopiesTheSizeFromASizeColumn) {
   EXPECT_EQ(Click(0, Column::AskPrice).quantity, 0);
 }
 
-TEST_F(BestPriceGridTest, OtherStylesCopyTheirQuantityFromEveryColumn) {
+TEST_F(TBestPriceGridTest, OtherStylesCopyTheirQuantityFromEveryColumn) {
   ShowSymbol();
   SetStyle("L");
   for (const int column : PriceAndSizeColumns)
@@ -183,7 +183,7 @@ TEST_F(BestPriceGridTest, OtherStylesCopyTheirQuantityFromEveryColumn) {
   EXPECT_EQ(Click(0, Column::AskPrice).quantity, 1100);
 }
 
-TEST_F(BestPriceGridTest, OnlyBidsAreFlagged) {
+TEST_F(TBestPriceGridTest, OnlyBidsAreFlagged) {
   ShowSymbol();
   const std::map<std::string, std::string, std::less<>> flagged = {{"OrderFlags", "1"}};
   EXPECT_EQ(Click(0, Column::BidPrice).values, flagged);
@@ -192,7 +192,7 @@ TEST_F(BestPriceGridTest, OnlyBidsAreFlagged) {
   EXPECT_TRUE(Click(0, Column::AskSize).values.empty());
 }
 
-TEST_F(BestPriceGridTest, TheNominalPriceIsCopiedAsAHeaderPrice) {
+TEST_F(TBestPriceGridTest, TheNominalPriceIsCopiedAsAHeaderPrice) {
   ShowSymbol();
   EXPECT_EQ(Click(0, Column::HeaderValue).price, 100);
   EXPECT_FALSE(Click(0, Column::HeaderValue).quantity.has_value());
@@ -200,14 +200,14 @@ TEST_F(BestPriceGridTest, TheNominalPriceIsCopiedAsAHeaderPrice) {
   EXPECT_EQ(Click(0, Column::HeaderValue).quantity, 500);
 }
 
-TEST_F(BestPriceGridTest, AMissingPriceIsLeftUnset) {
+TEST_F(TBestPriceGridTest, AMissingPriceIsLeftUnset) {
   Record().Remove(Field::BestBid).Remove(Field::Nominal);
   ShowSymbol();
   EXPECT_FALSE(Click(0, Column::BidPrice).price.has_value());
   EXPECT_FALSE(Click(0, Column::HeaderValue).price.has_value());
 }
 
-TEST_F(BestPriceGridTest, ACopyTravelsAsTheDepthControlsDoes) {
+TEST_F(TBestPriceGridTest, ACopyTravelsAsTheDepthControlsDoes) {
   control.GroupID = "G1";
   ShowSymbol();
   const TSentOrder order = Click(0, Column::BidPrice);
@@ -219,7 +219,7 @@ TEST_F(BestPriceGridTest, ACopyTravelsAsTheDepthControlsDoes) {
   EXPECT_EQ(host.channels.sentOrders.back().quantity, 200);
 }
 
-TEST_F(BestPriceGridTest, NothingIsCopiedWithoutRecordOrField) {
+TEST_F(TBestPriceGridTest, NothingIsCopiedWithoutRecordOrField) {
   EXPECT_FALSE(Sends(0, Column::BidPrice));
   ShowSymbol();
   for (const int column : std::initializer_list<int>{Least, 0, 4, Column::HeaderCaption,
@@ -229,7 +229,7 @@ TEST_F(BestPriceGridTest, NothingIsCopiedWithoutRecordOrField) {
 
 // Summary grid
 
-TEST_F(SummaryGridTest, ShowsTenFiguresUnderTheirLabels) {
+TEST_F(TSummaryGridTest, ShowsTenFiguresUnderTheirLabels) {
   ShowSymbol();
   EXPECT_EQ(control.GetCount(), 4);
   EXPECT_EQ(ColumnTexts(Column::InfoOpen),
@@ -244,11 +244,11 @@ TEST_F(SummaryGridTest, ShowsTenFiguresUnderTheirLabels) {
             (Texts{"Res_Currency", "HKD", "Res_Low_52wks", "50.000"}));
 }
 
-TEST_F(SummaryGridTest, ShowsOnlyItsLabelsWithoutSymbol) {
+TEST_F(TSummaryGridTest, ShowsOnlyItsLabelsWithoutSymbol) {
   EXPECT_EQ(ColumnTexts(Column::InfoOpen), (Texts{"Res_OpenPrice", "", "Res_Volume", ""}));
 }
 
-TEST_F(SummaryGridTest, CellsThatDoNotExistAreEmpty) {
+TEST_F(TSummaryGridTest, CellsThatDoNotExistAreEmpty) {
   ShowSymbol();
   for (const int row : {Least, -1, 4, Most})
     EXPECT_EQ(control.GetDisplayValue(row, Column::InfoOpen), "") << row;
@@ -259,7 +259,7 @@ TEST_F(SummaryGridTest, CellsThatDoNotExistAreEmpty) {
       EXPECT_EQ(control.GetDisplayValue(row, column), "") << column;
 }
 
-TEST_F(SummaryGridTest, AClickCopiesTheFigureOrTheNominalPrice) {
+TEST_F(TSummaryGridTest, AClickCopiesTheFigureOrTheNominalPrice) {
   ShowSymbol();
   const struct {
     int column;
@@ -276,7 +276,7 @@ TEST_F(SummaryGridTest, AClickCopiesTheFigureOrTheNominalPrice) {
     }
 }
 
-TEST_F(SummaryGridTest, OnlyTheOneLotStyleCopiesAQuantity) {
+TEST_F(TSummaryGridTest, OnlyTheOneLotStyleCopiesAQuantity) {
   ShowSymbol();
   for (const int row : {0, 1, 2, 3})
     for (int column = Column::InfoOpen; column <= Column::InfoCurrency; ++column) {
@@ -290,14 +290,14 @@ TEST_F(SummaryGridTest, OnlyTheOneLotStyleCopiesAQuantity) {
     }
 }
 
-TEST_F(SummaryGridTest, AMissingPriceIsLeftUnset) {
+TEST_F(TSummaryGridTest, AMissingPriceIsLeftUnset) {
   Record().Remove(Field::Low52Weeks).Remove(Field::Nominal);
   ShowSymbol();
   EXPECT_FALSE(Click(2, Column::InfoCurrency).price.has_value());
   EXPECT_FALSE(Click(0, Column::InfoCurrency).price.has_value());
 }
 
-TEST_F(SummaryGridTest, ACopyTravelsAsTheDepthControlsDoes) {
+TEST_F(TSummaryGridTest, ACopyTravelsAsTheDepthControlsDoes) {
   control.GroupID = "G1";
   ShowSymbol();
   const TSentOrder order = Click(3, Column::InfoHigh);
@@ -307,7 +307,7 @@ TEST_F(SummaryGridTest, ACopyTravelsAsTheDepthControlsDoes) {
   EXPECT_EQ(order.source, "G1");
 }
 
-TEST_F(SummaryGridTest, NothingIsCopiedWithoutRecordOrCell) {
+TEST_F(TSummaryGridTest, NothingIsCopiedWithoutRecordOrCell) {
   EXPECT_FALSE(Sends(0, Column::InfoOpen));
   ShowSymbol();
   for (const int column :
@@ -317,7 +317,7 @@ TEST_F(SummaryGridTest, NothingIsCopiedWithoutRecordOrCell) {
     EXPECT_FALSE(Sends(row, Column::InfoOpen)) << row;
 }
 
-TEST_F(SummaryGridTest, RelatedInstrumentsStayTheDepthControls) {
+TEST_F(TSummaryGridTest, RelatedInstrumentsStayTheDepthControls) {
   Record().Set(Field::WarrantList, "13001");
   ShowSymbol();
   EXPECT_EQ(control.WarrantList(), "13001");

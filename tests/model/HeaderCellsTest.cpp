@@ -1,5 +1,5 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 
 #include <array>
 
@@ -9,7 +9,7 @@ namespace Quorpricedatacontrol {
 
 using Texts = std::vector<std::string>;
 
-class HeaderRowsTest : public DepthControlTest {
+class THeaderRowsTest : public TDepthControlTest {
 protected:
   /// The captions of the rows, up to the last one that is not empty.
   Texts Captions() const {
@@ -22,7 +22,7 @@ protected:
 
 // Which rows there are
 
-TEST_F(HeaderRowsTest, ElevenRowsStandForEverySymbol) {
+TEST_F(THeaderRowsTest, ElevenRowsStandForEverySymbol) {
   const Texts captions = {"",
                           "Res_HighPrice",
                           "Res_LowPrice",
@@ -40,7 +40,7 @@ TEST_F(HeaderRowsTest, ElevenRowsStandForEverySymbol) {
   EXPECT_EQ(control.GetHeaderLastPriceIndex(), 6);
 }
 
-TEST_F(HeaderRowsTest, OptionalFieldsTakeTheirPlacesInOrder) {
+TEST_F(THeaderRowsTest, OptionalFieldsTakeTheirPlacesInOrder) {
   Record().Set({{Field::High52Weeks, "1"},
                 {Field::Low52Weeks, "1"},
                 {Field::Open, "1"},
@@ -57,7 +57,7 @@ TEST_F(HeaderRowsTest, OptionalFieldsTakeTheirPlacesInOrder) {
   EXPECT_EQ(control.GetHeaderLastPriceIndex(), 8);
 }
 
-TEST_F(HeaderRowsTest, LimitsFollowTheEmptyRowWhereThereIsNoOpeningPrice) {
+TEST_F(THeaderRowsTest, LimitsFollowTheEmptyRowWhereThereIsNoOpeningPrice) {
   Record().Set({{Field::UpperLimit, "1"}, {Field::LowerLimit, "1"}});
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(0), "");
@@ -66,7 +66,7 @@ TEST_F(HeaderRowsTest, LimitsFollowTheEmptyRowWhereThereIsNoOpeningPrice) {
   EXPECT_EQ(control.GetCellHeader(3), "Res_HighPrice");
 }
 
-TEST_F(HeaderRowsTest, OneLimitAloneDoesNotShow) {
+TEST_F(THeaderRowsTest, OneLimitAloneDoesNotShow) {
   Record().Set(Field::UpperLimit, "1");
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(1), "Res_HighPrice");
@@ -76,7 +76,7 @@ TEST_F(HeaderRowsTest, OneLimitAloneDoesNotShow) {
   EXPECT_EQ(control.GetCellHeader(1), "Res_HighPrice");
 }
 
-TEST_F(HeaderRowsTest, EachYearlyExtremeIsARowOfItsOwn) {
+TEST_F(THeaderRowsTest, EachYearlyExtremeIsARowOfItsOwn) {
   Record().Set(Field::Low52Weeks, "1");
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(10), "Res_Currency");
@@ -84,7 +84,7 @@ TEST_F(HeaderRowsTest, EachYearlyExtremeIsARowOfItsOwn) {
   EXPECT_EQ(control.GetCellHeader(12), "");
 }
 
-TEST_F(HeaderRowsTest, AccruedInterestStandsBeforeTheCurrency) {
+TEST_F(THeaderRowsTest, AccruedInterestStandsBeforeTheCurrency) {
   Record().Set({{Field::AccruedInterest, "1.5"}, {Field::High52Weeks, "1"}});
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(9), "Res_LotSize");
@@ -93,7 +93,7 @@ TEST_F(HeaderRowsTest, AccruedInterestStandsBeforeTheCurrency) {
   EXPECT_EQ(control.GetCellHeader(12), "Res_High_52wks");
 }
 
-TEST_F(HeaderRowsTest, TheNumberOfRowsIsToldOnlyWhenItChanged) {
+TEST_F(THeaderRowsTest, TheNumberOfRowsIsToldOnlyWhenItChanged) {
   ShowSymbol();
   EXPECT_EQ(events.count, 0);
   Record().Set({{Field::High52Weeks, "1"},
@@ -111,7 +111,7 @@ TEST_F(HeaderRowsTest, TheNumberOfRowsIsToldOnlyWhenItChanged) {
   EXPECT_EQ(events.count, 2);
 }
 
-TEST_F(HeaderRowsTest, TheHeaderIsBuiltOncePerLoadedRecord) {
+TEST_F(THeaderRowsTest, TheHeaderIsBuiltOncePerLoadedRecord) {
   ShowSymbol();
   Record().Set(Field::Open, "1").Update();
   EXPECT_EQ(control.GetCellHeader(0), "");
@@ -120,7 +120,7 @@ TEST_F(HeaderRowsTest, TheHeaderIsBuiltOncePerLoadedRecord) {
   EXPECT_EQ(control.GetCellHeader(0), "Res_OpenPrc");
 }
 
-TEST(HeaderRows, AFieldThatNoRowShowsHasNoRow) {
+TEST(THeaderTableTest, AFieldThatNoRowShowsHasNoRow) {
   Fakes::TFakeRecord record("700");
   THeaderRows rows;
   for (const int field :
@@ -135,7 +135,7 @@ TEST(HeaderRows, AFieldThatNoRowShowsHasNoRow) {
   EXPECT_EQ(rows.RowOf(Field::High52Weeks), -1);
 }
 
-TEST_F(HeaderRowsTest, RowsBesideEachOtherDoNotDependOnEachOther) {
+TEST_F(THeaderRowsTest, RowsBesideEachOtherDoNotDependOnEachOther) {
   Record().Set({{Field::Turnover, "500"}, {Field::BestBid, "99"}, {Field::BestBidSize, "1000"}});
   control.SetDisplayMode(qm5Full);
   ShowSymbol();
@@ -144,7 +144,7 @@ TEST_F(HeaderRowsTest, RowsBesideEachOtherDoNotDependOnEachOther) {
   EXPECT_EQ(control.GetDisplayValue(8, Column::BidSize), "1,000");
 }
 
-TEST_F(HeaderRowsTest, CaptionsFollowTheLanguage) {
+TEST_F(THeaderRowsTest, CaptionsFollowTheLanguage) {
   ShowSymbol();
   host.language.SetText("Res_HighPrice", "High");
   EXPECT_EQ(control.GetCellHeader(1), "Res_HighPrice");
@@ -162,9 +162,9 @@ struct TFieldCase {
   const char* value;
 };
 
-class HeaderFieldTest : public testing::TestWithParam<TFieldCase> {};
+class THeaderFieldTest : public testing::TestWithParam<TFieldCase> {};
 
-TEST_P(HeaderFieldTest, HasItsCaptionAndItsForm) {
+TEST_P(THeaderFieldTest, HasItsCaptionAndItsForm) {
   Fakes::THostFakes host;
   TCustomQuorMarketDataControl control(nullptr);
   const TFieldCase& field = GetParam();
@@ -179,7 +179,7 @@ TEST_P(HeaderFieldTest, HasItsCaptionAndItsForm) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Fields, HeaderFieldTest,
+    Fields, THeaderFieldTest,
     testing::Values(TFieldCase{Field::Nominal, "Res_Nominal", "318.2", "318.200"},
                     TFieldCase{Field::Volume, "Res_Volume", "1234567", "1,234,567"},
                     TFieldCase{Field::Currency, "Res_Currency", "HKD", "HKD"},
@@ -202,7 +202,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TFieldCase{Field::Underlying, "", "as it stands", "as it stands"},
                     TFieldCase{Field::BestBid, "", "99.50", "99.50"}));
 
-TEST_F(HeaderRowsTest, ACurrencyThatTheRecordDoesNotGiveIsTheInstruments) {
+TEST_F(THeaderRowsTest, ACurrencyThatTheRecordDoesNotGiveIsTheInstruments) {
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeaderDisplayData(Field::Currency), "");
   host.market.SetCurrency("700", "CNY");
@@ -218,7 +218,7 @@ TEST_F(HeaderRowsTest, ACurrencyThatTheRecordDoesNotGiveIsTheInstruments) {
   EXPECT_EQ(control.GetCellHeaderDisplayData(Field::Currency), "");
 }
 
-TEST_F(HeaderRowsTest, RowsThatDoNotExistAreEmpty) {
+TEST_F(THeaderRowsTest, RowsThatDoNotExistAreEmpty) {
   Record().Set(Field::Currency, "HKD");
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeaderValue(10), "HKD");
@@ -231,9 +231,9 @@ TEST_F(HeaderRowsTest, RowsThatDoNotExistAreEmpty) {
 
 // Detail rows under the ten-level layout
 
-class DetailHeaderRowsTest : public HeaderRowsTest {
+class TDetailHeaderRowsTest : public THeaderRowsTest {
 protected:
-  DetailHeaderRowsTest() { control.SetDisplayMode(qm10Full); }
+  TDetailHeaderRowsTest() { control.SetDisplayMode(qm10Full); }
 
   void FillStock(Fakes::TFakeRecord& record) {
     record.Set({{Field::ProductType, "1"},
@@ -244,7 +244,7 @@ protected:
   }
 };
 
-TEST_F(DetailHeaderRowsTest, FurtherRowsDescribeTheInstrument) {
+TEST_F(TDetailHeaderRowsTest, FurtherRowsDescribeTheInstrument) {
   FillStock(Record());
   ShowSymbol();
   EXPECT_EQ(control.GetCount(), 18);
@@ -261,7 +261,7 @@ TEST_F(DetailHeaderRowsTest, FurtherRowsDescribeTheInstrument) {
   EXPECT_EQ(events.count, 0);
 }
 
-TEST_F(DetailHeaderRowsTest, ADetailWithoutTextGetsNoRow) {
+TEST_F(TDetailHeaderRowsTest, ADetailWithoutTextGetsNoRow) {
   FillStock(Record());
   Record().Remove(Field::PriceEarnings);
   ShowSymbol();
@@ -269,7 +269,7 @@ TEST_F(DetailHeaderRowsTest, ADetailWithoutTextGetsNoRow) {
   EXPECT_EQ(control.GetCellHeader(13), "Res_Yield");
 }
 
-TEST_F(DetailHeaderRowsTest, RowsEndAtEighteen) {
+TEST_F(TDetailHeaderRowsTest, RowsEndAtEighteen) {
   Record().Set({{Field::High52Weeks, "1"},
                 {Field::Low52Weeks, "1"},
                 {Field::Open, "1"},
@@ -285,7 +285,7 @@ TEST_F(DetailHeaderRowsTest, RowsEndAtEighteen) {
   EXPECT_EQ(control.GetCellHeader(18), "");
 }
 
-TEST_F(DetailHeaderRowsTest, OtherLayoutsHaveNoDetailRows) {
+TEST_F(TDetailHeaderRowsTest, OtherLayoutsHaveNoDetailRows) {
   FillStock(Record());
   ShowSymbol();
   ASSERT_EQ(control.GetCellHeader(11), "Res_IssuedShares");
@@ -297,7 +297,7 @@ TEST_F(DetailHeaderRowsTest, OtherLayoutsHaveNoDetailRows) {
   EXPECT_EQ(control.GetCellHeader(11), "Res_IssuedShares");
 }
 
-TEST_F(DetailHeaderRowsTest, DetailRowsFollowTheSymbol) {
+TEST_F(TDetailHeaderRowsTest, DetailRowsFollowTheSymbol) {
   FillStock(Record());
   ShowSymbol();
   host.Record("13001").Set({{Field::ProductType, "4"},
@@ -321,7 +321,7 @@ TEST_F(DetailHeaderRowsTest, DetailRowsFollowTheSymbol) {
   EXPECT_EQ(control.GetCellHeaderValue(17), "300.00"); // (2 / 0.1 + 20) / 10 - 1
 }
 
-TEST_F(DetailHeaderRowsTest, DetailRowsArriveWithTheRecord) {
+TEST_F(TDetailHeaderRowsTest, DetailRowsArriveWithTheRecord) {
   FillStock(Record().SetState(Constdef::RecordState_None));
   ShowSymbol();
   EXPECT_EQ(control.GetCellHeader(11), "");
@@ -331,7 +331,7 @@ TEST_F(DetailHeaderRowsTest, DetailRowsArriveWithTheRecord) {
   EXPECT_EQ(host.Registrations().records, 2);
 }
 
-TEST_F(DetailHeaderRowsTest, DetailValuesGoWithTheRecord) {
+TEST_F(TDetailHeaderRowsTest, DetailValuesGoWithTheRecord) {
   FillStock(Record());
   ShowSymbol();
   ASSERT_EQ(control.GetCellHeaderValue(11), "700 $2,000");
@@ -346,7 +346,7 @@ TEST_F(DetailHeaderRowsTest, DetailValuesGoWithTheRecord) {
   EXPECT_EQ(control.GetCellHeaderValue(13), "15.5");
 }
 
-TEST_F(DetailHeaderRowsTest, DetailCaptionsFollowTheLanguage) {
+TEST_F(TDetailHeaderRowsTest, DetailCaptionsFollowTheLanguage) {
   FillStock(Record());
   ShowSymbol();
   host.language.SetText("Res_PE", "P/E");
@@ -354,7 +354,7 @@ TEST_F(DetailHeaderRowsTest, DetailCaptionsFollowTheLanguage) {
   EXPECT_EQ(control.GetCellHeader(13), "P/E");
 }
 
-TEST_F(DetailHeaderRowsTest, ASymbolAndAnUpdateAreOneChangeEach) {
+TEST_F(TDetailHeaderRowsTest, ASymbolAndAnUpdateAreOneChangeEach) {
   FillStock(Record());
   events = {};
   ShowSymbol();
@@ -363,7 +363,7 @@ TEST_F(DetailHeaderRowsTest, ASymbolAndAnUpdateAreOneChangeEach) {
   EXPECT_EQ(events.change, 2);
 }
 
-TEST(DetailHeaderRowsEnd, LeaveNoRegistrationBehind) {
+TEST(TDetailHeaderRowsEndTest, LeaveNoRegistrationBehind) {
   Fakes::THostFakes host;
   {
     TCustomQuorMarketDataControl control(nullptr);
@@ -380,7 +380,7 @@ TEST(DetailHeaderRowsEnd, LeaveNoRegistrationBehind) {
   EXPECT_EQ(host.subscriptions.abandonedListeners, 0);
 }
 
-TEST_F(DetailHeaderRowsTest, ADetailPriceCanBeCopied) {
+TEST_F(TDetailHeaderRowsTest, ADetailPriceCanBeCopied) {
   Record().Set({{Field::ProductType, "4"}, {Field::StrikePrice, "20"}});
   ShowSymbol();
   ASSERT_EQ(control.GetCellHeader(11), "Res_StrikePrice");

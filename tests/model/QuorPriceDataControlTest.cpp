@@ -1,5 +1,5 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 
 // Creation, symbol, record and notifications of the depth control.
 
@@ -8,7 +8,7 @@ namespace Quorpricedatacontrol {
 using Fakes::TFakeChangedKeys;
 using Fakes::TRegistrations;
 
-TEST_F(DepthControlTest, StartsEmpty) {
+TEST_F(TDepthControlTest, StartsEmpty) {
   EXPECT_EQ(control.Symbol(), "");
   EXPECT_EQ(control.DisplayMode(), qm5Full);
   EXPECT_EQ(control.GetCount(), 13);
@@ -23,7 +23,7 @@ TEST_F(DepthControlTest, StartsEmpty) {
   EXPECT_EQ(control.DenominatorMode(), 0);
 }
 
-TEST_F(DepthControlTest, RegistersOnceForEachNotificationAndTakesAnOrder) {
+TEST_F(TDepthControlTest, RegistersOnceForEachNotificationAndTakesAnOrder) {
   TRegistrations expected;
   expected.configuration = expected.channels = expected.brokers = expected.spreads =
       expected.orders = 1;
@@ -31,7 +31,7 @@ TEST_F(DepthControlTest, RegistersOnceForEachNotificationAndTakesAnOrder) {
   EXPECT_EQ(host.channels.ChannelCount(Constdef::Channel_BeginningOfDay), 1);
 }
 
-TEST(DepthControlEnd, LeavesNoRegistrationBehind) {
+TEST(TDepthControlEndTest, LeavesNoRegistrationBehind) {
   Fakes::THostFakes host;
   {
     TCustomQuorMarketDataControl control(nullptr);
@@ -44,7 +44,7 @@ TEST(DepthControlEnd, LeavesNoRegistrationBehind) {
   EXPECT_EQ(host.subscriptions.abandonedListeners, 0);
 }
 
-TEST_F(DepthControlTest, SubscribesTheSymbolInThePriceDataSet) {
+TEST_F(TDepthControlTest, SubscribesTheSymbolInThePriceDataSet) {
   ShowSymbol();
   EXPECT_EQ(host.subscriptions.subscribed, std::vector<std::string>{"700"});
   EXPECT_EQ(host.subscriptions.sources, std::vector<std::string>{"PRCDDS"});
@@ -54,14 +54,14 @@ TEST_F(DepthControlTest, SubscribesTheSymbolInThePriceDataSet) {
   EXPECT_EQ(events.change, 1);
 }
 
-TEST_F(DepthControlTest, TheSameSymbolAgainDoesNothing) {
+TEST_F(TDepthControlTest, TheSameSymbolAgainDoesNothing) {
   ShowSymbol();
   ShowSymbol();
   EXPECT_EQ(host.subscriptions.subscribed.size(), 1u);
   EXPECT_EQ(events.change, 1);
 }
 
-TEST_F(DepthControlTest, AnotherSymbolReplacesRecordListenerAndTrades) {
+TEST_F(TDepthControlTest, AnotherSymbolReplacesRecordListenerAndTrades) {
   ShowSymbol();
   control.SetSymbol("5");
   EXPECT_EQ(host.subscriptions.released, std::vector<std::string>{"700"});
@@ -71,7 +71,7 @@ TEST_F(DepthControlTest, AnotherSymbolReplacesRecordListenerAndTrades) {
   EXPECT_EQ(host.subscriptions.abandonedListeners, 0);
 }
 
-TEST_F(DepthControlTest, NoSymbolLetsTheRecordGo) {
+TEST_F(TDepthControlTest, NoSymbolLetsTheRecordGo) {
   ShowSymbol();
   control.SetSymbol("");
   EXPECT_EQ(host.Registrations().records, 0);
@@ -81,7 +81,7 @@ TEST_F(DepthControlTest, NoSymbolLetsTheRecordGo) {
   EXPECT_EQ(events.change, 2);
 }
 
-TEST_F(DepthControlTest, AnotherSymbolForgetsWhatWasKnownOfTheFirst) {
+TEST_F(TDepthControlTest, AnotherSymbolForgetsWhatWasKnownOfTheFirst) {
   FillDepth(Record());
   Record().Set({{Field::ProductType, "4"},
                 {Field::BidQueue, "1234"},
@@ -111,7 +111,7 @@ TEST_F(DepthControlTest, AnotherSymbolForgetsWhatWasKnownOfTheFirst) {
   EXPECT_EQ(control.WarrantList() + control.RelatedList() + control.LiquidityProviderList(), "");
 }
 
-TEST_F(DepthControlTest, ForgetsEvenWhereNobodyListensForTheTexts) {
+TEST_F(TDepthControlTest, ForgetsEvenWhereNobodyListensForTheTexts) {
   Record().Set(
       {{Field::FirstMessage, "halted"}, {Field::PosMarker, "1"}, {Field::WarrantList, "13001"}});
   ShowSymbol();
@@ -123,7 +123,7 @@ TEST_F(DepthControlTest, ForgetsEvenWhereNobodyListensForTheTexts) {
   EXPECT_EQ(control.WarrantList(), "");
 }
 
-TEST_F(DepthControlTest, AReadyRecordIsReadAtOnce) {
+TEST_F(TDepthControlTest, AReadyRecordIsReadAtOnce) {
   FillDepth(Record());
   Record().Set({{Field::ProductType, "1"}, {Field::BidQueue, "1234"}, {Field::Open, "100"}});
   ShowSymbol();
@@ -135,7 +135,7 @@ TEST_F(DepthControlTest, AReadyRecordIsReadAtOnce) {
   EXPECT_EQ(control.GetCellHeader(0), "Res_OpenPrc");
 }
 
-TEST_F(DepthControlTest, ARecordThatIsNotReadyIsReadWhenItArrives) {
+TEST_F(TDepthControlTest, ARecordThatIsNotReadyIsReadWhenItArrives) {
   FillDepth(Record().SetState(Constdef::RecordState_None));
   Record().Set({{Field::ProductType, "4"}, {Field::BidQueue, "1234"}, {Field::Open, "100"}});
   ShowSymbol();
@@ -154,7 +154,7 @@ TEST_F(DepthControlTest, ARecordThatIsNotReadyIsReadWhenItArrives) {
   EXPECT_EQ(events.field22, 1);
 }
 
-TEST_F(DepthControlTest, AnUpdateTellsHowEvenAnUnreadyRecordPublishesItsLevels) {
+TEST_F(TDepthControlTest, AnUpdateTellsHowEvenAnUnreadyRecordPublishesItsLevels) {
   Record().SetState(Constdef::RecordState_None).Set(Field::Bid.Size[1], "2000");
   ShowSymbol();
   EXPECT_EQ(control.MarketDataType(), mdtUnknown);
@@ -164,7 +164,7 @@ TEST_F(DepthControlTest, AnUpdateTellsHowEvenAnUnreadyRecordPublishesItsLevels) 
   EXPECT_EQ(control.MarketDataType(), mdtOrderCount); // once known, kept
 }
 
-TEST_F(DepthControlTest, TheProductTypeIsAnnouncedOnlyWhileItWasUnknown) {
+TEST_F(TDepthControlTest, TheProductTypeIsAnnouncedOnlyWhileItWasUnknown) {
   ShowSymbol();
   Record().Set(Field::ProductType, "stock").Update();
   EXPECT_EQ(control.ProductType(), -1);
@@ -176,7 +176,7 @@ TEST_F(DepthControlTest, TheProductTypeIsAnnouncedOnlyWhileItWasUnknown) {
   EXPECT_EQ(events.field22, 2);
 }
 
-TEST_F(DepthControlTest, TheProductTypeMayHaveASign) {
+TEST_F(TDepthControlTest, TheProductTypeMayHaveASign) {
   Record().Set(Field::ProductType, "+4");
   ShowSymbol();
   EXPECT_EQ(control.ProductType(), 4);
@@ -186,14 +186,14 @@ TEST_F(DepthControlTest, TheProductTypeMayHaveASign) {
   EXPECT_EQ(control.ProductType(), 1);
 }
 
-TEST_F(DepthControlTest, TheProductTypeOfAnUnreadyRecordIsNotRead) {
+TEST_F(TDepthControlTest, TheProductTypeOfAnUnreadyRecordIsNotRead) {
   ShowSymbol();
   Record().Set(Field::ProductType, "4").SetState(Constdef::RecordState_Invalid).Update();
   EXPECT_EQ(control.ProductType(), -1);
   EXPECT_EQ(events.field22, 0);
 }
 
-TEST_F(DepthControlTest, EachUpdateIsToldOnce) {
+TEST_F(TDepthControlTest, EachUpdateIsToldOnce) {
   ShowSymbol();
   events = {};
   Record().Set(Field::BestBid, "99").Update();
@@ -201,7 +201,7 @@ TEST_F(DepthControlTest, EachUpdateIsToldOnce) {
   EXPECT_EQ(events.change, 2);
 }
 
-TEST_F(DepthControlTest, AnUpdateDoesNothingWhileNobodyListensForChanges) {
+TEST_F(TDepthControlTest, AnUpdateDoesNothingWhileNobodyListensForChanges) {
   ShowSymbol();
   control.OnChange = nullptr;
   Record()
@@ -213,12 +213,12 @@ TEST_F(DepthControlTest, AnUpdateDoesNothingWhileNobodyListensForChanges) {
   EXPECT_EQ(events.freeText, 0);
 }
 
-TEST_F(DepthControlTest, AnUpdateWithoutARecordDoesNothing) {
+TEST_F(TDepthControlTest, AnUpdateWithoutARecordDoesNothing) {
   control.UpdateSymbolMessage();
   EXPECT_EQ(events.change, 0);
 }
 
-TEST_F(DepthControlTest, ASymbolNotificationCountsOnlyForTheOwnSymbol) {
+TEST_F(TDepthControlTest, ASymbolNotificationCountsOnlyForTheOwnSymbol) {
   ShowSymbol();
   events = {};
   TFakeChangedKeys other({"5"}), own({"5", "700"});
@@ -229,14 +229,14 @@ TEST_F(DepthControlTest, ASymbolNotificationCountsOnlyForTheOwnSymbol) {
   EXPECT_EQ(events.change, 1);
 }
 
-TEST_F(DepthControlTest, GetStateIsTheRecordsState) {
+TEST_F(TDepthControlTest, GetStateIsTheRecordsState) {
   ShowSymbol();
   EXPECT_EQ(control.GetState(), 1);
   Record().SetState(Constdef::RecordState_Invalid);
   EXPECT_EQ(control.GetState(), 2);
 }
 
-TEST_F(DepthControlTest, AListenerMayLetTheSymbolGoWhileItIsTold) {
+TEST_F(TDepthControlTest, AListenerMayLetTheSymbolGoWhileItIsTold) {
   ShowSymbol();
   Record().Set(Field::ProductType, "4");
   control.OnChange = [this](System::TObject*) { control.SetSymbol(""); };
@@ -248,7 +248,7 @@ TEST_F(DepthControlTest, AListenerMayLetTheSymbolGoWhileItIsTold) {
 
 // Spread tables
 
-TEST_F(DepthControlTest, ASpreadTableChangeIsToldOnlyForTheRecordsOwnTable) {
+TEST_F(TDepthControlTest, ASpreadTableChangeIsToldOnlyForTheRecordsOwnTable) {
   Record().Set(Field::SpreadCode, "01");
   host.market.AnnounceSpreads({"01"});
   EXPECT_EQ(events.change, 0); // no record yet
@@ -263,7 +263,7 @@ TEST_F(DepthControlTest, ASpreadTableChangeIsToldOnlyForTheRecordsOwnTable) {
 
 // Beginning of day
 
-TEST_F(DepthControlTest, BeginningOfDayRebuildsTheHeader) {
+TEST_F(TDepthControlTest, BeginningOfDayRebuildsTheHeader) {
   ShowSymbol();
   ASSERT_EQ(control.GetCellHeader(0), "");
   Record().Set(Field::Open, "100").Update();
@@ -274,7 +274,7 @@ TEST_F(DepthControlTest, BeginningOfDayRebuildsTheHeader) {
   EXPECT_EQ(events.change, 1);
 }
 
-TEST_F(DepthControlTest, BeginningOfDayPassesByARecordThatIsNotReady) {
+TEST_F(TDepthControlTest, BeginningOfDayPassesByARecordThatIsNotReady) {
   ShowSymbol();
   Record().SetState(Constdef::RecordState_None);
   events = {};
@@ -289,9 +289,9 @@ struct TStyleCase {
   TCopyPriceQtyMode mode;
 };
 
-class CopyPriceStyleTest : public testing::TestWithParam<TStyleCase> {};
+class TCopyPriceStyleTest : public testing::TestWithParam<TStyleCase> {};
 
-TEST_P(CopyPriceStyleTest, FirstLetterDecides) {
+TEST_P(TCopyPriceStyleTest, FirstLetterDecides) {
   Fakes::THostFakes host;
   host.config.SetCurrent("CopyPriceStyle", GetParam().text);
   const TCustomQuorMarketDataControl opened(nullptr);
@@ -304,7 +304,7 @@ TEST_P(CopyPriceStyleTest, FirstLetterDecides) {
   EXPECT_EQ(opened.CopyPriceQtyMode(), GetParam().mode);
 }
 
-INSTANTIATE_TEST_SUITE_P(Styles, CopyPriceStyleTest,
+INSTANTIATE_TEST_SUITE_P(Styles, TCopyPriceStyleTest,
                          testing::Values(TStyleCase{"", cpqmDefault}, TStyleCase{"D", cpqmDefault},
                                          TStyleCase{"x", cpqmDefault}, TStyleCase{"n", cpqmNone},
                                          TStyleCase{"None", cpqmNone}, TStyleCase{"l", cpqmOneLot},
@@ -313,7 +313,7 @@ INSTANTIATE_TEST_SUITE_P(Styles, CopyPriceStyleTest,
                                          TStyleCase{"Sum", cpqmSummary},
                                          TStyleCase{" L", cpqmDefault}));
 
-TEST_F(DepthControlTest, TheCopyStyleIsTheCurrentUsersOwn) {
+TEST_F(TDepthControlTest, TheCopyStyleIsTheCurrentUsersOwn) {
   host.config.Set("SOMEONE", "CopyPriceStyle", "N");
   host.config.Announce();
   EXPECT_EQ(control.CopyPriceQtyMode(), cpqmDefault);
@@ -322,7 +322,7 @@ TEST_F(DepthControlTest, TheCopyStyleIsTheCurrentUsersOwn) {
   EXPECT_EQ(control.CopyPriceQtyMode(), cpqmNone);
 }
 
-TEST_F(DepthControlTest, OnlyAnotherDenominatorModeAsksForARepaint) {
+TEST_F(TDepthControlTest, OnlyAnotherDenominatorModeAsksForARepaint) {
   host.config.SetCurrent("DenominatorModeValue", "2");
   host.config.Announce();
   EXPECT_EQ(control.DenominatorMode(), 2);
@@ -332,7 +332,7 @@ TEST_F(DepthControlTest, OnlyAnotherDenominatorModeAsksForARepaint) {
   EXPECT_EQ(events.change, 1);
 }
 
-TEST(DepthControlStart, ReadsTheDenominatorMode) {
+TEST(TDepthControlStartTest, ReadsTheDenominatorMode) {
   Fakes::THostFakes host;
   host.config.SetCurrent("DenominatorModeValue", "3");
   const TCustomQuorMarketDataControl control(nullptr);
@@ -341,12 +341,12 @@ TEST(DepthControlStart, ReadsTheDenominatorMode) {
 
 // Display mode
 
-TEST_F(DepthControlTest, TheSameDisplayModeDoesNothing) {
+TEST_F(TDepthControlTest, TheSameDisplayModeDoesNothing) {
   control.SetDisplayMode(qm5Full);
   EXPECT_EQ(events.change, 0);
 }
 
-TEST_F(DepthControlTest, ADisplayModeHasItsNumberOfRows) {
+TEST_F(TDepthControlTest, ADisplayModeHasItsNumberOfRows) {
   control.SetDisplayMode(qm10Full);
   EXPECT_EQ(control.GetCount(), 18);
   control.SetDisplayMode(qm10Simple);
@@ -354,21 +354,21 @@ TEST_F(DepthControlTest, ADisplayModeHasItsNumberOfRows) {
   EXPECT_EQ(events.change, 2);
 }
 
-TEST_F(DepthControlTest, ADisplayModeRebuildsTheHeaderOfAReadyRecord) {
+TEST_F(TDepthControlTest, ADisplayModeRebuildsTheHeaderOfAReadyRecord) {
   ShowSymbol();
   Record().Set(Field::Open, "100");
   control.SetDisplayMode(qm10Simple);
   EXPECT_EQ(control.GetCellHeader(0), "Res_OpenPrc");
 }
 
-TEST_F(DepthControlTest, ADisplayModeLeavesTheHeaderOfAnUnreadyRecord) {
+TEST_F(TDepthControlTest, ADisplayModeLeavesTheHeaderOfAnUnreadyRecord) {
   ShowSymbol();
   Record().Set(Field::Open, "100").SetState(Constdef::RecordState_None);
   control.SetDisplayMode(qm10Simple);
   EXPECT_EQ(control.GetCellHeader(0), "");
 }
 
-TEST_F(DepthControlTest, AnswersAsTheBaseOfAllGridModelsDoes) {
+TEST_F(TDepthControlTest, AnswersAsTheBaseOfAllGridModelsDoes) {
   ShowSymbol();
   Record().Set(Field::BestBid, "99");
   EXPECT_EQ(control.GetValue(6, Column::BidPrice), System::TVariant(std::string("99.000")));

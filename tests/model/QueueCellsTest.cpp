@@ -1,5 +1,5 @@
 #include "host/ConstDef.h"
-#include "model/ModelFixture.h"
+#include "model/ControlFixture.h"
 
 #include <limits>
 
@@ -32,7 +32,7 @@ constexpr int AskColumns[] = {Column::AskQueue1, Column::AskQueue2, Column::AskQ
 
 // Entries
 
-TEST_F(DepthControlTest, ABlankOrEmptyPieceOfTheQueueIsNoEntry) {
+TEST_F(TDepthControlTest, ABlankOrEmptyPieceOfTheQueueIsNoEntry) {
   Record().Set(Field::BidQueue, " 1234, +1,0 ,56,, ");
   ShowSymbol();
   EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "1234");
@@ -45,7 +45,7 @@ TEST_F(DepthControlTest, ABlankOrEmptyPieceOfTheQueueIsNoEntry) {
   EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 3));
 }
 
-TEST(BrokerQueueEntries, AreCountedPerSide) {
+TEST(TBrokerQueueTest, AreCountedPerSide) {
   TBrokerQueue queue;
   queue.Update("1,2,3,,", "4");
   EXPECT_EQ(queue.Size(Side::Bid), 3);
@@ -60,7 +60,7 @@ TEST(BrokerQueueEntries, AreCountedPerSide) {
   EXPECT_EQ(queue.Size(Side::Ask), 0);
 }
 
-TEST(BrokerQueueEntries, AreParsedAgainOnlyWhenTheirTextChanged) {
+TEST(TBrokerQueueTest, AreParsedAgainOnlyWhenTheirTextChanged) {
   TBrokerQueue queue;
   queue.Update("1234,5678", "");
   const char* const parsed = queue.Entry(1, Side::Bid).data();
@@ -76,9 +76,9 @@ struct TEntryCase {
   bool isMarker = false;
 };
 
-class QueueEntryTest : public testing::TestWithParam<TEntryCase> {};
+class TQueueEntryTest : public testing::TestWithParam<TEntryCase> {};
 
-TEST_P(QueueEntryTest, ShowsAsItsKindAsks) {
+TEST_P(TQueueEntryTest, ShowsAsItsKindAsks) {
   Fakes::THostFakes host;
   TBrokerQueue queue;
   queue.Update(GetParam().entry, "");
@@ -87,7 +87,7 @@ TEST_P(QueueEntryTest, ShowsAsItsKindAsks) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Entries, QueueEntryTest,
+    Entries, TQueueEntryTest,
     testing::Values(TEntryCase{"1234", "1234"}, TEntryCase{"123", "0123"}, TEntryCase{"7", "0007"},
                     TEntryCase{"12345", "12345"}, TEntryCase{"00012", "0012"}, TEntryCase{"0", ""},
                     TEntryCase{"00", "0000"}, TEntryCase{"B123", "0123"}, TEntryCase{"B0", "0000"},
@@ -101,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TEntryCase{"-12", "-12", true}, TEntryCase{"+", "+", true},
                     TEntryCase{"99999999999999999999", "99999999999999999999"}));
 
-TEST_F(DepthControlTest, QueueEntriesThatDoNotExistAreEmpty) {
+TEST_F(TDepthControlTest, QueueEntriesThatDoNotExistAreEmpty) {
   Record().Set({{Field::BidQueue, "1234"}, {Field::AskQueue, "5678"}});
   ShowSymbol();
   for (const int index : {-1, 1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
@@ -112,7 +112,7 @@ TEST_F(DepthControlTest, QueueEntriesThatDoNotExistAreEmpty) {
   EXPECT_EQ(control.GetQueueBroker(0, Side::Ask), "5678");
 }
 
-TEST_F(DepthControlTest, TheQueueFollowsTheRecord) {
+TEST_F(TDepthControlTest, TheQueueFollowsTheRecord) {
   Record().Set({{Field::BidQueue, "1"}, {Field::AskQueue, "2"}});
   ShowSymbol();
   Record().Set(Field::BidQueue, "3,4").Update();
@@ -128,7 +128,7 @@ TEST_F(DepthControlTest, TheQueueFollowsTheRecord) {
 
 // Places in the grid
 
-class QueueLayoutTest : public DepthControlTest {
+class TQueueLayoutTest : public TDepthControlTest {
 protected:
   void Show(int entries) {
     Record().Set(
@@ -151,7 +151,7 @@ protected:
   }
 };
 
-TEST_F(QueueLayoutTest, ThirteenRowsShowFortyEightEntries) {
+TEST_F(TQueueLayoutTest, ThirteenRowsShowFortyEightEntries) {
   Show(60);
   ExpectLayout(13, 60);
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue2), NumberedID(12));
@@ -159,14 +159,14 @@ TEST_F(QueueLayoutTest, ThirteenRowsShowFortyEightEntries) {
   EXPECT_EQ(control.GetQueueBroker(48, Side::Bid), NumberedID(48)); // kept, but not shown
 }
 
-TEST_F(QueueLayoutTest, EighteenRowsShowSixtyEightEntries) {
+TEST_F(TQueueLayoutTest, EighteenRowsShowSixtyEightEntries) {
   control.SetDisplayMode(qm10Full);
   Show(80);
   ExpectLayout(18, 80);
   EXPECT_EQ(control.GetDisplayValue(17, Column::BidQueue4), NumberedID(67));
 }
 
-TEST_F(QueueLayoutTest, TheLayoutFollowsEveryOtherNumberOfRows) {
+TEST_F(TQueueLayoutTest, TheLayoutFollowsEveryOtherNumberOfRows) {
   Record().Set({{Field::UpperLimit, "110"},
                 {Field::LowerLimit, "90"},
                 {Field::High52Weeks, "120"},
@@ -178,12 +178,12 @@ TEST_F(QueueLayoutTest, TheLayoutFollowsEveryOtherNumberOfRows) {
   ExpectLayout(16, 70);
 }
 
-TEST_F(QueueLayoutTest, AShortQueueLeavesTheRestEmpty) {
+TEST_F(TQueueLayoutTest, AShortQueueLeavesTheRestEmpty) {
   Show(3);
   ExpectLayout(13, 3);
 }
 
-TEST_F(QueueLayoutTest, RowZeroNamesTheSides) {
+TEST_F(TQueueLayoutTest, RowZeroNamesTheSides) {
   Show(60);
   EXPECT_EQ(control.GetDisplayValue(0, Column::BidQueue1), "Res_QuorPrice_Buy");
   EXPECT_EQ(control.GetDisplayValue(0, Column::AskQueue1), "Res_QuorPrice_Sell");
@@ -192,7 +192,7 @@ TEST_F(QueueLayoutTest, RowZeroNamesTheSides) {
     EXPECT_EQ(control.GetDisplayValue(0, column), "") << column;
 }
 
-TEST_F(QueueLayoutTest, SidesDoNotMix) {
+TEST_F(TQueueLayoutTest, SidesDoNotMix) {
   Record().Set({{Field::BidQueue, "1"}, {Field::AskQueue, "2"}});
   ShowSymbol();
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "0001");
@@ -201,7 +201,7 @@ TEST_F(QueueLayoutTest, SidesDoNotMix) {
 
 // Level markers
 
-TEST_F(DepthControlTest, MarkersAndTheSidesCaptionsAreQueueHeaders) {
+TEST_F(TDepthControlTest, MarkersAndTheSidesCaptionsAreQueueHeaders) {
   Record().Set({{Field::BidQueue, "+1,1,-2,3,4,5,6,7,8,9,10,11,+12"}, {Field::AskQueue, "1,-1"}});
   ShowSymbol();
   EXPECT_TRUE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 0));
@@ -223,7 +223,7 @@ TEST_F(DepthControlTest, MarkersAndTheSidesCaptionsAreQueueHeaders) {
     EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::BidQueue1, row)) << row;
 }
 
-TEST_F(DepthControlTest, HidingTheQueueEmptiesItsCellsButKeepsItsMarkers) {
+TEST_F(TDepthControlTest, HidingTheQueueEmptiesItsCellsButKeepsItsMarkers) {
   Record().Set(Field::BidQueue, "+1,1234");
   ShowSymbol();
   events = {};
@@ -242,9 +242,9 @@ TEST_F(DepthControlTest, HidingTheQueueEmptiesItsCellsButKeepsItsMarkers) {
 
 // Names
 
-class BrokerNameTest : public DepthControlTest {
+class TBrokerNameTest : public TDepthControlTest {
 protected:
-  BrokerNameTest() {
+  TBrokerNameTest() {
     host.market.SetBroker("1234", "Name", "Name 1", "Name 2", "Other");
     host.market.SetBroker("0056", "Short");
     Record().Set({{Field::BidQueue, "1234,56,+1,777,B1234"}, {Field::AskQueue, "56"}});
@@ -253,7 +253,7 @@ protected:
   }
 };
 
-TEST_F(BrokerNameTest, NamesTakeThePlaceOfTheIDsOfKnownBrokers) {
+TEST_F(TBrokerNameTest, NamesTakeThePlaceOfTheIDsOfKnownBrokers) {
   control.SetShowBrokerName(true);
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Name");
   EXPECT_EQ(control.GetDisplayValue(2, Column::BidQueue1), "Short");
@@ -265,7 +265,7 @@ TEST_F(BrokerNameTest, NamesTakeThePlaceOfTheIDsOfKnownBrokers) {
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "1234");
 }
 
-TEST_F(BrokerNameTest, ANameIsTheOneInTheUsersLanguage) {
+TEST_F(TBrokerNameTest, ANameIsTheOneInTheUsersLanguage) {
   control.SetShowBrokerName(true);
   host.language.language = Constdef::Language_TraditionalChinese;
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Name 1");
@@ -277,7 +277,7 @@ TEST_F(BrokerNameTest, ANameIsTheOneInTheUsersLanguage) {
   }
 }
 
-TEST_F(BrokerNameTest, AMissingNameFallsBackToTheDefaultAndThenToTheOther) {
+TEST_F(TBrokerNameTest, AMissingNameFallsBackToTheDefaultAndThenToTheOther) {
   control.SetShowBrokerName(true);
   host.language.language = Constdef::Language_SimplifiedChinese;
   EXPECT_EQ(control.GetDisplayValue(2, Column::BidQueue1), "Short");
@@ -289,7 +289,7 @@ TEST_F(BrokerNameTest, AMissingNameFallsBackToTheDefaultAndThenToTheOther) {
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Other");
 }
 
-TEST_F(BrokerNameTest, TheHintGivesTheFormThatTheGridDoesNotShow) {
+TEST_F(TBrokerNameTest, TheHintGivesTheFormThatTheGridDoesNotShow) {
   EXPECT_EQ(control.GetBrokerName(1, Column::BidQueue1), "Name");
   EXPECT_EQ(control.GetBrokerName(1, Column::AskQueue1), "Short");
   control.SetShowBrokerName(true);
@@ -297,7 +297,7 @@ TEST_F(BrokerNameTest, TheHintGivesTheFormThatTheGridDoesNotShow) {
   EXPECT_EQ(control.GetBrokerName(2, Column::BidQueue1), "0056");
 }
 
-TEST_F(BrokerNameTest, TheHintLeavesTheGridAsItWas) {
+TEST_F(TBrokerNameTest, TheHintLeavesTheGridAsItWas) {
   for (const bool shown : {false, true}) {
     control.SetShowBrokerName(shown);
     const auto before = ColumnTexts(Column::BidQueue1);
@@ -309,7 +309,7 @@ TEST_F(BrokerNameTest, TheHintLeavesTheGridAsItWas) {
   }
 }
 
-TEST_F(BrokerNameTest, TheIDIsNeverAName) {
+TEST_F(TBrokerNameTest, TheIDIsNeverAName) {
   for (const bool shown : {false, true}) {
     control.SetShowBrokerName(shown);
     std::string id = "old";
@@ -322,7 +322,7 @@ TEST_F(BrokerNameTest, TheIDIsNeverAName) {
   }
 }
 
-TEST_F(BrokerNameTest, CellsOutsideTheQueueHaveNoBroker) {
+TEST_F(TBrokerNameTest, CellsOutsideTheQueueHaveNoBroker) {
   Record().Set(Field::BidQueue, NumberedQueue(60)).Update();
   std::string id;
   for (const int column :
@@ -355,7 +355,7 @@ constexpr TFormCase Forms[] = {{"1234", "1234", "Name"},
                                {"-2", "-2", "-2", true},
                                {"0", "", ""}};
 
-TEST_F(BrokerNameTest, EachFormHasItsTextNameAndID) {
+TEST_F(TBrokerNameTest, EachFormHasItsTextNameAndID) {
   // Not even a directory that knows them gives these a name.
   for (const char* text : {"+1", "-2", "0", "0000"})
     host.market.SetBroker(text, "Wrong");
@@ -382,12 +382,12 @@ struct TPlaceCase {
   std::size_t index;
 };
 
-class QueuePlaceTest : public BrokerNameTest, public testing::WithParamInterface<TPlaceCase> {
+class TQueuePlaceTest : public TBrokerNameTest, public testing::WithParamInterface<TPlaceCase> {
 protected:
   static constexpr int RowCount = 18;
   static constexpr int AskOffset = 10; ///< from a bid column to its counterpart
 
-  QueuePlaceTest() { control.SetDisplayMode(qm10Full); }
+  TQueuePlaceTest() { control.SetDisplayMode(qm10Full); }
 
   /// A full queue of a broker that is unknown but for one entry.
   static std::string QueueWith(std::size_t index, const char* entry) {
@@ -406,7 +406,7 @@ protected:
   }
 };
 
-TEST_P(QueuePlaceTest, EveryQueryFindsTheCellsEntry) {
+TEST_P(TQueuePlaceTest, EveryQueryFindsTheCellsEntry) {
   const auto& [bidColumn, row, index] = GetParam();
   ASSERT_EQ(control.GetCount(), RowCount);
   for (const int side : {Side::Bid, Side::Ask}) {
@@ -434,18 +434,18 @@ TEST_P(QueuePlaceTest, EveryQueryFindsTheCellsEntry) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Places, QueuePlaceTest,
+    Places, TQueuePlaceTest,
     testing::Values(TPlaceCase{Column::BidQueue1, 1, 0}, TPlaceCase{Column::BidQueue1, 9, 8},
                     TPlaceCase{Column::BidQueue1, 17, 16}, TPlaceCase{Column::BidQueue2, 1, 17},
                     TPlaceCase{Column::BidQueue2, 17, 33}, TPlaceCase{Column::BidQueue3, 1, 34},
                     TPlaceCase{Column::BidQueue3, 17, 50}, TPlaceCase{Column::BidQueue4, 1, 51},
                     TPlaceCase{Column::BidQueue4, 17, 67}));
 
-TEST_F(BrokerNameTest, NoBrokerIsTheUsersOwn) {
+TEST_F(TBrokerNameTest, NoBrokerIsTheUsersOwn) {
   EXPECT_FALSE(control.GetIsMyBrokerID(1, Column::BidQueue1));
 }
 
-TEST_F(BrokerNameTest, OnlyAnotherChoiceOfNamesIsTold) {
+TEST_F(TBrokerNameTest, OnlyAnotherChoiceOfNamesIsTold) {
   control.SetShowBrokerName(false);
   EXPECT_EQ(events.change, 0);
   control.SetShowBrokerName(true);
@@ -454,7 +454,7 @@ TEST_F(BrokerNameTest, OnlyAnotherChoiceOfNamesIsTold) {
   EXPECT_EQ(events.change, 1);
 }
 
-TEST_F(BrokerNameTest, AChangedDirectoryIsToldOnlyWhileNamesShow) {
+TEST_F(TBrokerNameTest, AChangedDirectoryIsToldOnlyWhileNamesShow) {
   host.market.AnnounceBrokers();
   EXPECT_EQ(events.change, 0);
   control.SetShowBrokerName(true);
