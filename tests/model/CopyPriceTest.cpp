@@ -313,46 +313,6 @@ TEST_F(TCopyPriceTest, TheSummaryStyleCopiesTheSizeDownToTheLevel) {
   EXPECT_EQ(control.GetCopyPriceQty(Field::Ask.Price[2]), 1100 + 2100 + 3100);
 }
 
-TEST_F(TCopyPriceTest, AMissingSizeCountsAsZero) {
-  SetStyle("S");
-  Record().Remove(Field::Bid.Size[1]).Set(Field::Bid.Size[2], "many");
-  EXPECT_EQ(control.GetCopyPriceQty(Field::Bid.Price[3]), 1000 + 4000);
-}
-
-struct TQuantityCase {
-  const char* style;
-  int field;
-  double quantity;
-};
-
-class TCopyQuantityTest : public TCopyPriceTest,
-                          public testing::WithParamInterface<TQuantityCase> {};
-
-TEST_P(TCopyQuantityTest, FollowsTheStyle) {
-  SetStyle(GetParam().style);
-  EXPECT_EQ(control.GetCopyPriceQty(GetParam().field), GetParam().quantity);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Styles, TCopyQuantityTest,
-    testing::Values(
-        TQuantityCase{"D", Field::BestBidSize, 1000}, TQuantityCase{"D", Field::BestAskSize, 1100},
-        TQuantityCase{"D", Field::BestBid, 0}, TQuantityCase{"D", Field::BestAsk, 0},
-        TQuantityCase{"D", Field::Bid.Size[1], 0}, TQuantityCase{"L", Field::BestBidSize, 500},
-        TQuantityCase{"L", Field::Nominal, 500}, TQuantityCase{"L", Field::None, 500},
-        TQuantityCase{"N", Field::BestBidSize, 0}, TQuantityCase{"N", Field::BestBid, 0},
-        TQuantityCase{"S", Field::BestBid, 1000}, TQuantityCase{"S", Field::BestAsk, 1100},
-        TQuantityCase{"S", Field::Bid.Price[1], 3000},
-        TQuantityCase{"S", Field::Bid.Price[4], 15000},
-        TQuantityCase{"S", Field::Ask.Price[4], 15500},
-        TQuantityCase{"S", Field::Bid.Price[5], 21000},
-        TQuantityCase{"S", Field::Bid.Price[9], 55000},
-        TQuantityCase{"S", Field::Ask.Price[5], 21600},
-        TQuantityCase{"S", Field::Ask.Price[9], 56000}, TQuantityCase{"S", Field::Nominal, 0},
-        TQuantityCase{"S", Field::BestBidSize, 0}, TQuantityCase{"S", Field::Bid.Price[1] - 1, 0},
-        TQuantityCase{"S", Field::Bid.Price[4] + 1, 0},
-        TQuantityCase{"S", Field::Bid.Price[9] + 1, 0}));
-
 TEST_F(TDepthControlTest, ThereIsNoQuantityWithoutARecord) {
   host.config.SetCurrent("CopyPriceStyle", "L");
   host.config.Announce();

@@ -95,39 +95,6 @@ TEST_F(TDepthCellsTest, TheFiveLevelLayoutStaysAtFiveLevelsWhereItHasMoreRows) {
   EXPECT_EQ(control.GetDisplayValue(12, Column::BidPrice), "95.000");
 }
 
-struct TLevelCase {
-  int level;
-  int bidPrice, bidSize, bidCount, askPrice, askSize, askCount;
-};
-
-class TLevelFieldsTest : public testing::TestWithParam<TLevelCase> {};
-
-TEST_P(TLevelFieldsTest, ALevelReadsItsOwnFieldsAlone) {
-  Fakes::THostFakes host;
-  const TLevelCase& fields = GetParam();
-  auto& record = host.Record("700");
-  record.Set({{fields.bidPrice, "10"}, {fields.askPrice, "20"}, {fields.bidSize, "30"}});
-  record.Set({{fields.askSize, "40"}, {fields.bidCount, "5"}, {fields.askCount, "6"}});
-  EXPECT_EQ(LevelPriceText(&record, mdtPriced, fields.level, Side::Bid), "10.000");
-  EXPECT_EQ(LevelPriceText(&record, mdtPriced, fields.level, Side::Ask), "20.000");
-  EXPECT_EQ(LevelSizeText(&record, fields.level, Side::Bid), "30");
-  EXPECT_EQ(LevelSizeText(&record, fields.level, Side::Ask), "40");
-  EXPECT_EQ(LevelPriceText(&record, mdtOrderCount, fields.level, Side::Bid), "(5)");
-  EXPECT_EQ(LevelPriceText(&record, mdtOrderCount, fields.level, Side::Ask), "(6)");
-}
-
-INSTANTIATE_TEST_SUITE_P(Levels, TLevelFieldsTest,
-                         testing::Values(TLevelCase{0, 1, 16, 55, 2, 19, 65},
-                                         TLevelCase{1, 81, 51, 56, 91, 61, 66},
-                                         TLevelCase{2, 82, 52, 57, 92, 62, 67},
-                                         TLevelCase{3, 83, 53, 58, 93, 63, 68},
-                                         TLevelCase{4, 84, 54, 59, 94, 64, 69},
-                                         TLevelCase{5, 3180, 3155, 3136, 3190, 3165, 3146},
-                                         TLevelCase{6, 3181, 3156, 3137, 3191, 3166, 3147},
-                                         TLevelCase{7, 3182, 3157, 3138, 3192, 3167, 3148},
-                                         TLevelCase{8, 3183, 3158, 3139, 3193, 3168, 3149},
-                                         TLevelCase{9, 3184, 3159, 3140, 3194, 3169, 3150}));
-
 // How a feed publishes its levels
 
 TEST_F(TDepthControlTest, AFeedOfBestPricesAloneShowsNoLevelPrices) {
@@ -158,40 +125,6 @@ TEST_F(TDepthControlTest, AFeedWithoutLevelPricesShowsOrderCounts) {
   EXPECT_EQ(control.GetDisplayValue(9, Column::AskPrice), "(7)");
 }
 
-TEST_F(TDepthControlTest, AnOrderCountShowsOnlyWhenItIsAPositiveInteger) {
-  Record().Set({{Field::Bid.Size[1], "2000"},
-                {Field::Bid.Count[0], "0"},
-                {Field::Bid.Count[1], "-1"},
-                {Field::Bid.Count[2], "many"},
-                {Field::Bid.Count[3], ""}});
-  ShowSymbol();
-  for (int level = 0; level < Field::DepthLevels; ++level)
-    EXPECT_EQ(control.GetDetailPrice(level, Side::Bid), "") << level;
-}
-
-TEST_F(TDepthControlTest, TheFirstPublishedLevelDecidesHowTheFeedPublishes) {
-  Record().Set(
-      {{Field::Bid.Size[2], "3000"}, {Field::Bid.Size[3], "4000"}, {Field::Bid.Price[3], "96"}});
-  ShowSymbol();
-  EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
-}
-
-TEST_F(TDepthControlTest, AnAskLevelDecidesWhereNoBidLevelIsPublished) {
-  Record().Set({{Field::BestBidSize, "1000"},
-                {Field::Ask.Size[9], "10"},
-                {Field::Ask.Price[9], "110"},
-                {Field::Bid.Price[2], "97"}});
-  ShowSymbol();
-  EXPECT_EQ(control.MarketDataType(), mdtPriced);
-}
-
-TEST_F(TDepthControlTest, ABidLevelDecidesBeforeAnAskLevel) {
-  Record().Set(
-      {{Field::Bid.Size[9], "10"}, {Field::Ask.Size[1], "2100"}, {Field::Ask.Price[1], "102"}});
-  ShowSymbol();
-  EXPECT_EQ(control.MarketDataType(), mdtOrderCount);
-}
-
 TEST_F(TDepthControlTest, HowAFeedPublishesIsRetriedUntilKnownAndThenKept) {
   ShowSymbol();
   Record().Set(Field::BestBidSize, "1000").Update();
@@ -217,36 +150,6 @@ TEST_F(TDepthCellsTest, ASizeOfZeroShowsOnlyInTheSimpleLayout) {
   EXPECT_EQ(control.GetDisplayValue(17, Column::AskSize), "");
   control.SetDisplayMode(qm5Full);
   EXPECT_EQ(control.GetDisplayValue(8, Column::BidSize), "");
-}
-
-// Price steps
-
-TEST_F(TDepthCellsTest, APriceOnABandsEndHasThatBandsStep) {
-  Record().Set({{Field::BestBid, "100"}, {Field::BestAsk, "100.5"}});
-  Show(qm5Full);
-  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "700@0.5");
-  EXPECT_EQ(control.GetBestPriceSpread(Side::Ask), "700@2");
-}
-
-TEST_F(TDepthCellsTest, ThereIsNoStepWithoutAReadySpreadTable) {
-  Show(qm5Full);
-  Record().Set(Field::SpreadCode, "99");
-  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "");
-  Record().Remove(Field::SpreadCode);
-  host.market.SetSpreadTable("", Constdef::SpreadState_Ready, {{0, 1000, 1}});
-  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "");
-  Record().Set(Field::SpreadCode, "01");
-  host.market.SetSpreadTable("01", 0, {{0, 1000, 1}});
-  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "");
-  host.market.SetSpreadTable("01", Constdef::SpreadState_Ready, {{0, 1000, 1}});
-  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "700@1");
-}
-
-TEST_F(TDepthCellsTest, ThereIsNoStepWithoutABestPrice) {
-  Record().Remove(Field::BestAsk);
-  Show(qm5Full);
-  EXPECT_EQ(control.GetBestPriceSpread(Side::Ask), "");
-  EXPECT_EQ(control.GetBestPriceSpread(Side::Bid), "700@0.5");
 }
 
 // Records that hold no data

@@ -3,7 +3,7 @@
 
 #include <limits>
 
-// The broker queue: its entries, their place in the grid, IDs and names.
+// The cells of the broker queue: where its entries stand in the grid, and in which form.
 
 namespace Quorpricedatacontrol {
 
@@ -29,88 +29,6 @@ constexpr int AskColumns[] = {Column::AskQueue1, Column::AskQueue2, Column::AskQ
                               Column::AskQueue4};
 
 } // namespace
-
-// Entries
-
-TEST_F(TDepthControlTest, ABlankOrEmptyPieceOfTheQueueIsNoEntry) {
-  Record().Set(Field::BidQueue, " 1234, +1,0 ,56,, ");
-  ShowSymbol();
-  EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "1234");
-  EXPECT_EQ(control.GetQueueBroker(1, Side::Bid), "+1");
-  EXPECT_EQ(control.GetQueueBroker(2, Side::Bid), "");
-  EXPECT_EQ(control.GetQueueBroker(3, Side::Bid), "0056");
-  EXPECT_EQ(control.GetQueueBroker(4, Side::Bid), "");
-  EXPECT_TRUE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 2));
-  EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 1));
-  EXPECT_FALSE(control.GetIsBrokerQueueHeader(Column::BidQueue1, 3));
-}
-
-TEST(TBrokerQueueTest, AreCountedPerSide) {
-  TBrokerQueue queue;
-  queue.Update("1,2,3,,", "4");
-  EXPECT_EQ(queue.Size(Side::Bid), 3);
-  EXPECT_EQ(queue.Size(Side::Ask), 1);
-  EXPECT_EQ(queue.Size(2), 0);
-  EXPECT_EQ(queue.Entry(2, Side::Bid), "3");
-  EXPECT_EQ(queue.Entry(0, Side::Ask), "4");
-  queue.Update("5,6,7,,", "");
-  EXPECT_EQ(queue.Entry(2, Side::Bid), "7");
-  queue.Update("8", "");
-  EXPECT_EQ(queue.Size(Side::Bid), 1);
-  EXPECT_EQ(queue.Size(Side::Ask), 0);
-}
-
-TEST(TBrokerQueueTest, AreParsedAgainOnlyWhenTheirTextChanged) {
-  TBrokerQueue queue;
-  queue.Update("1234,5678", "");
-  const char* const parsed = queue.Entry(1, Side::Bid).data();
-  std::string sameText = "1234,5678";
-  queue.Update(sameText, "4321");
-  EXPECT_EQ(queue.Entry(1, Side::Bid).data(), parsed);
-  EXPECT_EQ(queue.Entry(0, Side::Ask), "4321");
-}
-
-struct TEntryCase {
-  const char* entry;
-  const char* shown;
-  bool isMarker = false;
-};
-
-class TQueueEntryTest : public testing::TestWithParam<TEntryCase> {};
-
-TEST_P(TQueueEntryTest, ShowsAsItsKindAsks) {
-  Fakes::THostFakes host;
-  TBrokerQueue queue;
-  queue.Update(GetParam().entry, "");
-  EXPECT_EQ(queue.Text(0, Side::Bid, TBrokerStyle::ID), GetParam().shown);
-  EXPECT_EQ(queue.IsLevelMarker(0, Side::Bid), GetParam().isMarker);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Entries, TQueueEntryTest,
-    testing::Values(TEntryCase{"1234", "1234"}, TEntryCase{"123", "0123"}, TEntryCase{"7", "0007"},
-                    TEntryCase{"12345", "12345"}, TEntryCase{"00012", "0012"}, TEntryCase{"0", ""},
-                    TEntryCase{"00", "0000"}, TEntryCase{"B123", "0123"}, TEntryCase{"B0", "0000"},
-                    TEntryCase{"S9", "0009"}, TEntryCase{"1s", "1s"}, TEntryCase{"s123", "s123"},
-                    TEntryCase{"B12s", "B12s"}, TEntryCase{"BB1", "BB1"}, TEntryCase{"B", "B"},
-                    TEntryCase{"B-12", "B-12"}, TEntryCase{"1 2", "1 2"},
-                    TEntryCase{"\xE8\xB2\xB7"
-                               "12",
-                               "0012"},
-                    TEntryCase{"\xE8\xB2\xB7", "\xE8\xB2\xB7"}, TEntryCase{"+1", "+1", true},
-                    TEntryCase{"-12", "-12", true}, TEntryCase{"+", "+", true},
-                    TEntryCase{"99999999999999999999", "99999999999999999999"}));
-
-TEST_F(TDepthControlTest, QueueEntriesThatDoNotExistAreEmpty) {
-  Record().Set({{Field::BidQueue, "1234"}, {Field::AskQueue, "5678"}});
-  ShowSymbol();
-  for (const int index : {-1, 1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
-    EXPECT_EQ(control.GetQueueBroker(index, Side::Bid), "") << index;
-  for (const int side : {-1, 2})
-    EXPECT_EQ(control.GetQueueBroker(0, side), "") << side;
-  EXPECT_EQ(control.GetQueueBroker(0, Side::Bid), "1234");
-  EXPECT_EQ(control.GetQueueBroker(0, Side::Ask), "5678");
-}
 
 TEST_F(TDepthControlTest, TheQueueFollowsTheRecord) {
   Record().Set({{Field::BidQueue, "1"}, {Field::AskQueue, "2"}});
@@ -263,30 +181,6 @@ TEST_F(TBrokerNameTest, NamesTakeThePlaceOfTheIDsOfKnownBrokers) {
   EXPECT_EQ(control.GetDisplayValue(1, Column::AskQueue1), "Short");
   control.SetShowBrokerName(false);
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "1234");
-}
-
-TEST_F(TBrokerNameTest, ANameIsTheOneInTheUsersLanguage) {
-  control.SetShowBrokerName(true);
-  host.language.language = Constdef::Language_TraditionalChinese;
-  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Name 1");
-  host.language.language = Constdef::Language_SimplifiedChinese;
-  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Name 2");
-  for (const int language : {0, 3, 4}) {
-    host.language.language = language;
-    EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Name") << language;
-  }
-}
-
-TEST_F(TBrokerNameTest, AMissingNameFallsBackToTheDefaultAndThenToTheOther) {
-  control.SetShowBrokerName(true);
-  host.language.language = Constdef::Language_SimplifiedChinese;
-  EXPECT_EQ(control.GetDisplayValue(2, Column::BidQueue1), "Short");
-  host.market.SetBroker("1234", "", "", "", "Other");
-  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Other");
-  host.language.language = Constdef::Language_English;
-  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Other");
-  host.market.SetBroker("1234", "", "Name 1", "Name 2", "Other");
-  EXPECT_EQ(control.GetDisplayValue(1, Column::BidQueue1), "Other");
 }
 
 TEST_F(TBrokerNameTest, TheHintGivesTheFormThatTheGridDoesNotShow) {

@@ -1,6 +1,6 @@
+#include "model/QuorDetailDataControl.h"
 #include "fakes/HostFakes.h"
 #include "host/ConstDef.h"
-#include "model/QuorDetailDataControl.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
+#include "model/QuorPerclickDataControl.h"
 #include "host/ConstDef.h"
 #include "model/ControlFixture.h"
-#include "model/QuorPerclickDataControl.h"
 
 #include <limits>
 
