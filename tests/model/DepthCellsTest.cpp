@@ -78,12 +78,7 @@ TEST_F(TDepthCellsTest, TenLevelLayoutUnderHeaderRows) {
 }
 
 TEST_F(TDepthCellsTest, TheFiveLevelLayoutStaysAtFiveLevelsWhereItHasMoreRows) {
-  Record().Set({{Field::UpperLimit, "110"},
-                {Field::LowerLimit, "90"},
-                {Field::AccruedInterest, "1"},
-                {Field::High52Weeks, "120"},
-                {Field::Low52Weeks, "80"},
-                {Field::Open, "100"}});
+  FillOptionalHeader(Record());
   Show(qm5Full);
   ASSERT_EQ(control.GetCount(), 16);
   for (int row = 13; row < 18; ++row)

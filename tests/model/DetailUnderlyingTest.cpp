@@ -1,28 +1,17 @@
-#include "fakes/HostFakes.h"
 #include "host/ConstDef.h"
+#include "model/InstrumentFixture.h"
 #include "model/QuorDetailDataControl.h"
-
-#include <gtest/gtest.h>
 
 // A warrant's figures follow the price of what it is written on.
 
 namespace Quorpricedatacontrol {
 
-class TDetailUnderlyingTest : public testing::Test {
+class TDetailUnderlyingTest : public TInstrumentTest {
 protected:
-  /// A call on 700 at 20: price 2, underlying price 25, ten for one.
   TDetailUnderlyingTest() {
-    host.Record("13001").Set({{Field::ProductType, "4"},
-                              {Field::Underlying, "700"},
-                              {Field::StrikePrice, "20"},
-                              {Field::CallPut, "C"},
-                              {Field::ConversionRatio, "0.1"}});
-    host.Record("13001").Set(Field::Nominal, "2");
-    Underlying().Set(Field::Nominal, "25");
+    FillWarrant();
     control.SetSymbol("13001");
   }
-
-  Fakes::TFakeRecord& Underlying() { return host.Record("700"); }
 
   void ExpectFigures(const char* premium, const char* gearing) {
     EXPECT_EQ(control.GetCount(), 9);
@@ -32,7 +21,6 @@ protected:
     EXPECT_EQ(control.GetDisplayValue(8, DetailColumn::Value), gearing);
   }
 
-  Fakes::THostFakes host;
   TCustomQuorDetailDataControl control{nullptr};
 };
 

@@ -21,12 +21,7 @@ void FillEverything(Fakes::TFakeRecord& record) {
               {Field::WarrantList, "13001"},
               {Field::FirstMessage, "halted"}});
   record.Set({{Field::PosMarker, "1"}, {Field::PosReferencePrice, "100"}});
-  record.Set({{Field::UpperLimit, "1"},
-              {Field::LowerLimit, "1"},
-              {Field::AccruedInterest, "1"},
-              {Field::High52Weeks, "1"},
-              {Field::Low52Weeks, "1"},
-              {Field::Open, "1"}});
+  FillOptionalHeader(record);
 }
 
 } // namespace

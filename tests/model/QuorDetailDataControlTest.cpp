@@ -1,51 +1,21 @@
 #include "model/QuorDetailDataControl.h"
-#include "fakes/HostFakes.h"
-#include "host/ConstDef.h"
 
-#include <gtest/gtest.h>
+#include "host/ConstDef.h"
+#include "model/InstrumentFixture.h"
 
 #include <limits>
-#include <memory>
 #include <vector>
 
-// The detail list of warrants, CBBCs and stocks.
+// The detail list: whom it follows, which rows it has and what it tells its owner.
 
 namespace Quorpricedatacontrol {
 
 using Rows = std::vector<std::pair<std::string, std::string>>;
 
-class TDetailControlTest : public testing::Test {
+class TDetailControlTest : public TInstrumentTest {
 protected:
   TDetailControlTest() {
     control.OnChange = [this](System::TObject*) { ++changes; };
-  }
-
-  Fakes::TFakeRecord& Record() { return host.Record("13001"); }
-
-  /// A call on 700 at 20: price 2, underlying price 25, ten for one.
-  void FillWarrant() {
-    Record().Set({{Field::ProductType, "4"},
-                  {Field::Name, "JPJDCOM@EC2101B"},
-                  {Field::Underlying, "700"},
-                  {Field::ExpiryDate, "2027-01-15"}});
-    Record().Set({{Field::StrikePrice, "20"},
-                  {Field::CallPut, "C"},
-                  {Field::OptionStyle, "1"},
-                  {Field::ConversionRatio, "0.1"},
-                  {Field::IssueSize, "5000000"},
-                  {Field::Nominal, "2"}});
-    host.Record("700").Set(Field::Nominal, "25");
-  }
-  void FillCBBC() {
-    FillWarrant();
-    Record().Set({{Field::Name, "HT#HSI  RP2101Z"}, {Field::CallPrice, "19.5"}});
-  }
-  void FillStock() {
-    Record().Set({{Field::ProductType, "1"},
-                  {Field::IssueSize, "2000"},
-                  {Field::Nominal, "10"},
-                  {Field::PriceEarnings, "15.50"},
-                  {Field::DividendYield, "3.2%"}});
   }
 
   void ShowSymbol() { control.SetSymbol("13001"); }
@@ -58,7 +28,6 @@ protected:
     return rows;
   }
 
-  Fakes::THostFakes host;
   TCustomQuorDetailDataControl control{nullptr};
   int changes = 0;
 };
@@ -96,7 +65,7 @@ TEST_F(TDetailControlTest, ACBBCHasItsRows) {
 }
 
 TEST_F(TDetailControlTest, AStockHasItsRows) {
-  FillStock();
+  FillStock(Record());
   ShowSymbol();
   EXPECT_EQ(AllRows(), (Rows{{"Res_IssuedShares", "2,000"},
                              {"Res_MarketCap", "13001 $20,000"},
@@ -105,7 +74,7 @@ TEST_F(TDetailControlTest, AStockHasItsRows) {
 }
 
 TEST_F(TDetailControlTest, OtherInstrumentsHaveNoRows) {
-  FillStock();
+  FillStock(Record());
   for (const char* type : {"0", "2", "3", "5", "", "stock"}) {
     control.SetSymbol("");
     Record().Set(Field::ProductType, type);
@@ -115,7 +84,7 @@ TEST_F(TDetailControlTest, OtherInstrumentsHaveNoRows) {
 }
 
 TEST_F(TDetailControlTest, ARecordThatWasNotReadyHasNoRowsUntilTheNextSymbol) {
-  FillStock();
+  FillStock(Record());
   Record().SetState(Constdef::RecordState_None);
   ShowSymbol();
   EXPECT_EQ(control.GetCount(), 0);
@@ -129,7 +98,7 @@ TEST_F(TDetailControlTest, ARecordThatWasNotReadyHasNoRowsUntilTheNextSymbol) {
 }
 
 TEST_F(TDetailControlTest, CellsThatDoNotExistAreEmpty) {
-  FillStock();
+  FillStock(Record());
   ShowSymbol();
   constexpr int least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
   for (const int row : {least, -1, 4, most})
@@ -151,7 +120,7 @@ TEST_F(TDetailControlTest, ThereIsNoValueWithoutARecord) {
 }
 
 TEST_F(TDetailControlTest, AnswersAsTheBaseOfAllGridModelsDoes) {
-  FillStock();
+  FillStock(Record());
   ShowSymbol();
   EXPECT_EQ(control.GetValue(2, DetailColumn::Value), System::TVariant(std::string("15.50")));
   EXPECT_EQ(control.GetRowValue(0), System::TVariant());
@@ -226,7 +195,7 @@ TEST(TDetailControlEndTest, LetsBothRecordsGo) {
 }
 
 TEST_F(TDetailControlTest, LabelsFollowTheLanguage) {
-  FillStock();
+  FillStock(Record());
   ShowSymbol();
   changes = 0;
   host.language.SetText("Res_PE", "P/E");
@@ -234,147 +203,6 @@ TEST_F(TDetailControlTest, LabelsFollowTheLanguage) {
   control.UpdateLanguage();
   EXPECT_EQ(control.GetDisplayValue(2, DetailColumn::Label), "P/E");
   EXPECT_EQ(changes, 1);
-}
-
-// Labels
-
-TEST_F(TDetailControlTest, TheIssueSizeIsNamedByTheInstrument) {
-  EXPECT_EQ(control.GetHeader(Field::IssueSize), "Res_IssuedShares");
-  FillWarrant();
-  ShowSymbol();
-  EXPECT_EQ(control.GetHeader(Field::IssueSize), "Res_IssueSize");
-}
-
-// CBBCs
-
-struct TNameCase {
-  const char* name;
-  bool isCBBC;
-  const char* category;
-};
-
-class TCBBCNameTest : public testing::TestWithParam<TNameCase> {};
-
-TEST_P(TCBBCNameTest, TellsTheContractAndItsCategory) {
-  Fakes::TFakeRecord record("60001");
-  record.Set(Field::Name, GetParam().name);
-  EXPECT_EQ(DetectCBBCWarrant(&record), (TCBBCMark{GetParam().isCBBC, GetParam().category}));
-  record.SetState(Constdef::RecordState_None);
-  EXPECT_EQ(DetectCBBCWarrant(&record), TCBBCMark());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, TCBBCNameTest,
-    testing::Values(TNameCase{"ABCDE#XYZ", false, ""}, TNameCase{"AB#XXXXXR", true, "R"},
-                    TNameCase{"AB#XXXXXQ", true, ""}, TNameCase{"AB#XXXXXn", true, "N"},
-                    TNameCase{"AB#XXXXXr", true, "R"}, TNameCase{"AB#XXXXXN123", true, "N"},
-                    TNameCase{"AB#XXXXR", true, ""}, TNameCase{"AB#", true, ""},
-                    TNameCase{"A##XXXXXR", false, ""}, TNameCase{"#B#XXXXXR", false, ""},
-                    TNameCase{"AB", false, ""}, TNameCase{"", false, ""},
-                    TNameCase{"\xE6\xBB\x99\xE8\xB1\x90#XXXXXR", true, "R"}));
-
-TEST(TCBBCMarkTest, IsNotReadWithoutARecord) { EXPECT_EQ(DetectCBBCWarrant(nullptr), TCBBCMark()); }
-
-// Calls and puts
-
-TEST_F(TDetailControlTest, CallAndPutAreToldByTheFirstCharacter) {
-  for (const char* text : {"1", "6", "C", "Call"})
-    EXPECT_EQ(GetCallPutFlag(&Record().Set(Field::CallPut, text)), cpfCall) << text;
-  for (const char* text : {"2", "7", "P", "Put"})
-    EXPECT_EQ(GetCallPutFlag(&Record().Set(Field::CallPut, text)), cpfPut) << text;
-  for (const char* text : {"", "c", "p", "3", " C"})
-    EXPECT_EQ(GetCallPutFlag(&Record().Set(Field::CallPut, text)), cpfUnknown) << text;
-  EXPECT_EQ(GetCallPutFlag(nullptr), cpfUnknown);
-}
-
-TEST_F(TDetailControlTest, CallAndPutHaveTheirTexts) {
-  FillWarrant();
-  ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(Field::CallPut), "Res_Call");
-  Record().Set(Field::CallPut, "P");
-  EXPECT_EQ(control.GetDisplayText(Field::CallPut), "Res_Put");
-  Record().Set(Field::CallPut, "X");
-  EXPECT_EQ(control.GetDisplayText(Field::CallPut), "");
-}
-
-// Prices
-
-TEST_F(TDetailControlTest, APriceIsTheNominalElseTheMiddleElseThePreviousClose) {
-  Record().Set({{Field::Nominal, "0"},
-                {Field::BestBid, "10"},
-                {Field::BestAsk, "10.2"},
-                {Field::PreviousClose, "9"}});
-  EXPECT_DOUBLE_EQ(GetPrice(&Record()), 10.1);
-  Record().Set(Field::Nominal, "12");
-  EXPECT_DOUBLE_EQ(GetPrice(&Record()), 12);
-  Record().Remove(Field::Nominal).Set(Field::BestAsk, "0");
-  EXPECT_DOUBLE_EQ(GetPrice(&Record()), 9);
-  Record().Set(Field::BestAsk, "10.2").Remove(Field::BestBid);
-  EXPECT_DOUBLE_EQ(GetPrice(&Record()), 9);
-  Record().Set(Field::Nominal, "0.00000001");
-  EXPECT_DOUBLE_EQ(GetPrice(&Record()), 9);
-}
-
-TEST_F(TDetailControlTest, ARecordMayHaveNoPrice) {
-  Record().Set(Field::Nominal, "12");
-  EXPECT_EQ(GetPrice(nullptr), 0);
-  for (const char* status : {"0", "-1"})
-    EXPECT_EQ(GetPrice(&Record().Set(Field::Status, status)), 0) << status;
-  for (const char* status : {"", "1", "00", "S"})
-    EXPECT_EQ(GetPrice(&Record().Set(Field::Status, status)), 12) << status;
-  Record().SetState(Constdef::RecordState_None);
-  EXPECT_EQ(GetPrice(&Record()), 0);
-}
-
-TEST_F(TDetailControlTest, ARecordWithoutPriceHasNoFiguresMadeOfIt) {
-  FillWarrant();
-  ShowSymbol();
-  Record().Set(Field::Status, "-1");
-  EXPECT_EQ(control.GetDisplayText(Field::Premium), "");
-  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "");
-  control.SetSymbol("");
-  FillStock();
-  ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "");
-}
-
-// Gearing and premium
-
-TEST_F(TDetailControlTest, GearingIsTheUnderlyingOverWhatStandsForIt) {
-  FillWarrant();
-  EXPECT_DOUBLE_EQ(GetGearing(&Record(), &host.Record("700")), 25.0 / 2 * 0.1);
-  EXPECT_EQ(GetGearing(nullptr, &host.Record("700")), 0);
-  EXPECT_EQ(GetGearing(&Record(), nullptr), 0);
-}
-
-TEST_F(TDetailControlTest, PremiumOfACallAndOfAPut) {
-  FillWarrant();
-  auto& underlying = host.Record("700");
-  EXPECT_DOUBLE_EQ(GetPremium(&Record(), &underlying), ((2 / 0.1 + 20) / 25 - 1) * 100);
-  Record().Set(Field::CallPut, "P");
-  EXPECT_DOUBLE_EQ(GetPremium(&Record(), &underlying), (1 - (20 - 2 / 0.1) / 25) * 100);
-  Record().Set({{Field::StrikePrice, "50"}, {Field::CallPut, "7"}});
-  EXPECT_DOUBLE_EQ(GetPremium(&Record(), &underlying), (1 - (50 - 2 / 0.1) / 25) * 100);
-  for (const char* flag : {"", "X"})
-    EXPECT_EQ(GetPremium(&Record().Set(Field::CallPut, flag), &underlying), 0) << flag;
-  EXPECT_EQ(GetPremium(nullptr, &underlying), 0);
-  EXPECT_EQ(GetPremium(&Record(), nullptr), 0);
-}
-
-TEST_F(TDetailControlTest, GearingAndPremiumNeedEachOfTheirFigures) {
-  ShowSymbol();
-  for (const int field : {Field::Nominal, Field::ConversionRatio, Field::StrikePrice}) {
-    FillWarrant();
-    Record().Set(field, "0");
-    EXPECT_EQ(GetPremium(&Record(), &host.Record("700")), 0) << field;
-    if (field != Field::StrikePrice) {
-      EXPECT_EQ(GetGearing(&Record(), &host.Record("700")), 0) << field;
-    }
-  }
-  FillWarrant();
-  host.Record("700").Set(Field::Nominal, "0");
-  EXPECT_EQ(GetPremium(&Record(), &host.Record("700")), 0);
-  EXPECT_EQ(GetGearing(&Record(), &host.Record("700")), 0);
 }
 
 TEST_F(TDetailControlTest, AWarrantWithoutUnderlyingHasNeitherPremiumNorGearing) {
@@ -385,88 +213,7 @@ TEST_F(TDetailControlTest, AWarrantWithoutUnderlyingHasNeitherPremiumNorGearing)
   EXPECT_EQ(control.GetDisplayText(Field::Gearing), "");
 }
 
-TEST_F(TDetailControlTest, OtherInstrumentsShowTheFeedsPremiumAndGearing) {
-  FillStock();
-  Record().Set({{Field::Premium, "0.125"}, {Field::Gearing, "3.5"}});
-  ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(Field::Premium), "12.50"); // a fraction
-  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "3.50");
-  Record().Set({{Field::Premium, "0"}, {Field::Gearing, "0"}});
-  EXPECT_EQ(control.GetDisplayText(Field::Premium), "0.00");
-  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "0.00");
-  Record().Remove(Field::Premium).Remove(Field::Gearing);
-  EXPECT_EQ(control.GetDisplayText(Field::Premium), "");
-  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "");
-}
-
-TEST_F(TDetailControlTest, AWarrantIgnoresTheFeedsPremiumAndGearing) {
-  FillWarrant();
-  Record().Set({{Field::Premium, "0.125"}, {Field::Gearing, "3.5"}});
-  ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(Field::Premium), "60.00");
-  EXPECT_EQ(control.GetDisplayText(Field::Gearing), "1.25");
-}
-
-// Market capitalisation
-
-TEST_F(TDetailControlTest, AStocksCapitalisationIsItsPriceTimesItsShares) {
-  FillStock();
-  ShowSymbol();
-  Record().Set(Field::MarketCap, "777");
-  EXPECT_EQ(GetMarketCap(&Record()), 20000);
-  EXPECT_EQ(GetMarketCap(nullptr), 0);
-  EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "13001 $20,000");
-  Record().Remove(Field::IssueSize);
-  EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "");
-}
-
-TEST_F(TDetailControlTest, OtherInstrumentsShowTheFeedsCapitalisation) {
-  FillWarrant();
-  ShowSymbol();
-  EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "");
-  Record().Set(Field::MarketCap, "777000");
-  EXPECT_EQ(control.GetDisplayText(Field::MarketCap), "777,000");
-}
-
-// Other texts
-
-TEST_F(TDetailControlTest, AConversionRatioReadsAsAFractionBelowATwentieth) {
-  ShowSymbol();
-  for (const auto& [ratio, text] : {std::pair{"0.1", "13001@0.1/6"},
-                                    {"0.05", "13001@0.05/6"},
-                                    {"0.01", "1/100"},
-                                    {"0.049", "1/20"},
-                                    {"0.0003", "1/3333"},
-                                    {"2", "13001@2/6"},
-                                    {"0", ""},
-                                    {"", ""},
-                                    {"none", ""}}) {
-    Record().Set(Field::ConversionRatio, ratio);
-    EXPECT_EQ(control.GetDisplayText(Field::ConversionRatio), text) << ratio;
-  }
-}
-
-TEST_F(TDetailControlTest, AnOptionStyleThatHasNoTextShowsAsItStands) {
-  ShowSymbol();
-  for (const auto& [style, text] : {std::pair{"1", "Res_OptionStyle_EU"},
-                                    {"2", "Res_OptionStyle_US"},
-                                    {"Asian", "Asian"},
-                                    {"", ""}}) {
-    Record().Set(Field::OptionStyle, style);
-    EXPECT_EQ(control.GetDisplayText(Field::OptionStyle), text);
-  }
-}
-
-TEST_F(TDetailControlTest, PricesOfZeroAreEmpty) {
-  FillCBBC();
-  ShowSymbol();
-  for (const int field : {Field::StrikePrice, Field::CallPrice}) {
-    Record().Set(field, "0");
-    EXPECT_EQ(control.GetDisplayText(field), "") << field;
-    Record().Remove(field);
-    EXPECT_EQ(control.GetDisplayText(field), "") << field;
-  }
-}
+// How it is made
 
 TEST_F(TDetailControlTest, TheIssueSizeReadsInItsStyle) {
   FillWarrant();

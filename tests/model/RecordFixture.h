@@ -60,8 +60,8 @@ inline void FillStock(Fakes::TFakeRecord& record) {
   record.Set({{Field::ProductType, "1"},
               {Field::Nominal, "10"},
               {Field::IssueSize, "2000"},
-              {Field::PriceEarnings, "15.5"},
-              {Field::DividendYield, "3.2"}});
+              {Field::PriceEarnings, "15.50"},
+              {Field::DividendYield, "3.2%"}});
 }
 
 } // namespace Quorpricedatacontrol

@@ -7,23 +7,6 @@ namespace Quorpricedatacontrol {
 
 class TRowCountTest : public TDepthControlTest {
 protected:
-  /// Sixteen header rows of the control's own.
-  void FillAllHeaderRows() {
-    Record().Set({{Field::UpperLimit, "110"},
-                  {Field::LowerLimit, "90"},
-                  {Field::AccruedInterest, "1"},
-                  {Field::High52Weeks, "120"},
-                  {Field::Low52Weeks, "80"},
-                  {Field::Open, "100"}});
-  }
-  /// Four header rows that describe a stock.
-  void FillStock() {
-    Record().Set({{Field::ProductType, "1"},
-                  {Field::Nominal, "10"},
-                  {Field::IssueSize, "2000"},
-                  {Field::PriceEarnings, "15.5"},
-                  {Field::DividendYield, "3.2"}});
-  }
   void LoseRecord() { Record().SetState(Constdef::RecordState_None); }
 
   void ShowIn(TQuorMode mode) {
@@ -36,7 +19,7 @@ protected:
 // A record that is not ready
 
 TEST_F(TRowCountTest, ALayoutOfAnUnreadyRecordHasARowForEachHeaderRow) {
-  FillAllHeaderRows();
+  FillOptionalHeader(Record());
   ShowIn(qm5Full);
   LoseRecord();
   control.SetDisplayMode(qm10Simple);
@@ -60,7 +43,7 @@ TEST_F(TRowCountTest, ALayoutOfAnUnreadyRecordHasThirteenRowsAtLeast) {
 }
 
 TEST_F(TRowCountTest, DetailRowsOfAnUnreadyRecordAreCountedToo) {
-  FillStock();
+  FillStock(Record());
   ShowIn(qm10Full);
   LoseRecord();
   control.SetDisplayMode(qm5Full);
@@ -71,8 +54,8 @@ TEST_F(TRowCountTest, DetailRowsOfAnUnreadyRecordAreCountedToo) {
 // Leaving the layout with detail rows
 
 TEST_F(TRowCountTest, LeavingTheDetailRowsIsToldWhereThereWereAny) {
-  FillAllHeaderRows();
-  FillStock();
+  FillOptionalHeader(Record());
+  FillStock(Record());
   ShowIn(qm10Full);
   int countWhenTold = 0;
   control.OnCountChange = [&](System::TObject*) {
@@ -86,7 +69,7 @@ TEST_F(TRowCountTest, LeavingTheDetailRowsIsToldWhereThereWereAny) {
 }
 
 TEST_F(TRowCountTest, LeavingTheDetailRowsIsToldWhereTheRestFitsThirteenRows) {
-  FillStock();
+  FillStock(Record());
   ShowIn(qm10Full);
   control.SetDisplayMode(qm10Simple);
   EXPECT_EQ(control.GetCount(), 13);
@@ -94,7 +77,7 @@ TEST_F(TRowCountTest, LeavingTheDetailRowsIsToldWhereTheRestFitsThirteenRows) {
 }
 
 TEST_F(TRowCountTest, TheSameHeaderRowsAreNotToldWhenTheLayoutChanges) {
-  FillAllHeaderRows();
+  FillOptionalHeader(Record());
   ShowIn(qm10Full);
   for (const auto& [mode, count] :
        {std::pair{qm5Full, 16}, {qm10Simple, 16}, {qm10Full, 18}, {qm10Simple, 16}}) {
@@ -107,7 +90,7 @@ TEST_F(TRowCountTest, TheSameHeaderRowsAreNotToldWhenTheLayoutChanges) {
 
 TEST_F(TRowCountTest, NewHeaderRowsAreToldWhenTheLayoutChanges) {
   ShowIn(qm5Full);
-  FillAllHeaderRows();
+  FillOptionalHeader(Record());
   control.SetDisplayMode(qm10Simple);
   EXPECT_EQ(control.GetCount(), 16);
   EXPECT_EQ(events.count, 1);
@@ -115,7 +98,7 @@ TEST_F(TRowCountTest, NewHeaderRowsAreToldWhenTheLayoutChanges) {
 
 TEST_F(TRowCountTest, TheEighteenRowsNeverChange) {
   ShowIn(qm10Full);
-  FillAllHeaderRows();
+  FillOptionalHeader(Record());
   control.BODDataUpdate(nullptr, nullptr);
   EXPECT_EQ(control.GetCellHeader(15), "Res_Low_52wks");
   EXPECT_EQ(control.GetCount(), 18);
@@ -126,7 +109,7 @@ TEST_F(TRowCountTest, TheEighteenRowsNeverChange) {
 
 TEST_F(TRowCountTest, TheSimpleLayoutHasNoLevelsBelowTheTenth) {
   FillDepth(Record());
-  FillAllHeaderRows();
+  FillOptionalHeader(Record());
   ShowIn(qm10Simple);
   ASSERT_EQ(control.GetCount(), 16);
   EXPECT_EQ(control.GetDisplayValue(12, Column::BidPrice), "90.000");
