@@ -223,9 +223,9 @@ TEST_F(TDepthCellsTest, TheSimpleLayoutHasThirteenRows) {
 
 // Trades in the header rows
 
-class TRecentTradesTest : public TDepthControlTest {
+class TTradeCellsTest : public TDepthControlTest {
 protected:
-  TRecentTradesTest() {
+  TTradeCellsTest() {
     host.trades.SetTrades("700", {{" 09:30:01 ", "B", "100", 318.2},
                                   {"09:30:02", "", "200", 318.4},
                                   {"09:30:03P", "S", "300", 318.6},
@@ -236,7 +236,7 @@ protected:
   }
 };
 
-TEST_F(TRecentTradesTest, FiveTradesShowInTheHeaderRowsOfTheFullLayouts) {
+TEST_F(TTradeCellsTest, FiveTradesShowInTheHeaderRowsOfTheFullLayouts) {
   for (const TQuorMode mode : {qm5Full, qm10Full}) {
     control.SetDisplayMode(mode);
     EXPECT_EQ(control.GetDisplayValue(0, Column::BidPrice), "");
@@ -251,37 +251,20 @@ TEST_F(TRecentTradesTest, FiveTradesShowInTheHeaderRowsOfTheFullLayouts) {
   }
 }
 
-TEST_F(TRecentTradesTest, TheSimpleLayoutShowsNoTrades) {
+TEST_F(TTradeCellsTest, TheSimpleLayoutShowsNoTrades) {
   control.SetDisplayMode(qm10Simple);
   EXPECT_EQ(control.GetDisplayValue(1, Column::BidPrice), "");
   EXPECT_EQ(control.GetDisplayValue(1, Column::AskSize), "Res_Ask");
   EXPECT_EQ(control.GetDisplayValue(5, Column::AskPrice), "");
 }
 
-TEST_F(TRecentTradesTest, ATradeWithoutSideMarkGetsABlank) {
-  EXPECT_EQ(control.GetDisplayValue(2, Column::BidPrice), "09:30:02 ");
-}
-
-TEST_F(TRecentTradesTest, ATimeThatDoesNotEndInADigitGetsNoSideMark) {
-  EXPECT_EQ(control.GetDisplayValue(3, Column::BidPrice), "09:30:03P");
-  EXPECT_EQ(control.GetDisplayValue(3, Column::AskSize), "300");
-}
-
-TEST_F(TRecentTradesTest, ATradeWithoutTimeDoesNotShow) {
+TEST_F(TTradeCellsTest, ATradeWithoutTimeDoesNotShow) {
   EXPECT_FALSE(control.GetTradeInfo(4).Found);
   EXPECT_EQ(control.GetDisplayValue(4, Column::AskPrice), "");
   EXPECT_EQ(control.GetDisplayValue(4, Column::AskSize), "");
 }
 
-TEST_F(TRecentTradesTest, OnlyRowsOneToFiveHoldTrades) {
-  for (const int row : {-1, 0, 6, 7}) {
-    const TTradeInfo trade = control.GetTradeInfo(row);
-    EXPECT_FALSE(trade.Found) << row;
-    EXPECT_EQ(trade.Time + trade.Quantity + trade.Price, "") << row;
-  }
-}
-
-TEST_F(TRecentTradesTest, ASymbolWithoutTradesShowsNone) {
+TEST_F(TTradeCellsTest, ASymbolWithoutTradesShowsNone) {
   control.SetSymbol("5");
   EXPECT_FALSE(control.GetTradeInfo(1).Found);
   host.trades.SetTrades("5", {{"10:00:00", "B", "100", 60}});

@@ -1,4 +1,5 @@
 #include "model/QuorPerclickDataControl.h"
+
 #include "host/ConstDef.h"
 #include "model/ControlFixture.h"
 

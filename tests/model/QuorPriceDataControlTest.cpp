@@ -1,3 +1,5 @@
+#include "model/QuorPriceDataControl.h"
+
 #include "host/ConstDef.h"
 #include "model/ControlFixture.h"
 

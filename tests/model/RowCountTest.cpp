@@ -105,6 +105,19 @@ TEST_F(TRowCountTest, TheEighteenRowsNeverChange) {
   EXPECT_EQ(events.count, 0);
 }
 
+// All header rows
+
+TEST_F(TRowCountTest, EveryLayoutShowsEveryHeaderRowThatThereCanBe) {
+  FillOptionalHeader(Record());
+  ShowSymbol();
+  for (const TQuorMode mode : {qm5Full, qm10Simple, qm10Full}) {
+    control.SetDisplayMode(mode);
+    EXPECT_GE(control.GetCount(), THeaderRows::MostOwn) << mode;
+    for (int row = 0; row < THeaderRows::MostOwn; ++row)
+      EXPECT_NE(control.GetDisplayValue(row, Column::HeaderCaption), "") << mode << ' ' << row;
+  }
+}
+
 // More rows than levels
 
 TEST_F(TRowCountTest, TheSimpleLayoutHasNoLevelsBelowTheTenth) {

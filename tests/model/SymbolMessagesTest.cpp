@@ -1,45 +1,13 @@
 #include "host/ConstDef.h"
 #include "model/ControlFixture.h"
 
-// Message lines, market mechanisms and lists of related instruments.
+// When a depth control reads and tells message lines, market mechanisms and related instruments.
 
 namespace Quorpricedatacontrol {
 
 using TSymbolMessagesTest = TDepthControlTest;
 
 // Message lines
-
-TEST_F(TSymbolMessagesTest, MessagesAreTheRecords) {
-  Record().Set({{Field::FirstMessage, "halted"},
-                {Field::SecondMessage, "until noon"},
-                {Field::OtherMessage, "other"}});
-  ShowSymbol();
-  EXPECT_EQ(control.FreeText1(), "halted");
-  EXPECT_EQ(control.FreeText2(), "until noon");
-  EXPECT_EQ(events.freeText, 1);
-}
-
-TEST_F(TSymbolMessagesTest, TheOtherMessageStandsInForBoth) {
-  Record().Set(Field::OtherMessage, "other");
-  ShowSymbol();
-  EXPECT_EQ(control.FreeText1(), "other");
-  EXPECT_EQ(control.FreeText2(), "");
-  Record().Set(Field::SecondMessage, "second").Update();
-  EXPECT_EQ(control.FreeText1(), "");
-  EXPECT_EQ(control.FreeText2(), "second");
-}
-
-TEST_F(TSymbolMessagesTest, AnUnreadyRecordShowsItsStatusText) {
-  Record()
-      .Set({{Field::FirstMessage, "halted"}, {Field::SecondMessage, "soon"}})
-      .SetState(Constdef::RecordState_Invalid);
-  Record().SetStatusText("unknown symbol");
-  ShowSymbol();
-  EXPECT_EQ(control.FreeText1(), "unknown symbol");
-  EXPECT_EQ(control.FreeText2(), "");
-  Record().SetState(Constdef::RecordState_Ready).Update();
-  EXPECT_EQ(control.FreeText1(), "halted");
-}
 
 TEST_F(TSymbolMessagesTest, ARecordThatIsLostWithoutStatusTextLeavesNoMessage) {
   Record().Set({{Field::FirstMessage, "halted"}, {Field::SecondMessage, "soon"}});
@@ -74,7 +42,7 @@ TEST_F(TSymbolMessagesTest, NothingIsReadWhileNobodyListens) {
 
 // Concealed exchanges
 
-class TConcealmentTest : public testing::Test {
+class TConcealmentTest : public TRecordTest {
 protected:
   /// What a control that was made under the configuration shows of a symbol of the exchange.
   void Show(const char* configured, const char* exchange) {
@@ -87,7 +55,6 @@ protected:
     control->SetSymbol("700");
   }
 
-  Fakes::THostFakes host;
   std::unique_ptr<TCustomQuorMarketDataControl> control;
   TEventCounts events;
 };
@@ -98,37 +65,6 @@ TEST_F(TConcealmentTest, AConcealedExchangesSymbolIsInvalid) {
   EXPECT_EQ(control->FreeText2(), "second");
   EXPECT_TRUE(control->Concealed());
   EXPECT_EQ(events.freeText, 1);
-}
-
-TEST_F(TConcealmentTest, AnotherExchangesSymbolIsNot) {
-  Show("SSE,HKG", "SZA");
-  EXPECT_EQ(control->FreeText1(), "message");
-  EXPECT_FALSE(control->Concealed());
-}
-
-TEST_F(TConcealmentTest, ConfiguredCodesAreTakenInUpperCase) {
-  Show("hkg", "HKG");
-  EXPECT_TRUE(control->Concealed());
-}
-
-TEST_F(TConcealmentTest, ALowerCaseCodeOfARecordNeverMatches) {
-  Show("hkg", "hkg");
-  EXPECT_FALSE(control->Concealed());
-}
-
-TEST_F(TConcealmentTest, ConfiguredCodesAreNotTrimmed) {
-  Show("SSE, HKG", "HKG");
-  EXPECT_FALSE(control->Concealed());
-}
-
-TEST_F(TConcealmentTest, AnEmptyItemConcealsRecordsWithoutExchange) {
-  Show("SSE,,HKG", "");
-  EXPECT_TRUE(control->Concealed());
-}
-
-TEST_F(TConcealmentTest, AnEmptyConfigurationConcealsNothing) {
-  Show("", "");
-  EXPECT_FALSE(control->Concealed());
 }
 
 TEST_F(TConcealmentTest, ConcealmentLastsUntilTheNextSymbol) {
@@ -156,168 +92,7 @@ TEST_F(TConcealmentTest, TheListIsReadOnceAtCreation) {
   EXPECT_FALSE(control->Concealed());
 }
 
-// Pre-opening session
-
-struct TImbalanceCase {
-  const char* direction;
-  const char* text;
-};
-
-class TImbalanceTest : public TDepthControlTest,
-                       public testing::WithParamInterface<TImbalanceCase> {};
-
-TEST_P(TImbalanceTest, ReadsAsBuyersAgainstSellers) {
-  Record().Set({{Field::PosMarker, "1"},
-                {Field::ImbalanceDirection, GetParam().direction},
-                {Field::ImbalanceQuantity, "12000"}});
-  ShowSymbol();
-  EXPECT_EQ(control.Mechanisms().PosStateText, GetParam().text);
-
-  Record()
-      .Remove(Field::PosMarker)
-      .Set({{Field::CasMarker, "1"}, {Field::CasReferencePrice, "100"}})
-      .Update();
-  EXPECT_EQ(control.Mechanisms().VcmCasStateText, GetParam().text);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Directions, TImbalanceTest,
-    testing::Values(TImbalanceCase{"1", "Res_Bid_Short=Res_Side_Sell_Short: 12,000 sh"},
-                    TImbalanceCase{"2", "Res_Bid_Short>Res_Side_Sell_Short: 12,000 sh"},
-                    TImbalanceCase{"3", "Res_Bid_Short<Res_Side_Sell_Short: 12,000 sh"},
-                    TImbalanceCase{"4", ""}, TImbalanceCase{"", ""}));
-
-TEST_F(TSymbolMessagesTest, ThePreOpeningSessionShowsItsPrices) {
-  Record().Set({{Field::PosMarker, "1"},
-                {Field::PosReferencePrice, "100"},
-                {Field::PosLowerPrice, "85"},
-                {Field::PosUpperPrice, "115"},
-                {Field::PosSellLowerLimit, "84"}});
-  Record().Set(Field::PosBuyUpperLimit, "116");
-  ShowSymbol();
-  const TMarketMechanisms& state = control.Mechanisms();
-  EXPECT_TRUE(state.PosMarker);
-  EXPECT_TRUE(state.PosInForce);
-  EXPECT_EQ(state.PosStateText, "");
-  EXPECT_EQ(state.PosRefPrice, "700@100");
-  EXPECT_EQ(state.PosLowerPrice, "700@85");
-  EXPECT_EQ(state.PosUpperPrice, "700@115");
-  EXPECT_EQ(state.PosSellLowerLimit, "700@84");
-  EXPECT_EQ(state.PosBuyUpperLimit, "700@116");
-  EXPECT_FALSE(state.VcmMarker || state.VcmInForce || state.CasMarker || state.CasInForce);
-  EXPECT_EQ(events.freeText, 1);
-}
-
-TEST_F(TSymbolMessagesTest, PricesThatThePreOpeningSessionDoesNotGiveAreEmpty) {
-  Record().Set({{Field::PosMarker, "1"}, {Field::PosReferencePrice, ""}});
-  ShowSymbol();
-  EXPECT_TRUE(control.Mechanisms().PosInForce);
-  EXPECT_EQ(control.Mechanisms().PosRefPrice, "");
-  EXPECT_EQ(control.Mechanisms().PosUpperPrice, "");
-}
-
-TEST_F(TSymbolMessagesTest, ThePreOpeningSessionsTextsOutliveIt) {
-  Record().Set({{Field::PosMarker, "1"}, {Field::PosReferencePrice, "100"}});
-  ShowSymbol();
-  Record().Set(Field::PosMarker, "0").Update();
-  EXPECT_FALSE(control.Mechanisms().PosMarker);
-  EXPECT_FALSE(control.Mechanisms().PosInForce);
-  EXPECT_EQ(control.Mechanisms().PosRefPrice, "700@100");
-  EXPECT_EQ(events.freeText, 2);
-}
-
-// Volatility control
-
-TEST_F(TSymbolMessagesTest, VolatilityControlShowsItsCoolingOffPeriodAndPrices) {
-  Record().Set({{Field::VcmMarker, "1"},
-                {Field::VcmStartTime, "10:00"},
-                {Field::VcmEndTime, "10:05"},
-                {Field::VcmReferencePrice, "0.13"}});
-  Record().Set({{Field::VcmLowerPrice, "0.117"}, {Field::VcmUpperPrice, "0.143"}});
-  ShowSymbol();
-  const TMarketMechanisms& state = control.Mechanisms();
-  EXPECT_TRUE(state.VcmMarker);
-  EXPECT_TRUE(state.VcmInForce);
-  EXPECT_EQ(state.VcmCasStateText, "10:00-10:05");
-  EXPECT_EQ(state.VcmCasRefPrice, "700@0.13");
-  EXPECT_EQ(state.VcmCasLowerPrice, "700@0.117");
-  EXPECT_EQ(state.VcmCasUpperPrice, "700@0.143");
-  EXPECT_FALSE(state.CasMarker || state.CasInForce || state.PosMarker || state.PosInForce);
-}
-
-TEST_F(TSymbolMessagesTest, VolatilityControlIsInForceFromItsReferencePriceToTheEndOfItsMarker) {
-  Record().Set(Field::VcmMarker, "1");
-  ShowSymbol();
-  EXPECT_TRUE(control.Mechanisms().VcmMarker);
-  EXPECT_FALSE(control.Mechanisms().VcmInForce);
-  Record().Set(Field::VcmReferencePrice, "0.13").Update();
-  EXPECT_TRUE(control.Mechanisms().VcmInForce);
-  Record().Remove(Field::VcmReferencePrice).Update();
-  EXPECT_TRUE(control.Mechanisms().VcmInForce);
-  EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "700@0.13");
-  Record().Set(Field::VcmMarker, "0").Update();
-  EXPECT_FALSE(control.Mechanisms().VcmMarker);
-  EXPECT_FALSE(control.Mechanisms().VcmInForce);
-  EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "700@0.13");
-}
-
-// Closing auction
-
-TEST_F(TSymbolMessagesTest, TheClosingAuctionShowsItsImbalanceAndPrices) {
-  Record().Set({{Field::CasMarker, "1"},
-                {Field::CasReferencePrice, "100"},
-                {Field::CasLowerPrice, "95"},
-                {Field::CasUpperPrice, "105"},
-                {Field::ImbalanceDirection, "2"}});
-  Record().Set(Field::ImbalanceQuantity, "500");
-  ShowSymbol();
-  const TMarketMechanisms& state = control.Mechanisms();
-  EXPECT_TRUE(state.CasMarker);
-  EXPECT_TRUE(state.CasInForce);
-  EXPECT_EQ(state.VcmCasStateText, "Res_Bid_Short>Res_Side_Sell_Short: 500 sh");
-  EXPECT_EQ(state.VcmCasRefPrice, "700@100");
-  EXPECT_EQ(state.VcmCasLowerPrice, "700@95");
-  EXPECT_EQ(state.VcmCasUpperPrice, "700@105");
-  EXPECT_FALSE(state.VcmMarker || state.VcmInForce || state.PosMarker || state.PosInForce);
-}
-
-TEST_F(TSymbolMessagesTest, TheClosingAuctionIsInForceFromItsReferencePriceToTheEndOfItsMarker) {
-  Record().Set(Field::CasMarker, "1");
-  ShowSymbol();
-  EXPECT_TRUE(control.Mechanisms().CasMarker);
-  EXPECT_FALSE(control.Mechanisms().CasInForce);
-  Record().Set(Field::CasReferencePrice, "100").Update();
-  EXPECT_TRUE(control.Mechanisms().CasInForce);
-  Record().Remove(Field::CasReferencePrice).Update();
-  EXPECT_TRUE(control.Mechanisms().CasInForce);
-  EXPECT_EQ(control.Mechanisms().VcmCasRefPrice, "700@100");
-  Record().Remove(Field::CasMarker).Update();
-  EXPECT_FALSE(control.Mechanisms().CasMarker);
-  EXPECT_FALSE(control.Mechanisms().CasInForce);
-}
-
-TEST_F(TSymbolMessagesTest, TheClosingAuctionsTextsAreLeftWhereBothMechanismsAreInForce) {
-  Record().Set({{Field::VcmMarker, "1"},
-                {Field::VcmStartTime, "a"},
-                {Field::VcmEndTime, "b"},
-                {Field::VcmReferencePrice, "1"},
-                {Field::VcmLowerPrice, "2"},
-                {Field::VcmUpperPrice, "3"}});
-  Record().Set({{Field::CasMarker, "1"},
-                {Field::CasReferencePrice, "4"},
-                {Field::CasLowerPrice, "5"},
-                {Field::CasUpperPrice, "6"},
-                {Field::ImbalanceDirection, "1"}});
-  ShowSymbol();
-  const TMarketMechanisms& state = control.Mechanisms();
-  EXPECT_TRUE(state.VcmInForce && state.CasInForce);
-  EXPECT_EQ(state.VcmCasStateText, "Res_Bid_Short=Res_Side_Sell_Short: ");
-  EXPECT_EQ(state.VcmCasRefPrice, "700@4");
-  EXPECT_EQ(state.VcmCasLowerPrice, "700@5");
-  EXPECT_EQ(state.VcmCasUpperPrice, "700@6");
-  Record().Update();
-  EXPECT_EQ(events.freeText, 1);
-}
+// Market mechanisms
 
 TEST_F(TSymbolMessagesTest, EachNewStateOfAMechanismIsTold) {
   ShowSymbol();
