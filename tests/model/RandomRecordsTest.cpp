@@ -170,7 +170,7 @@ void ExpectSane(TCustomQuorMarketDataControl& control, TRandom& random) {
     EXPECT_TRUE(id.front() == '+' || id.front() == '-');
   }
   EXPECT_GE(control.GetCount(), 3);
-  EXPECT_LE(control.GetCount(), 18);
+  EXPECT_LE(control.GetCount(), RowCountOf(qm10Full, 0, THeaderRows::MostOwn));
   control.CopyPrice(row, column);
 }
 
