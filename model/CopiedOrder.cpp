@@ -55,7 +55,7 @@ int DepthCellField(TQuorMode mode, int row, int column) {
     return Field::None;
   const auto& prices = FieldsOf(depthColumn->Side)->Price;
   const TDepthRow depthRow = DepthRowAt(mode, row);
-  switch (depthRow.Part) {
+  switch (depthRow.Content) {
   case TDepthRow::BestPrice:
     return prices.front();
   case TDepthRow::Level:

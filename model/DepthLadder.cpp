@@ -80,8 +80,8 @@ TDepthRow ShownDepthRowAt(TQuorMode mode, int row) {
   return depthRow.LevelIndex < DepthRowsOf(mode).Levels ? depthRow : TDepthRow{};
 }
 
-std::string SizeLabel(TDepthRow::TPart part, int side) {
-  if (part == TDepthRow::BestPrice)
+std::string SizeLabel(TDepthRow::TContent content, int side) {
+  if (content == TDepthRow::BestPrice)
     return ResourceText(side == Side::Bid ? "Res_Bid" : "Res_Ask");
   return ResourceText(side == Side::Bid ? "Res_BidSize" : "Res_AskSize");
 }

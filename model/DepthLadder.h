@@ -58,8 +58,8 @@ constexpr int RowCountOf(TQuorMode mode, int headerRows, int mostHeaderRows) {
 
 /// What a grid row shows of the book.
 struct TDepthRow {
-  enum TPart { Nothing, BestPrice, PriceStep, Level };
-  TPart Part = Nothing;
+  enum TContent { Nothing, BestPrice, PriceStep, Level };
+  TContent Content = Nothing;
   int LevelIndex = 0; ///< from 0, the best level; only for Level
 
   bool operator==(const TDepthRow&) const = default;
@@ -73,7 +73,7 @@ TDepthRow DepthRowAt(TQuorMode mode, int row);
 TDepthRow ShownDepthRowAt(TQuorMode mode, int row);
 
 /// What stands in a size column beside the best price or the price step.
-std::string SizeLabel(TDepthRow::TPart part, int side);
+std::string SizeLabel(TDepthRow::TContent content, int side);
 
 /// mdtUnknown while the record publishes no level beyond the best one.
 TMarketDataType DetectMarketDataType(const TCustomSubItem& record);

@@ -321,7 +321,7 @@ std::string TCustomQuorMarketDataControl::GetDepthValue(int row, TDepthColumn co
 
 std::string TCustomQuorMarketDataControl::GetPriceValue(int row, int side) const {
   const TDepthRow depthRow = ShownDepthRowAt(displayMode_, row);
-  switch (depthRow.Part) {
+  switch (depthRow.Content) {
   case TDepthRow::BestPrice:
     return GetBestPrice(side);
   case TDepthRow::PriceStep:
@@ -335,10 +335,10 @@ std::string TCustomQuorMarketDataControl::GetPriceValue(int row, int side) const
 
 std::string TCustomQuorMarketDataControl::GetSizeValue(int row, int side) const {
   const TDepthRow depthRow = ShownDepthRowAt(displayMode_, row);
-  if (!FieldsOf(side) || depthRow.Part == TDepthRow::Nothing)
+  if (!FieldsOf(side) || depthRow.Content == TDepthRow::Nothing)
     return {};
-  if (depthRow.Part != TDepthRow::Level)
-    return SizeLabel(depthRow.Part, side);
+  if (depthRow.Content != TDepthRow::Level)
+    return SizeLabel(depthRow.Content, side);
   std::string size = LevelSizeText(record_, depthRow.LevelIndex, side);
   // The simple layout shows an empty level's zero as it stands.
   return displayMode_ != qm10Simple && size == "0" ? std::string() : size;
