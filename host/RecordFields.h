@@ -32,20 +32,20 @@ inline constexpr int DepthLevels = 10;
 
 /// One side of the book, best level first. Where a feed gives no prices of the levels behind the
 /// best one, each of them lies a price step from the one before, and its number of orders shows.
-struct TSide {
+struct TSideFields {
   std::array<int, DepthLevels> Price; ///< price of the level
   std::array<int, DepthLevels> Size;  ///< quantity at the level
   std::array<int, DepthLevels> Count; ///< number of orders at the level
   int Queue;                          ///< the side's broker queue
 };
 
-inline constexpr TSide Bid = {
+inline constexpr TSideFields Bid = {
     {BestBid, 81, 82, 83, 84, 3180, 3181, 3182, 3183, 3184},
     {BestBidSize, 51, 52, 53, 54, 3155, 3156, 3157, 3158, 3159},
     {55, 56, 57, 58, 59, 3136, 3137, 3138, 3139, 3140},
     BidQueue,
 };
-inline constexpr TSide Ask = {
+inline constexpr TSideFields Ask = {
     {BestAsk, 91, 92, 93, 94, 3190, 3191, 3192, 3193, 3194},
     {BestAskSize, 61, 62, 63, 64, 3165, 3166, 3167, 3168, 3169},
     {65, 66, 67, 68, 69, 3146, 3147, 3148, 3149, 3150},

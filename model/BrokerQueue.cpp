@@ -20,11 +20,6 @@ bool BeginsWithSign(std::string_view entry) {
   return !entry.empty() && (entry.front() == '+' || entry.front() == '-');
 }
 
-bool IsNumber(std::string_view text) {
-  return !text.empty() &&
-         std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
 std::string_view WithoutFirstCharacter(std::string_view text) {
   do
     text.remove_prefix(1);
@@ -43,10 +38,10 @@ std::string IDText(std::string_view entry) {
     return {};
   if (BeginsWithSign(entry))
     return std::string(entry);
-  if (IsNumber(entry))
+  if (Text::IsDigits(entry))
     return FourDigitID(entry);
   if (entry.find('s') == std::string_view::npos)
-    if (const auto digits = WithoutFirstCharacter(entry); IsNumber(digits))
+    if (const auto digits = WithoutFirstCharacter(entry); Text::IsDigits(digits))
       return FourDigitID(digits);
   return std::string(entry);
 }

@@ -19,7 +19,7 @@ int FieldOf(const std::array<int, Field::DepthLevels>& fields, int level) {
 }
 
 /// The best level is no evidence: its fields exist in every feed.
-TMarketDataType DetectOnSide(const TCustomSubItem& record, const Field::TSide& fields) {
+TMarketDataType DetectOnSide(const TCustomSubItem& record, const Field::TSideFields& fields) {
   for (int level = 1; level < Field::DepthLevels; ++level)
     if (record.HasValue(FieldOf(fields.Size, level)))
       return record.HasValue(FieldOf(fields.Price, level)) ? mdtPriced : mdtOrderCount;
@@ -35,7 +35,7 @@ std::string OrderCountText(const TCustomSubItem* record, int field) {
 
 } // namespace
 
-const Field::TSide* FieldsOf(int side) {
+const Field::TSideFields* FieldsOf(int side) {
   if (side == Side::Bid)
     return &Field::Bid;
   return side == Side::Ask ? &Field::Ask : nullptr;
@@ -92,12 +92,12 @@ TMarketDataType DetectMarketDataType(const TCustomSubItem& record) {
 }
 
 std::string BestPriceText(const TCustomSubItem* record, int side) {
-  const Field::TSide* fields = FieldsOf(side);
+  const Field::TSideFields* fields = FieldsOf(side);
   return fields ? PriceText(record, fields->Price.front()) : std::string();
 }
 
 std::string BestPriceStepText(const TCustomSubItem* record, int side) {
-  const Field::TSide* fields = FieldsOf(side);
+  const Field::TSideFields* fields = FieldsOf(side);
   if (!fields || !IsReady(record) || record->GetText(fields->Price.front()).empty())
     return {};
   const auto* table = ReadySpreadTable(*record);
@@ -109,7 +109,7 @@ std::string BestPriceStepText(const TCustomSubItem* record, int side) {
 
 std::string LevelPriceText(const TCustomSubItem* record, TMarketDataType type, int level,
                            int side) {
-  const Field::TSide* fields = FieldsOf(side);
+  const Field::TSideFields* fields = FieldsOf(side);
   if (!fields || !IsLevel(level) || type == mdtUnknown)
     return {};
   return type == mdtPriced ? PriceText(record, FieldOf(fields->Price, level))
@@ -117,7 +117,7 @@ std::string LevelPriceText(const TCustomSubItem* record, TMarketDataType type, i
 }
 
 std::string LevelSizeText(const TCustomSubItem* record, int level, int side) {
-  const Field::TSide* fields = FieldsOf(side);
+  const Field::TSideFields* fields = FieldsOf(side);
   return fields && IsLevel(level) ? VolumeText(record, FieldOf(fields->Size, level))
                                   : std::string();
 }

@@ -13,7 +13,7 @@
 namespace Quorpricedatacontrol {
 
 /// Null for anything but a side.
-const Field::TSide* FieldsOf(int side);
+const Field::TSideFields* FieldsOf(int side);
 
 /// A level of one side, counted from 0, the best.
 struct TLevelPosition {

@@ -162,7 +162,7 @@ int THeaderRows::RowOf(int field) const {
   return found == attributes_.end() ? -1 : static_cast<int>(found - attributes_.begin());
 }
 
-void THeaderRows::Update(const TCustomSubItem* record) {
+void THeaderRows::SetHeaderAttribute(const TCustomSubItem* record) {
   attributes_.clear();
   for (const THeaderRow& row : Table)
     if (Stands(row, record))

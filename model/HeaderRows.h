@@ -27,7 +27,7 @@ public:
   static const int MostOwn;
 
   /// The rows that every symbol has, without captions.
-  THeaderRows() { Update(nullptr); }
+  THeaderRows() { SetHeaderAttribute(nullptr); }
 
   int Count() const { return static_cast<int>(attributes_.size()); }
   /// Number of rows before those that the detail control supplies.
@@ -40,7 +40,7 @@ public:
   int RowOf(int field) const;
 
   /// The rows that the record has values for; null: those that every symbol has.
-  void Update(const TCustomSubItem* record);
+  void SetHeaderAttribute(const TCustomSubItem* record);
   /// Adds the rows of `detail` that have a text, until there are `rowCount` rows.
   void AppendDetail(const TCustomQuorDetailDataControl& detail, int rowCount);
   /// Reads the captions again. `detail` captions the rows that it supplied; null for none.

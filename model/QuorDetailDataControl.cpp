@@ -26,10 +26,14 @@ void TCustomQuorDetailDataControl::SetSymbol(std::string symbol) {
     if (const std::string underlying(Trim(instrument_.Record->GetText(Field::Underlying)));
         !underlying.empty())
       instrument_.Underlying = Subscribe(underlying);
+  InitDataList();
+  Changed();
+}
+
+void TCustomQuorDetailDataControl::InitDataList() {
   instrument_.Update();
   fields_ = DetailFieldsOf(instrument_.Kind);
   UpdateCaptions();
-  Changed();
 }
 
 TCustomSubItem* TCustomQuorDetailDataControl::Subscribe(std::string_view symbol) {

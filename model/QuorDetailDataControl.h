@@ -42,6 +42,7 @@ public:
 private:
   TCustomSubItem* Subscribe(std::string_view symbol);
   void ReleaseRecords();
+  void InitDataList();
   void UpdateCaptions();
 
   std::string symbol_;

@@ -239,7 +239,7 @@ void TCustomQuorMarketDataControl::UpdateSymbolHeader() {
     return;
   headerReady_ = true;
   const int rowCountBefore = RowCount();
-  header_.Update(record_);
+  header_.SetHeaderAttribute(record_);
   AppendDetailRows();
   UpdateCellHeaderList();
   if (RowCount() != rowCountBefore && OnCountChange)

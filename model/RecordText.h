@@ -1,8 +1,9 @@
 #pragma once
 
 #include "host/BaseSubscribeData.h"
+#include "text/Numbers.h"
+#include "text/Strings.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,27 +25,10 @@ std::string VolumeText(const TCustomSubItem* record, int field);
 /// The field as a quantity in shares; empty when the record does not give it.
 std::string QuantityText(const TCustomSubItem* record, int field);
 
-/// True for a byte of a UTF-8 character that is not its first.
-inline bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
-
-/// Without blanks at either end.
-std::string_view Trim(std::string_view text);
-
-/// A decimal integer, blanks around it allowed; nothing for anything else.
-std::optional<int> ParseInteger(std::string_view text);
-
-/// A finite decimal number, blanks around it allowed; nothing for anything else.
-std::optional<double> ParseNumber(std::string_view text);
-
-/// Calls `take` with each piece of `text` between commas, empty pieces included.
-template <typename TTake> void ForEachPiece(std::string_view text, TTake take) {
-  for (;;) {
-    const auto comma = text.find(',');
-    take(text.substr(0, comma));
-    if (comma == std::string_view::npos)
-      return;
-    text.remove_prefix(comma + 1);
-  }
-}
+using Text::ForEachPiece;
+using Text::IsContinuation;
+using Text::ParseInteger;
+using Text::ParseNumber;
+using Text::Trim;
 
 } // namespace Quorpricedatacontrol

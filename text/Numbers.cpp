@@ -10,12 +10,6 @@ namespace Text {
 
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-bool AllDigits(std::string_view text) {
-  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
-}
-
 /// A trimmed number as from_chars reads it: without a plus sign.
 std::string_view WithoutPlus(std::string_view text) {
   const bool plus = text.size() > 1 && text[0] == '+' && text[1] != '-';
@@ -27,8 +21,8 @@ std::string_view WithoutPlus(std::string_view text) {
 bool IsPlainDecimal(std::string_view text) {
   const auto point = text.find('.');
   const auto whole = text.substr(0, point);
-  return AllDigits(whole) && (whole.size() == 1 || whole[0] != '0') &&
-         (point == std::string_view::npos || AllDigits(text.substr(point + 1)));
+  return IsDigits(whole) && (whole.size() == 1 || whole[0] != '0') &&
+         (point == std::string_view::npos || IsDigits(text.substr(point + 1)));
 }
 
 /// Pads with zeros, or takes zeros away, down to `least` decimals.
@@ -112,7 +106,7 @@ void WritePriceText(std::string& text, std::string_view given, std::optional<int
 
 void WriteQuantityText(std::string& text, std::string_view given) {
   const auto number = Trim(given);
-  if (AllDigits(number) && IsPlainDecimal(number)) {
+  if (IsDigits(number) && IsPlainDecimal(number)) {
     text.assign(number);
     GroupThousands(text);
   } else if (const auto value = ParseNumber(number)) {

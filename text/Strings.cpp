@@ -10,6 +10,10 @@ constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c
 
 } // namespace
 
+bool IsDigits(std::string_view text) {
+  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
+}
+
 std::string_view Trim(std::string_view text) {
   while (!text.empty() && IsBlank(text.front()))
     text.remove_prefix(1);

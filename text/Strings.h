@@ -8,6 +8,11 @@ namespace Text {
 
 constexpr bool IsBlank(char c) { return static_cast<unsigned char>(c) <= ' '; }
 
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// Whether there are digits and nothing else.
+bool IsDigits(std::string_view text);
+
 /// True for a byte of a character that is not its first.
 constexpr bool IsContinuation(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;

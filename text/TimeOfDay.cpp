@@ -1,5 +1,7 @@
 #include "text/TimeOfDay.h"
 
+#include "text/Strings.h"
+
 #include <array>
 #include <cstdio>
 
@@ -10,8 +12,7 @@ namespace {
 /// The number that the two digits at the front of `text` give, which are then cut off; -1 when
 /// there are none.
 int TakeTwoDigits(std::string_view& text) {
-  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  if (text.size() < 2 || !isDigit(text[0]) || !isDigit(text[1]))
+  if (text.size() < 2 || !IsDigit(text[0]) || !IsDigit(text[1]))
     return -1;
   const int number = (text[0] - '0') * 10 + (text[1] - '0');
   text.remove_prefix(2);
@@ -34,7 +35,7 @@ std::optional<std::chrono::microseconds> Fraction(std::string_view text) {
   int fraction = 0;
   for (std::size_t i = 0; i < 6; ++i) {
     const char digit = i < text.size() ? text[i] : '0';
-    if (digit < '0' || digit > '9')
+    if (!IsDigit(digit))
       return std::nullopt;
     fraction = fraction * 10 + (digit - '0');
   }

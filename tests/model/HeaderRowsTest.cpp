@@ -16,7 +16,7 @@ using Fields = std::vector<int>;
 class THeaderRowsTest : public TRecordTest {
 protected:
   void Update() {
-    rows.Update(&Record());
+    rows.SetHeaderAttribute(&Record());
     rows.UpdateCaptions(nullptr);
   }
   std::string Value(int field) { return HeaderValueText(&Record(), field); }
@@ -136,7 +136,7 @@ protected:
     FillStock(Record());
     Record().Remove(Field::PriceEarnings);
     detail.SetSymbol("700");
-    rows.Update(&Record());
+    rows.SetHeaderAttribute(&Record());
   }
 
   TCustomQuorDetailDataControl detail{nullptr};
@@ -159,7 +159,7 @@ TEST_F(TAppendedRowsTest, DetailRowsEndWithTheRoomForThem) {
   rows.AppendDetail(detail, 12);
   EXPECT_EQ(rows.Count(), 12);
   EXPECT_EQ(rows.Attribute(11), Field::IssueSize);
-  rows.Update(&Record());
+  rows.SetHeaderAttribute(&Record());
   rows.AppendDetail(detail, 11);
   EXPECT_EQ(rows.Count(), 11);
 }
