@@ -38,8 +38,11 @@ TReaderNews TMarketReader::Take() {
 
 void TMarketReader::Play() {
   const TLock lock(mutex_);
-  if (!clock_.IsRunning && IsPastEnd())
+  if (!clock_.IsRunning && IsPastEnd()) {
+    if (!Traits().Seekable)
+      return;
     seekRequest_ = Beginning();
+  }
   SetClock(true);
   Command();
 }

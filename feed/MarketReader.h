@@ -1,9 +1,9 @@
 #pragma once
 
-#include "data/Orders.h"
 #include "feed/Conflator.h"
 #include "feed/MarketIndex.h"
 #include "feed/ReplayClock.h"
+#include "feed/SourceTraits.h"
 
 #include <condition_variable>
 #include <functional>
@@ -29,7 +29,7 @@ struct TReaderProgress {
 /// What has happened since it was last taken, to be told in the order of the members.
 struct TReaderNews {
   std::vector<TReaderProgress> Progress;
-  /// Once, when header, start and end are known; otherwise null. A simulated market has no lines.
+  /// Once a market or a day of it, when header, start and end are known; otherwise null.
   std::shared_ptr<const TMarketIndex> Index;
   bool Reset = false;                      ///< the market starts over before Changes
   std::vector<TRecordChange> Changes;      ///< one per symbol
@@ -39,8 +39,9 @@ struct TReaderNews {
   bool Finished = false;
 };
 
-/// A market that a thread of its own reads or makes, merging what is due by the clock until the
-/// owner takes it: one merged change per symbol, however slowly they are taken. Starts paused.
+/// A source: a market that a thread of its own reads or makes, merging what is due by the clock
+/// until the owner takes it: one merged change per symbol, however slowly they are taken. Starts
+/// paused.
 ///
 /// The operations belong to one thread, the owner's. Here are the clock and all that passes between
 /// the two threads; what the market is, and how it goes on, is the implementation's.
@@ -52,13 +53,14 @@ public:
   TMarketReader& operator=(const TMarketReader&) = delete;
   virtual ~TMarketReader(); ///< stops at once, in the midst of whatever is going on
 
+  virtual TSourceTraits Traits() = 0;
+
   TReaderNews Take();
 
-  void Play(); ///< from the beginning where it stands at the end
+  void Play(); ///< at the end from the beginning, where it can seek
   void Pause();
   void SetSpeed(double speed); ///< above 0
   void SetAtEnd(TAtEnd atEnd);
-  virtual void Seek(TTimeOfDay time) = 0; ///< clamped to the market's hours
   /// Pauses and moves on by 0 or more; returns when all that is due by then has been merged.
   void Step(std::chrono::milliseconds by);
 

@@ -7,10 +7,11 @@ namespace Feed {
 
 /// Reads one recording. Holds one decoded line ahead of the clock and one merged change per symbol,
 /// however slowly they are taken. Starts paused at the recording's first moment.
-class TRecordingReader final : public TMarketReader {
+class TRecordingReader final : public TMarketReader, public TSeekable {
 public:
   TRecordingReader(TRecordingSource source, std::function<void()> wake);
 
+  TSourceTraits Traits() override { return {.Seekable = this}; }
   void Seek(TTimeOfDay time) override;
 
 private:

@@ -19,11 +19,12 @@ constexpr std::chrono::seconds Slice(1);
 } // namespace
 
 TSimulationReader::TSimulationReader(const TSimulation& simulation, std::function<void()> wake)
-    : TMarketReader(std::move(wake), TSimulatedMarket::MaximumTrades), simulation_(simulation),
-      day_(simulation.Seed) {
+    : TMarketReader(std::move(wake), TSimulatedMarket::MaximumTrades), simulation_(simulation) {
   seekRequest_ = simulation.Start;
   thread_ = StartThread();
 }
+
+TSimulationReader::~TSimulationReader() = default;
 
 // What the owner asks for
 
@@ -90,6 +91,8 @@ bool TSimulationReader::IsDue() const {
   return HasNoClock() ? !isAnnounced_ : Now() >= nextPublication_;
 }
 
+TTimeOfDay TSimulationReader::End() const { return DayEnd; }
+
 bool TSimulationReader::IsPastEnd() const { return position_ >= DayEnd && !IsOnItsWay(); }
 
 /// The day anew, without anything that the user did in it.
@@ -135,10 +138,11 @@ void TSimulationReader::StartRun(TLock& lock) {
 TTimeOfDay TSimulationReader::JumpTarget(TJump to) const {
   if (to == TJump::CoolingOff)
     return DayEnd;
-  const auto& morning = day_.SpanOf(TPhase::Morning);
-  const auto& afternoon = day_.SpanOf(TPhase::Afternoon);
+  const TTradingDay day(simulation_.Seed);
+  const auto& morning = day.SpanOf(TPhase::Morning);
+  const auto& afternoon = day.SpanOf(TPhase::Afternoon);
   if (to == TJump::ClosingAuction)
-    return day_.SpanOf(TPhase::ReferenceFixing).Start;
+    return day.SpanOf(TPhase::ReferenceFixing).Start;
   const bool hasMorningBegun = position_ >= morning.Start && position_ < afternoon.Start;
   return hasMorningBegun ? afternoon.Start : morning.Start;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "data/Orders.h"
 #include "feed/MarketReader.h"
 #include "market/SimulatedMarket.h"
 
@@ -16,27 +15,24 @@ struct TSimulation {
   static constexpr TTimeOfDay DefaultStart = std::chrono::hours(10);
 };
 
-/// Where a simulated market can be run on to.
-enum class TJump {
-  Opening,       ///< of the morning or the afternoon, whichever is next
-  CoolingOff,    ///< an instrument's next one; the end of the day when there is none
-  ClosingAuction ///< its beginning
-};
-
 /// Simulates one day. Starts paused at the simulation's start. A day that is over, or sought back
 /// into, begins anew: the same day without the user's orders.
-class TSimulationReader final : public TMarketReader {
+class TSimulationReader final : public TMarketReader,
+                                public TSeekable,
+                                public TJumpable,
+                                public TOrderTaker,
+                                public TDelayable {
 public:
   TSimulationReader(const TSimulation& simulation, std::function<void()> wake);
+  ~TSimulationReader() override;
 
+  TSourceTraits Traits() override { return {Mark_Invented, false, this, this, this, this}; }
   void Seek(TTimeOfDay time) override;
-  /// Runs on as fast as it can; where that is not ahead in this day, through a new one.
-  void Jump(TJump to);
-  /// The market answers at the moment where it is, also while paused. A request made before the
-  /// index of a new day was taken is to the day that is over, and has no answer.
-  void Request(const Data::TOrderRequest& request);
-  /// Changes come `delay` behind the market; orders and clock do not. None come until all can.
-  void SetDelay(TTimeOfDay delay);
+  void Jump(TJump to) override;
+  /// A request made before the index of a new day was taken is to the day that is over, and has no
+  /// answer.
+  void Request(const Data::TOrderRequest& request) override;
+  void SetDelay(TTimeOfDay delay) override;
 
 private:
   /// A run at full speed.
@@ -53,7 +49,7 @@ private:
   bool IsUnderway() const override { return IsOnItsWay() || delayRequest_; }
   bool IsPastEnd() const override;
   TTimeOfDay Beginning() const override { return simulation_.Start; }
-  TTimeOfDay End() const override { return Market::DayEnd; }
+  TTimeOfDay End() const override;
 
   bool IsOnItsWay() const { return seekRequest_ || jumpRequest_ || run_; }
   void StartRun(TLock& lock);
@@ -71,7 +67,6 @@ private:
   bool Collect(TTimeOfDay reached, TLock& lock);
 
   const TSimulation simulation_;
-  const Market::TTradingDay day_;
 
   // The thread's.
   std::unique_ptr<Market::TSimulatedMarket> market_;

@@ -46,7 +46,7 @@ void TMarketFeed::SetFeedType(int type) {
   feedType_ = type;
   services_.Vendor.SetFeedType(type);
   ForgetRecords();
-  if (isDelayChanged && player_.IsSimulating())
+  if (isDelayChanged && player_.Traits().Delayable)
     return; // the market of the other moment comes by itself
   for (const auto& change : present)
     Take(change);
@@ -77,6 +77,7 @@ std::vector<Data::TRecordChange> TMarketFeed::Present() const {
 
 void TMarketFeed::TakeHeader(const Data::TReferenceData& header) {
   simulated_ = header.Simulated;
+  mark_ = simulated_ ? Feed::Mark_Invented : player_.Traits().Mark;
   started_ = false;
   std::vector<TSpreadDefinition> tables;
   for (const auto& spread : header.Spreads) {

@@ -20,7 +20,7 @@ class TMarketFeed : public QObject {
   Q_OBJECT
 
 public:
-  /// How far a simulated market's delayed quotes lie behind it. A recording is played as it was.
+  /// How far delayed quotes lie behind the market, where the source can delay them.
   static constexpr std::chrono::minutes Delay{15};
 
   /// Both outlive the feed. Streaming unless told otherwise.
@@ -36,6 +36,8 @@ public:
 
   /// Whether the market that is played was invented.
   bool IsSimulated() const { return simulated_; }
+  /// Language key of what stands wherever the market is shown.
+  const char* Mark() const { return mark_; }
   /// Seconds since the last data came; nothing before the first.
   std::optional<double> Age() const;
   /// Every record as the market has it, without its trades.
@@ -63,6 +65,7 @@ private:
   Feed::TConflator
       market_; ///< every record without its trades, while views are told less than that
   bool simulated_ = false;
+  const char* mark_ = Feed::Mark_Replay;
   bool started_ = false;
   QElapsedTimer lastData_;
   std::map<std::string, std::set<int>> given_; ///< fields that records may hold, by symbol

@@ -28,22 +28,19 @@ QString TMarketPlayer::Open(const QString& path) {
 void TMarketPlayer::Simulate(const Feed::TSimulation& simulation) {
   lastSimulation_ = simulation;
   Close();
-  auto reader = std::make_unique<Feed::TSimulationReader>(lastSimulation_, [this] { Wake(); });
-  simulation_ = reader.get();
-  if (delay_ > Text::TTimeOfDay{})
-    simulation_->SetDelay(delay_);
-  Begin(std::move(reader));
+  Begin(std::make_unique<Feed::TSimulationReader>(lastSimulation_, [this] { Wake(); }));
 }
 
 void TMarketPlayer::Begin(std::shared_ptr<Feed::TMarketReader> reader) {
   reader_ = std::move(reader);
+  if (delay_ > Text::TTimeOfDay{})
+    SetDelay(delay_);
   reader_->SetSpeed(speed_);
-  reader_->SetAtEnd(atEnd_);
+  reader_->SetAtEnd(Traits().HasEnd ? Feed::TAtEnd::Stop : Feed::TAtEnd::StartOver);
   TellState();
 }
 
 void TMarketPlayer::Close() {
-  simulation_ = nullptr;
   reader_.reset();
   index_.reset();
   path_.clear();
@@ -73,16 +70,13 @@ void TMarketPlayer::SetSpeed(double speed) {
     reader_->SetSpeed(speed_);
 }
 
-void TMarketPlayer::SetAtEnd(Feed::TAtEnd atEnd) {
-  atEnd_ = atEnd;
-  if (reader_)
-    reader_->SetAtEnd(atEnd_);
+Feed::TSourceTraits TMarketPlayer::Traits() const {
+  return reader_ ? reader_->Traits() : Feed::TSourceTraits();
 }
 
 void TMarketPlayer::Seek(Text::TTimeOfDay time) {
-  if (!reader_)
-    return;
-  reader_->Seek(time);
+  if (auto* source = Traits().Seekable)
+    source->Seek(time);
   TellState();
 }
 
@@ -94,21 +88,20 @@ void TMarketPlayer::Step(int milliseconds) {
 }
 
 void TMarketPlayer::Jump(Feed::TJump to) {
-  if (!simulation_)
-    return;
-  simulation_->Jump(to);
+  if (auto* source = Traits().Jumpable)
+    source->Jump(to);
   TellState();
 }
 
 void TMarketPlayer::Request(const Data::TOrderRequest& request) {
-  if (simulation_)
-    simulation_->Request(request);
+  if (auto* source = Traits().Orders)
+    source->Request(request);
 }
 
 void TMarketPlayer::SetDelay(Text::TTimeOfDay delay) {
   delay_ = delay;
-  if (simulation_)
-    simulation_->SetDelay(delay);
+  if (auto* source = Traits().Delayable)
+    source->SetDelay(delay);
 }
 
 TMarketPlayer::TState TMarketPlayer::State() const {

@@ -49,7 +49,8 @@ public:
   const Feed::TSimulation& Simulation() const { return lastSimulation_; }
   void Close();
   QString Path() const { return path_; } ///< of the recording; empty while none is open
-  bool IsSimulating() const { return simulation_ != nullptr; }
+  /// Of what is open; while closed, of what can do nothing.
+  Feed::TSourceTraits Traits() const;
 
   void Play();
   void Pause();
@@ -57,8 +58,6 @@ public:
   /// Kept from one recording to the next.
   void SetSpeed(double speed);
   double Speed() const { return speed_; }
-  /// Kept from one recording to the next; Stop unless told.
-  void SetAtEnd(Feed::TAtEnd atEnd);
 
   /// Goes to `time`, clamped to the recording: Reset, then one batch with the state at that
   /// moment, then on as before. Returns at once; a long seek shows Progress.
@@ -67,7 +66,7 @@ public:
   /// recorded time and delivers everything up to there before it returns. Follows no clock.
   void Step(int milliseconds);
 
-  // Of simulated markets only; a recording takes no notice.
+  // Of sources that can; others take no notice.
 
   /// Runs on at full speed, with Progress, then goes on as before: Reset, and one batch.
   void Jump(Feed::TJump to);
@@ -118,14 +117,12 @@ private:
   QString path_;
   Feed::TSimulation lastSimulation_;
   double speed_ = 1;
-  Feed::TAtEnd atEnd_ = Feed::TAtEnd::Stop;
   TState toldState_ = TState::Closed;
   Text::TTimeOfDay toldPosition_{};
   Text::TTimeOfDay batchTime_{};
   Text::TTimeOfDay delay_{};
   std::shared_ptr<const Feed::TMarketIndex> index_;
-  std::shared_ptr<Feed::TMarketReader> reader_;   ///< nobody else keeps it
-  Feed::TSimulationReader* simulation_ = nullptr; ///< the reader, when it is one
+  std::shared_ptr<Feed::TMarketReader> reader_; ///< nobody else keeps it
   QTimer positionTimer_;
 };
 

@@ -75,7 +75,6 @@ public:
   /// Empty, or one sentence.
   std::string Open(const TCommandLine& line) {
     Player.SetSpeed(line.Speed);
-    Player.SetAtEnd(line.Replay ? Feed::TAtEnd::Stop : Feed::TAtEnd::StartOver);
     if (!line.Replay) {
       Player.Simulate(line.Simulation);
       return {};

@@ -36,7 +36,7 @@ void TOrderDesk::Cancel(int number) { Send({TOrderAction::Cancel, number, {}, {}
 
 void TOrderDesk::Follow(TMarketPlayer& player) {
   connect(&player, &TMarketPlayer::HeaderRead, this, [this, &player] {
-    if (player.IsSimulating())
+    if (player.Traits().Orders)
       SetMarket([&player](const TOrderRequest& request) { player.Request(request); });
     else
       SetMarket({});

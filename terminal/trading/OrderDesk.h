@@ -12,9 +12,9 @@ namespace Terminal {
 
 class TMarketPlayer;
 
-/// Between order entry and the simulated market: passes on what the user asks, and keeps the user's
-/// orders and trades as the market last told them. All of it on the user-interface thread; the
-/// market answers a moment later, also while its clock is stopped. Paper trading only.
+/// Between order entry and a market that takes orders: passes on what the user asks, and keeps the
+/// user's orders and trades as the market last told them. All of it on the user-interface thread;
+/// the market answers a moment later, also while its clock is stopped. Paper trading only.
 class TOrderDesk : public QObject {
   Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
 
   // For order entry and the blotter.
 
-  /// Whether there is a market to trade in; there is none while a recording is played.
+  /// Whether there is a market to trade in; there is none while a recording is played, say.
   bool IsOpen() const { return static_cast<bool>(market_); }
   /// Orders `quantity` shares at the limit `price`. Answers the number of the new order, from 1,
   /// which OrderChanged tells of next: as working, filled or, with a reason, rejected.
@@ -39,8 +39,8 @@ public:
   /// Oldest first.
   const std::vector<Data::TUserTrade>& Trades() const { return trades_; }
 
-  /// Trades in whatever simulated market `player` plays, from its next one on. It outlives the
-  /// desk.
+  /// Trades in whatever `player` plays that takes orders, from its next market on. It outlives
+  /// the desk.
   void Follow(TMarketPlayer& player);
 
   // For the market.

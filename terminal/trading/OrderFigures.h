@@ -1,6 +1,6 @@
 #pragma once
 
-#include "market/MarketTypes.h"
+#include "data/Orders.h"
 
 #include <QString>
 

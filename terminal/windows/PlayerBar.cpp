@@ -203,7 +203,8 @@ void TPlayerBar::ShowState() {
   play_->setIcon(isPlaying ? PauseIcon() : PlayIcon());
   play_->setToolTip(WindowText(isPlaying ? "Term_Pause" : "Term_Play"));
   ShowSpeed();
-  jump_->setEnabled(player_.IsSimulating());
+  jump_->setEnabled(player_.Traits().Jumpable != nullptr);
+  position_->setEnabled(player_.Traits().Seekable != nullptr);
   position_->setRange(0, static_cast<int>(Milliseconds(player_.Duration())));
   ShowPosition(player_.Position());
   ShowAge();

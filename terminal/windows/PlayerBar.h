@@ -12,8 +12,8 @@
 
 namespace Terminal {
 
-/// What drives the market that is played, and what it is: a simulation or a replay, its clock, and
-/// how old the data is that the views show.
+/// What drives the market that is played as far as its source can be driven, and what it is: its
+/// mark, its clock, and how old the data is that the views show.
 class TPlayerBar : public QToolBar {
   Q_OBJECT
 
@@ -47,7 +47,7 @@ private:
   QLabel* snapshots_; ///< how many were asked for; empty while quotes stream
   QToolButton* play_;
   QComboBox* speed_;
-  QToolButton* jump_; ///< for simulated markets
+  QToolButton* jump_;
   QSlider* position_;
   QProgressBar* progress_;
   QLabel* clock_;

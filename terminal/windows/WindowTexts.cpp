@@ -31,9 +31,7 @@ QString InstrumentText(const TServices& services, const QString& symbol) {
   return (symbol + u' ' + InstrumentName(services, symbol)).trimmed();
 }
 
-QString MarketText(const TMarketFeed& feed) {
-  return WindowText(feed.IsSimulated() ? "Term_Simulated" : "Term_Replay").toUpper();
-}
+QString MarketText(const TMarketFeed& feed) { return WindowText(feed.Mark()).toUpper(); }
 
 QString SimulatedMark(const TMarketFeed& feed) {
   return feed.IsSimulated() ? MarketText(feed) : QString();

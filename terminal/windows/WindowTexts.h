@@ -26,8 +26,8 @@ QString InstrumentText(const TServices& services, const QString& symbol);
 /// sentences are of those who read and write files; empty gives an empty sentence.
 QString FileSentence(const QString& file, const QString& reason);
 
-/// What stands wherever the market is shown that `feed` hands on: that it is invented, or that it
-/// is played again.
+/// What stands wherever the market is shown that `feed` hands on: that it is invented, or else
+/// what its source is marked with.
 QString MarketText(const TMarketFeed& feed);
 
 /// What must stand in every window that can be seen by itself: that the market is invented; empty

@@ -278,7 +278,7 @@ TEST(MarketPlayer, JumpToACoolingOffThatDoesNotComeFinishesTheDayUntilTheNextJum
   listener.Taken();
   player.Jump(Feed::TJump::CoolingOff);
   player.Step(0);
-  EXPECT_EQ(listener.Taken(), "reset batch finished ");
+  EXPECT_EQ(listener.Taken(), "reset batch ") << "a simulated day is followed by the next";
   EXPECT_EQ(player.Position(), player.End());
   ASSERT_EQ(player.State(), TMarketPlayer::TState::Finished);
   QSignalSpy states(&player, &TMarketPlayer::StateChanged);

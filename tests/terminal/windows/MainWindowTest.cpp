@@ -240,7 +240,7 @@ TEST_F(MainWindow, GoesBackToTheSimulatedMarketFromTheMenu) {
   Player.Simulate({4, Market::DayStart});
   Player.Close();
   Choose(*window, QStringLiteral("Simulated market"));
-  EXPECT_TRUE(Player.IsSimulating());
+  EXPECT_TRUE(Player.Traits().Orders);
   EXPECT_EQ(Player.Simulation().Seed, 4u);
   EXPECT_EQ(Player.Simulation().Start, Market::DayStart);
 }
