@@ -7,12 +7,8 @@ namespace Feed {
 
 // What only some sources can do.
 
-class TSeekable {
-public:
+struct TSeekable {
   virtual void Seek(TTimeOfDay time) = 0; ///< clamped to the market's hours
-
-protected:
-  ~TSeekable() = default;
 };
 
 /// Where a market can be run on to.
@@ -22,43 +18,31 @@ enum class TJump {
   ClosingAuction ///< its beginning
 };
 
-class TJumpable {
-public:
+struct TJumpable {
   /// Runs on as fast as it can; where that is not ahead in this day, through a new one.
   virtual void Jump(TJump to) = 0;
-
-protected:
-  ~TJumpable() = default;
 };
 
-class TOrderTaker {
-public:
+struct TOrderTaker {
   /// The market answers at the moment where it is, also while paused.
   virtual void Request(const Data::TOrderRequest& request) = 0;
-
-protected:
-  ~TOrderTaker() = default;
 };
 
-class TDelayable {
-public:
+struct TDelayable {
   /// Changes come `delay` behind the market; orders and clock do not. None come until all can.
   virtual void SetDelay(TTimeOfDay delay) = 0;
-
-protected:
-  ~TDelayable() = default;
 };
 
 // Marks: language keys of what stands wherever a market is shown.
 inline constexpr const char* Mark_Invented = "Term_Simulated";
 inline constexpr const char* Mark_Replay = "Term_Replay";
 
-/// What a source says of itself, the same from its beginning to its end. Whether its market is
-/// invented only its header says, since a recording may be of either.
+/// What a source says of itself, always the same. Only its header says whether its market is
+/// invented, since a recording may be of either.
 struct TSourceTraits {
   const char* Mark = Mark_Replay; ///< where the market is not invented
   bool HasEnd = true;             ///< and stops there; otherwise the day begins anew
-  // What it can do; null where it cannot. As long-lived as the source.
+  // What it can do; null where it cannot.
   TSeekable* Seekable = nullptr;
   TJumpable* Jumpable = nullptr;
   TOrderTaker* Orders = nullptr;

@@ -127,4 +127,17 @@ std::string TRecordingWriter::Close() {
   return file_ ? "" : "The recording could not be written to the end.";
 }
 
+std::string WriteRecording(const TChangeStream& market, TTimeOfDay length,
+                           const std::filesystem::path& path) {
+  TRecordingWriter writer;
+  if (auto problem = writer.Open(path, market.Header); !problem.empty())
+    return problem;
+  auto moment = market.Next();
+  const TTimeOfDay end = moment ? moment->Time + length : TTimeOfDay{};
+  for (; moment && moment->Time <= end; moment = market.Next())
+    for (const TRecordChange& change : moment->Changes)
+      writer.Write(moment->Time, change);
+  return writer.Close();
+}
+
 } // namespace Feed

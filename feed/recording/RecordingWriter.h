@@ -1,6 +1,6 @@
 #pragma once
 
-#include "feed/recording/RecordedEvent.h"
+#include "feed/SourceKind.h"
 
 #include <filesystem>
 #include <fstream>
@@ -26,5 +26,10 @@ private:
   std::ofstream file_;
   TTimeOfDay lastTime_{};
 };
+
+/// Records `length` of a market from its first moment on. Empty when everything is in the file;
+/// otherwise what is wrong, in one sentence.
+std::string WriteRecording(const TChangeStream& market, TTimeOfDay length,
+                           const std::filesystem::path& path);
 
 } // namespace Feed

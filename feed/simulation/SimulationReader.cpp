@@ -1,5 +1,7 @@
 #include "feed/simulation/SimulationReader.h"
 
+#include "market/SimulatedMarket.h"
+
 #include <algorithm>
 #include <utility>
 

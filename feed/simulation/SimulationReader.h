@@ -1,7 +1,10 @@
 #pragma once
 
 #include "feed/MarketReader.h"
-#include "market/SimulatedMarket.h"
+
+namespace Market {
+class TSimulatedMarket;
+}
 
 namespace Feed {
 

@@ -1,7 +1,5 @@
 #include "terminal/services/MarketPlayer.h"
 
-#include <QFile>
-
 #include <cmath>
 #include <utility>
 
@@ -14,36 +12,23 @@ TMarketPlayer::TMarketPlayer(QObject* parent) : QObject(parent) {
 
 TMarketPlayer::~TMarketPlayer() = default;
 
-QString TMarketPlayer::Open(const QString& path) {
-  Feed::TRecordingSource source;
-  const std::string problem = source.Open(QFile::encodeName(path).toStdString());
-  if (!problem.empty())
-    return QString::fromStdString(problem);
+QString TMarketPlayer::Open(const Feed::TSourceKind& kind, const Feed::TSourceOptions& options) {
+  auto opened = kind.Open(options, [this] { Wake(); });
+  if (const auto* problem = std::get_if<std::string>(&opened))
+    return QString::fromStdString(*problem);
   Close();
-  path_ = path;
-  Begin(std::make_unique<Feed::TRecordingReader>(std::move(source), [this] { Wake(); }));
-  return {};
-}
-
-void TMarketPlayer::Simulate(const Feed::TSimulation& simulation) {
-  lastSimulation_ = simulation;
-  Close();
-  Begin(std::make_unique<Feed::TSimulationReader>(lastSimulation_, [this] { Wake(); }));
-}
-
-void TMarketPlayer::Begin(std::shared_ptr<Feed::TMarketReader> reader) {
-  reader_ = std::move(reader);
+  reader_ = std::get<std::unique_ptr<Feed::TMarketReader>>(std::move(opened));
   if (delay_ > Text::TTimeOfDay{})
     SetDelay(delay_);
   reader_->SetSpeed(speed_);
   reader_->SetAtEnd(Traits().HasEnd ? Feed::TAtEnd::Stop : Feed::TAtEnd::StartOver);
   TellState();
+  return {};
 }
 
 void TMarketPlayer::Close() {
   reader_.reset();
   index_.reset();
-  path_.clear();
   toldPosition_ = {};
   TellState();
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "feed/recording/RecordingReader.h"
-#include "feed/simulation/SimulationReader.h"
+#include "feed/SourceKind.h"
 
 #include <QObject>
 #include <QString>
@@ -12,11 +11,10 @@
 
 namespace Terminal {
 
-/// Plays a recording or a simulated market to the user-interface thread, on which all of this runs.
-/// Reading and simulating happen on a worker thread; what a slow screen could not take yet is
-/// merged, not queued.
+/// Plays a source to the user-interface thread, on which all of this runs. The source has a thread
+/// of its own; what a slow screen could not take yet is merged, not queued.
 ///
-/// Opening indexes the file first, with Progress; what is asked for meanwhile (play, seek, speed)
+/// A recording is indexed first, with Progress; what is asked for meanwhile (play, seek, speed)
 /// happens when that is done. A player must not be deleted from one of its own signals, except
 /// with deleteLater().
 class TMarketPlayer : public QObject {
@@ -40,22 +38,17 @@ public:
   /// May come at any moment, in the midst of indexing or seeking too.
   ~TMarketPlayer() override;
 
-  /// Opens the recording paused at its first moment, in place of what was open. Empty when it could
-  /// be opened; otherwise what is wrong, in one sentence, and nothing has changed.
-  QString Open(const QString& path);
-  /// Simulates a market, paused at the simulation's start, in place of what was open.
-  void Simulate(const Feed::TSimulation& simulation);
-  /// The last that was simulated, or the one that is simulated unless told otherwise.
-  const Feed::TSimulation& Simulation() const { return lastSimulation_; }
+  /// Opens a source, paused at its first moment, in place of what was open. Empty when it could be
+  /// opened; otherwise what is wrong, in one sentence, and nothing has changed.
+  QString Open(const Feed::TSourceKind& kind, const Feed::TSourceOptions& options);
   void Close();
-  QString Path() const { return path_; } ///< of the recording; empty while none is open
   /// Of what is open; while closed, of what can do nothing.
   Feed::TSourceTraits Traits() const;
 
   void Play();
   void Pause();
   /// Times the recorded speed; a figure outside slowest to fastest becomes the nearer of them.
-  /// Kept from one recording to the next.
+  /// Kept from one source to the next.
   void SetSpeed(double speed);
   double Speed() const { return speed_; }
 
@@ -84,7 +77,7 @@ public:
   Text::TTimeOfDay End() const;
   Text::TTimeOfDay Duration() const { return End() - Start(); }
   /// What indexing found, of a simulated market without any lines; null while closed or indexing.
-  /// Valid until the next Open, Simulate or Close.
+  /// Valid until the next Open or Close.
   const Feed::TMarketIndex* Index() const { return index_.get(); }
 
 signals:
@@ -108,14 +101,11 @@ signals:
   void StateChanged(Terminal::TMarketPlayer::TState state);
 
 private:
-  void Begin(std::shared_ptr<Feed::TMarketReader> reader);
   void Wake();
   void Deliver();
   void TellPosition();
   void TellState();
 
-  QString path_;
-  Feed::TSimulation lastSimulation_;
   double speed_ = 1;
   TState toldState_ = TState::Closed;
   Text::TTimeOfDay toldPosition_{};

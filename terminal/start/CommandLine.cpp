@@ -28,33 +28,23 @@ std::optional<double> PositiveNumber(const std::string& text) {
   return number;
 }
 
-TTakeValue TakeSeed(std::uint64_t& seed) {
-  return [&seed](const std::string& value) {
-    const char* end = value.data() + value.size();
-    const auto [stop, error] = std::from_chars(value.data(), end, seed);
-    return error == std::errc() && stop == end;
-  };
-}
-
-/// A moment of the simulated day.
-TTakeValue TakeMoment(Text::TTimeOfDay& moment) {
-  return [&moment](const std::string& value) {
-    const auto time = Text::ParseTimeOfDay(value);
-    moment = time.value_or(Text::TTimeOfDay{});
-    return time && *time >= Market::DayStart && *time <= Market::DayEnd;
+TTakeValue TakeSourceOption(TCommandLine& line, const Feed::TSourceKind& kind,
+                            const Feed::TSourceOption& option) {
+  return [&](const std::string& value) {
+    const bool isAskedFor = !kind.IsDefault && &option == &kind.Options.front();
+    line.Source = isAskedFor ? &kind : line.Source;
+    line.SourceOptions[option.Name] = value;
+    return option.Takes ? option.Takes(value) : !value.empty();
   };
 }
 
 std::map<std::string, TTakeValue> OptionsInto(TCommandLine& line) {
-  return {
+  std::map<std::string, TTakeValue> options{
       {"--script", TakeText(line.Script)},
       {"--snapshot", TakeText(line.Snapshot)},
-      {"--replay", TakeText(line.Replay)},
       {"--symbol", TakeText(line.Symbol)},
       {"--package", TakeText(line.Package)},
       {"--record", TakeText(line.Record)},
-      {"--seed", TakeSeed(line.Simulation.Seed)},
-      {"--start", TakeMoment(line.Simulation.Start)},
       {"--speed",
        [&line](const std::string& value) {
          const auto speed = PositiveNumber(value);
@@ -73,6 +63,23 @@ std::map<std::string, TTakeValue> OptionsInto(TCommandLine& line) {
          return value == "5" || value == "10";
        }},
   };
+  for (const auto& kind : Feed::SourceKinds())
+    for (const auto& option : kind.Options)
+      options.emplace(option.Name, TakeSourceOption(line, kind, option));
+  return options;
+}
+
+/// Of the options by which sources are asked for and set.
+std::string SourceHelp() {
+  constexpr std::size_t column = 20;
+  std::string help;
+  for (const auto& kind : Feed::SourceKinds())
+    for (const auto& option : kind.Options) {
+      std::string line = "  " + option.Name + " " + option.Value;
+      line.resize(std::max(column, line.size() + 1), ' ');
+      help += line + option.Help + "\n";
+    }
+  return help;
 }
 
 } // namespace
@@ -100,10 +107,8 @@ std::variant<TCommandLine, std::string> ParseCommandLine(const std::vector<std::
 std::string CommandLineHelp() {
   return "quorterminal [OPTION VALUE]...\n"
          "  --symbol SYMBOL   what the first view shows\n"
-         "  --mode 5|10       its price levels (10)\n"
-         "  --replay FILE     plays a recorded market instead of the simulated one\n"
-         "  --seed N          which simulated day: the same number, the same day\n"
-         "  --start HH:MM:SS  where in the simulated day to begin, 09:00:00 to 16:10:00\n"
+         "  --mode 5|10       its price levels (10)\n" +
+         SourceHelp() +
          "  --speed X         plays X times as fast as the market was (1)\n"
          "  --snapshot FILE   writes a picture of the view and ends\n"
          "  --seconds N       how long to run where there is no display (10), before a snapshot\n"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "feed/simulation/SimulationReader.h"
+#include "feed/sources/Sources.h"
 
 #include <optional>
 #include <string>
@@ -13,14 +13,14 @@ namespace Terminal {
 struct TCommandLine {
   std::optional<std::string> Script;   ///< script to carry out; "-" is standard input
   std::optional<std::string> Snapshot; ///< picture of the view to write
-  std::optional<std::string> Replay;   ///< recorded market to play instead of the simulated one
   std::optional<std::string> Symbol;   ///< symbol that the first view shows
   std::optional<std::string> Package;  ///< package to load instead of the one beside the program
-  std::optional<std::string> Record;   ///< file to record the simulated market to
-  Feed::TSimulation Simulation;        ///< which day, and its first moment
-  double Speed = 1;                    ///< of the market, as a multiple of real time
-  std::optional<double> Seconds;       ///< how long to run without windows
-  std::optional<int> Levels;           ///< 5 or 10 price levels in the first view
+  std::optional<std::string> Record;   ///< file to record the market to
+  const Feed::TSourceKind* Source = &Feed::DefaultSource(); ///< what is played
+  Feed::TSourceOptions SourceOptions;
+  double Speed = 1;              ///< of the market, as a multiple of real time
+  std::optional<double> Seconds; ///< how long to run without windows
+  std::optional<int> Levels;     ///< 5 or 10 price levels in the first view
   bool Help = false;
 };
 

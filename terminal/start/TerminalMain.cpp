@@ -2,12 +2,12 @@
 
 #include "host/ConstDef.h"
 
+#include "feed/recording/RecordingWriter.h"
 #include "terminal/script/ScriptDriver.h"
 #include "terminal/script/ScriptSession.h"
 #include "terminal/start/CommandLine.h"
 #include "terminal/start/Headless.h"
 #include "terminal/start/PackageLoader.h"
-#include "terminal/start/SimulationRecording.h"
 #include "terminal/trading/OrderDesk.h"
 #include "terminal/windows/LayoutSymbol.h"
 #include "terminal/windows/MainWindow.h"
@@ -63,7 +63,7 @@ bool HasDisplay() {
   return false;
 }
 
-/// The market that is played: the simulated one, or the recording of the command line.
+/// The market that is played.
 class TMarket {
 public:
   explicit TMarket(TServices& services) : Feed(services, Player) {
@@ -75,12 +75,9 @@ public:
   /// Empty, or one sentence.
   std::string Open(const TCommandLine& line) {
     Player.SetSpeed(line.Speed);
-    if (!line.Replay) {
-      Player.Simulate(line.Simulation);
-      return {};
-    }
-    const QString file = QString::fromStdString(*line.Replay);
-    return FileSentence(file, Player.Open(file)).toStdString();
+    return FileSentence(QString::fromStdString(line.Source->Asked(line.SourceOptions)),
+                        Player.Open(*line.Source, line.SourceOptions))
+        .toStdString();
   }
 
   TMarketPlayer Player;
@@ -106,8 +103,12 @@ int RunScript(TServices& services, Baseview::TIBaseView& descriptor, std::istrea
 
 std::string Record(const TCommandLine& line) {
   const std::chrono::duration<double> length(line.Seconds.value_or(RecordedSeconds));
-  const std::string error = RecordSimulation(
-      line.Simulation, std::chrono::duration_cast<Text::TTimeOfDay>(length), *line.Record);
+  const auto opened = line.Source->Read(line.SourceOptions);
+  if (const auto* problem = std::get_if<std::string>(&opened))
+    return line.Source->Asked(line.SourceOptions) + ": " + *problem;
+  const auto error =
+      Feed::WriteRecording(std::get<Feed::TChangeStream>(opened),
+                           std::chrono::duration_cast<Text::TTimeOfDay>(length), *line.Record);
   return error.empty() ? error : *line.Record + ": " + error;
 }
 
@@ -158,11 +159,12 @@ int RunWindow(TServices& services, Baseview::TIBaseView& descriptor, const TComm
   TMarket market(services);
   if (const int type = services.Settings.FeedType.Value())
     market.Feed.SetFeedType(type);
-  TMainWindow window({services, descriptor, market.Player, market.Feed, state, market.Desk});
+  TMainWindow window(
+      {services, descriptor, market.Player, market.Feed, state, market.Desk, line.SourceOptions});
   QObject::connect(
       &market.Feed, &TMarketFeed::Started, &window,
       [&](const QString& symbol) {
-        const bool isAskedFor = line.Symbol || line.Levels || line.Replay;
+        const bool isAskedFor = line.Symbol || line.Levels || !line.Source->IsDefault;
         window.RestoreViews(FirstLayout(services, line, symbol),
                             isAskedFor ? TFirstView::AsTold : TFirstView::AsSaved);
       },

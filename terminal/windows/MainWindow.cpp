@@ -171,17 +171,6 @@ QString TMainWindow::CaptionOfSender(System::TObject* sender) const {
   return {};
 }
 
-void TMainWindow::OpenRecording() {
-  const QString file = QFileDialog::getOpenFileName(this, WindowText("Term_OpenRecording"), {},
-                                                    QStringLiteral("*.jsonl"));
-  if (file.isEmpty())
-    return;
-  const QString error = parts_.Player.Open(file);
-  if (error.isEmpty())
-    parts_.Player.Play();
-  WarnOf(file, error);
-}
-
 void TMainWindow::RecordOrStop() {
   QString file = QString::fromStdString(recorder_.File());
   std::string error;

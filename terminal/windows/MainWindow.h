@@ -28,7 +28,7 @@ class TMainWindow : public QMainWindow {
   Q_OBJECT
 
 public:
-  /// What the window works with. All of it outlives the window.
+  /// What the window works with. All that it refers to outlives the window.
   struct TParts {
     TServices& Services;
     Baseview::TIBaseView& Descriptor;
@@ -36,6 +36,7 @@ public:
     TMarketFeed& Feed;
     TSavedState& State;
     TOrderDesk& Desk;
+    Feed::TSourceOptions SourceOptions = {}; ///< for what is opened from the menu
   };
 
   explicit TMainWindow(const TParts& parts);
@@ -82,9 +83,8 @@ private:
 
   void FollowMarket();
   void ShowMarks();
-  void SimulateMarket();
+  void OpenSource(const Feed::TSourceKind& kind);
   void SetFeedType(int type);
-  void OpenRecording();
   void RecordOrStop();
   void ShowRecording();
   void ShowTitle();

@@ -6,6 +6,7 @@
 #include "terminal/windows/WindowTexts.h"
 
 #include <QDockWidget>
+#include <QFileDialog>
 
 // Which market is shown, and in what form.
 
@@ -30,9 +31,18 @@ void TMainWindow::ShowMarks() {
   ShowTitle();
 }
 
-void TMainWindow::SimulateMarket() {
-  parts_.Player.Simulate(parts_.Player.Simulation());
-  parts_.Player.Play();
+void TMainWindow::OpenSource(const Feed::TSourceKind& kind) {
+  if (*kind.Files) {
+    const QString file = QFileDialog::getOpenFileName(this, WindowText(kind.MenuText), {},
+                                                      QLatin1String(kind.Files));
+    if (file.isEmpty())
+      return;
+    parts_.SourceOptions[kind.Options.front().Name] = QFile::encodeName(file).toStdString();
+  }
+  const QString error = parts_.Player.Open(kind, parts_.SourceOptions);
+  if (error.isEmpty())
+    parts_.Player.Play();
+  WarnOf(QString::fromStdString(kind.Asked(parts_.SourceOptions)), error);
 }
 
 // A view keeps to the feed type that it was opened with.

@@ -1,5 +1,6 @@
 #include "terminal/windows/MainWindow.h"
 
+#include "feed/sources/Sources.h"
 #include "host/ConstDef.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/WindowTexts.h"
@@ -24,9 +25,9 @@ void TMainWindow::BuildMenu() {
 
 void TMainWindow::BuildFileMenu() {
   auto* menu = menuBar()->addMenu(WindowText("Term_File"));
-  menu->addAction(WindowText("Term_OpenRecording"), QKeySequence::Open, this,
-                  &TMainWindow::OpenRecording);
-  menu->addAction(WindowText("Term_SimulatedMarket"), this, &TMainWindow::SimulateMarket);
+  for (const auto& kind : Feed::SourceKinds())
+    menu->addAction(WindowText(kind.MenuText), QKeySequence(QLatin1String(kind.MenuKeys)), this,
+                    [this, &kind] { OpenSource(kind); });
   record_ = menu->addAction(WindowText("Term_Record"), this, &TMainWindow::RecordOrStop);
   record_->setCheckable(true);
   ShowRecording();

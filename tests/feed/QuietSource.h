@@ -1,6 +1,6 @@
 #pragma once
 
-#include "feed/MarketReader.h"
+#include "feed/SourceKind.h"
 
 namespace FeedTest {
 
@@ -38,5 +38,11 @@ private:
   bool isKnown_ = false;
   std::jthread thread_;
 };
+
+inline const Feed::TSourceKind QuietKind{
+    .Options = {{"--quiet", "N", "plays a market in which nothing happens", nullptr}},
+    .Open = [](const Feed::TSourceOptions&, std::function<void()> wake) -> Feed::TOpenedSource {
+      return std::make_unique<TQuietSource>(std::move(wake));
+    }};
 
 } // namespace FeedTest

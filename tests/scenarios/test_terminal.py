@@ -116,6 +116,19 @@ class DisplayTest(unittest.TestCase):
         self.assertEqual(result.returncode, 0)
         self.assertIn("SIMULATED", result.stdout.splitlines()[0])
 
+    def test_record_writes_the_recording_that_was_asked_for(self):
+        lines = ['{"t":"09:30:00.000000","s":"ABC","f":{"1":"5"}}\n',
+                 '{"t":"09:30:01.000000","s":"ABC","f":{"1":"6"}}\n',
+                 '{"t":"09:30:01.500000","s":"ABC","f":{"1":"7"}}\n']
+        recording, copy = self.folder / "market.jsonl", self.folder / "copy.jsonl"
+        recording.write_text("".join(lines), encoding="utf-8")
+        result = run("--replay", str(recording), "--record", str(copy), "--seconds", "1")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+        self.assertEqual(copy.read_text(encoding="utf-8").splitlines(True)[1:], lines[:2])
+        result = run("--replay", "/nowhere.jsonl", "--record", str(copy))
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertEqual(result.stderr, "/nowhere.jsonl: The file does not exist.\n")
+
     def test_recording_that_is_not_there(self):
         result = run("--replay", "/nowhere.jsonl", "--snapshot", str(self.folder / "view.png"))
         self.assertEqual((result.returncode, result.stdout), (1, ""))

@@ -1,7 +1,7 @@
 #include "host/RecordFields.h"
+#include "terminal/Markets.h"
 #include "terminal/services/MarketRecorder.h"
 #include "terminal/services/Services.h"
-#include "terminal/start/SimulationRecording.h"
 #include "terminal/trading/OrderDesk.h"
 #include "terminal/windows/SkippedLines.h"
 
@@ -42,7 +42,7 @@ protected:
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(lines);
     file.close();
-    ASSERT_EQ(Player.Open(file.fileName()), QString());
+    ASSERT_EQ(Markets::Open(Player, file.fileName()), QString());
   }
 
   const TRecord& Record() const { return *Services.Subscriptions.Find("700"); }
@@ -161,7 +161,7 @@ TEST_F(MarketFeed, RecordsTheMarketAsItStandsAndEveryChange) {
   ASSERT_EQ(recorder.Stop(), "");
   EXPECT_FALSE(recorder.IsRecording());
 
-  ASSERT_EQ(Player.Open(File("copy.jsonl")), QString());
+  ASSERT_EQ(Markets::Open(Player, File("copy.jsonl")), QString());
   Player.Step(0);
   EXPECT_EQ(Record().GetText(Field::BestBid), "5");
   EXPECT_EQ(Record().GetText(Field::BestAsk), "6");
@@ -183,15 +183,17 @@ TEST_F(MarketFeed, AJumpEndsTheRecording) {
   EXPECT_FALSE(recorder.IsRecording());
 }
 
-constexpr Feed::TSimulation simulation{5, 9h + 31min};
+constexpr std::uint64_t seed = 5;
+constexpr auto start = 9h + 31min;
 
 TEST_F(MarketFeed, SimulationThatWasRecordedPlaysBackTheSameScreensAtAHundredInstants) {
   const auto file = File("day.jsonl");
-  ASSERT_EQ(RecordSimulation(simulation, 11s, file.toStdString()), "");
-  Player.Simulate(simulation);
+  const auto day = Feed::DefaultSource().Read(Markets::Simulation(seed, start));
+  ASSERT_EQ(Feed::WriteRecording(std::get<Feed::TChangeStream>(day), 11s, file.toStdString()), "");
+  Markets::Simulate(Player, seed, start);
   Player.Step(0);
   const auto simulated = AHundredScreens();
-  ASSERT_EQ(Player.Open(file), QString());
+  ASSERT_EQ(Markets::Open(Player, file), QString());
   Player.Step(0);
   EXPECT_EQ(Player.Position(), 9h + 31min);
   const auto played = AHundredScreens();
@@ -202,14 +204,14 @@ TEST_F(MarketFeed, SimulationThatWasRecordedPlaysBackTheSameScreensAtAHundredIns
 
 TEST_F(MarketFeed, RecorderWritesTheSimulatedMarketAsItIsShown) {
   TMarketRecorder recorder(Player, Feed);
-  Player.Simulate(simulation);
+  Markets::Simulate(Player, seed, start);
   Player.Step(0);
   for (const auto& record : Feed.Present())
     Services.TradeSides.ReplaceTrades(record.Symbol, {}); // a recording begins without trades
   ASSERT_EQ(recorder.Start(File("copy.jsonl").toStdString()), "");
   const auto simulated = AHundredScreens();
   ASSERT_EQ(recorder.Stop(), "");
-  ASSERT_EQ(Player.Open(File("copy.jsonl")), QString());
+  ASSERT_EQ(Markets::Open(Player, File("copy.jsonl")), QString());
   Player.Step(0);
   const auto played = AHundredScreens();
   for (std::size_t i = 0; i < simulated.size(); ++i)
@@ -273,14 +275,14 @@ TEST_F(MarketFeed, StreamsAgainWithAllThatNobodyAskedFor) {
 }
 
 TEST_F(MarketFeed, DelayedQuotesAreAQuarterOfAnHourOldAndHaveNoQueue) {
-  Player.Simulate({simulation.Seed, 9h + 40min});
+  Markets::Simulate(Player, seed, 9h + 40min);
   Player.Step(0);
   auto early = Feed.Present();
   for (auto& record : early)
     std::erase_if(record.Fields,
                   [](const auto& field) { return field.first == 120 || field.first == 121; });
   Feed.SetFeedType(Constdef::FeedType_Delayed);
-  Player.Simulate({simulation.Seed, 9h + 55min});
+  Markets::Simulate(Player, seed, 9h + 55min);
   Player.Step(0);
   ASSERT_FALSE(early.empty());
   ASSERT_EQ(Feed.Present().size(), early.size());
@@ -309,7 +311,7 @@ TEST_F(MarketFeed, RecordingShowsItsQueueWhereverQuotesAreNotDelayed) {
 }
 
 TEST_F(MarketFeed, RealTimeQuotesOfASimulationAreGoneAsSoonAsItIsDelayed) {
-  Player.Simulate(simulation);
+  Markets::Simulate(Player, seed, start);
   Player.Step(0);
   const std::string symbol = Feed.Present().at(0).Symbol;
   ASSERT_EQ(Services.Subscriptions.Find(symbol)->GetState(), Constdef::RecordState_Ready);
@@ -355,7 +357,7 @@ TEST_F(MarketFeed, DeskTradesInTheSimulatedMarketAndNotInARecording) {
   TOrderDesk desk;
   desk.Follow(Player);
   EXPECT_FALSE(desk.IsOpen());
-  Player.Simulate(simulation);
+  Markets::Simulate(Player, seed, start);
   Player.Step(0);
   ASSERT_TRUE(desk.IsOpen());
   EXPECT_EQ(desk.Submit("700", Data::TSide::Bid, 1, 1), 1);
@@ -373,7 +375,7 @@ TEST_F(MarketFeed, DeskTradesInTheSimulatedMarketAndNotInARecording) {
 TEST_F(MarketFeed, DeskForgetsTheOrdersWhenTheDayBeginsAnew) {
   TOrderDesk desk;
   desk.Follow(Player);
-  Player.Simulate(simulation);
+  Markets::Simulate(Player, seed, start);
   Player.Step(0);
   desk.Submit("nothing", Data::TSide::Bid, 1, 1);
   Player.Step(1000);

@@ -1,6 +1,8 @@
 #include "terminal/services/MarketPlayer.h"
+#include "feed/QuietSource.h"
 #include "feed/recording/Files.h"
 #include "host/RecordFields.h"
+#include "terminal/Markets.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -74,10 +76,11 @@ TEST(MarketPlayer, IsClosedUntilOpened) {
 TEST(MarketPlayer, SaysWhyItCannotOpenAndKeepsWhatIsOpen) {
   const TemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
-  ASSERT_EQ(player.Open(PathOf(file)), "");
+  ASSERT_EQ(Markets::Open(player, PathOf(file)), "");
   player.Step(0);
-  EXPECT_EQ(player.Open("/nowhere/at/all.jsonl"), "The file does not exist.");
-  EXPECT_EQ(player.Path(), PathOf(file));
+  EXPECT_EQ(Markets::Open(player, "/nowhere/at/all.jsonl"), "The file does not exist.");
+  EXPECT_EQ(player.Start(), 10h);
+  EXPECT_EQ(player.End(), 10h + 3s);
   EXPECT_EQ(player.State(), TMarketPlayer::TState::Paused);
 }
 
@@ -86,7 +89,7 @@ TEST(MarketPlayer, TellsHeaderThenResetThenTheFirstMoment) {
   TMarketPlayer player;
   Listener listener(player);
   QSignalSpy progress(&player, &TMarketPlayer::Progress);
-  ASSERT_EQ(player.Open(PathOf(file)), "");
+  ASSERT_EQ(Markets::Open(player, PathOf(file)), "");
   EXPECT_EQ(player.State(), TMarketPlayer::TState::Indexing);
   ASSERT_TRUE(QTest::qWaitFor([&] { return !listener.Market.empty(); }));
   EXPECT_EQ(listener.Taken(), "header reset batch ");
@@ -105,7 +108,7 @@ TEST(MarketPlayer, StepsThroughRecordedTimeWithoutAClock) {
   const TemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
   Listener listener(player);
-  player.Open(PathOf(file));
+  Markets::Open(player, PathOf(file));
   player.Step(0);
   EXPECT_EQ(listener.Taken(), "header reset batch ");
   player.Step(999);
@@ -129,7 +132,7 @@ TEST(MarketPlayer, SeekingBackTakesAwayWhatWasSetLater) {
   const TemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
   Listener listener(player);
-  player.Open(PathOf(file));
+  Markets::Open(player, PathOf(file));
   player.Step(60000);
   listener.Taken();
   player.Seek(10h + 1s);
@@ -146,7 +149,7 @@ TEST(MarketPlayer, PlaysToTheEndInOrder) {
   QSignalSpy states(&player, &TMarketPlayer::StateChanged);
   QSignalSpy finished(&player, &TMarketPlayer::Finished);
   player.SetSpeed(100);
-  player.Open(PathOf(file));
+  Markets::Open(player, PathOf(file));
   player.Play();
   ASSERT_TRUE(QTest::qWaitFor([&] { return !finished.empty(); }));
   EXPECT_EQ(listener.Market["5"],
@@ -165,7 +168,7 @@ TEST(MarketPlayer, PlaysTheTwoSymbolsOfAFileAsFastAsPossible) {
   Listener listener(player);
   QSignalSpy finished(&player, &TMarketPlayer::Finished);
   player.SetSpeed(TMarketPlayer::AsFastAsPossible);
-  player.Open(PathOf(file));
+  Markets::Open(player, PathOf(file));
   player.Play();
   ASSERT_TRUE(QTest::qWaitFor([&] { return !finished.empty(); }));
   EXPECT_EQ(listener.Market["5"][1], "19998");
@@ -176,7 +179,7 @@ TEST(MarketPlayer, TellsItsPositionWhilePlayingAndAfterAJump) {
   const TemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
   QSignalSpy positions(&player, &TMarketPlayer::PositionChanged);
-  player.Open(PathOf(file));
+  Markets::Open(player, PathOf(file));
   player.Step(0);
   ASSERT_EQ(positions.size(), 1);
   EXPECT_EQ(positions[0][0].value<Text::TTimeOfDay>(), 10h);
@@ -207,7 +210,7 @@ TEST(MarketPlayer, ReportsTheLinesThatItSkipped) {
                            Line("10:00:01", "5", 1, "b"));
   TMarketPlayer player;
   Listener listener(player);
-  player.Open(PathOf(file));
+  Markets::Open(player, PathOf(file));
   player.Step(1000);
   ASSERT_NE(player.Index(), nullptr);
   EXPECT_EQ(player.Index()->MalformedCount, 1u);
@@ -221,10 +224,10 @@ TEST(MarketPlayer, AnotherRecordingReplacesTheFirst) {
   const TemporaryFile second(Line("12:00:00", "7", 3, "x"));
   TMarketPlayer player;
   Listener listener(player);
-  player.Open(PathOf(first));
+  Markets::Open(player, PathOf(first));
   player.Step(0);
   listener.Taken();
-  player.Open(PathOf(second));
+  Markets::Open(player, PathOf(second));
   EXPECT_EQ(player.Index(), nullptr);
   player.Step(0);
   EXPECT_EQ(listener.Taken(), "header reset batch finished ");
@@ -233,7 +236,8 @@ TEST(MarketPlayer, AnotherRecordingReplacesTheFirst) {
   EXPECT_EQ(listener.Market["7"][3], "x");
   player.Close();
   EXPECT_EQ(player.State(), TMarketPlayer::TState::Closed);
-  EXPECT_EQ(player.Path(), "");
+  EXPECT_EQ(player.Index(), nullptr);
+  EXPECT_FALSE(player.Traits().Seekable);
 }
 
 TEST(MarketPlayer, ASlotMayOpenTheNextRecording) {
@@ -241,14 +245,15 @@ TEST(MarketPlayer, ASlotMayOpenTheNextRecording) {
   const TemporaryFile second(Line("12:00:00", "7", 3, "x") + Line("12:00:01", "7", 3, "y"));
   TMarketPlayer player;
   Listener listener(player);
-  player.Open(PathOf(first));
+  Markets::Open(player, PathOf(first));
   QObject::connect(&player, &TMarketPlayer::Finished, &player, [&] {
-    if (player.Path() == PathOf(first))
-      player.Open(PathOf(second));
+    if (player.Start() == 10h)
+      Markets::Open(player, PathOf(second));
   });
   player.Step(60000);
-  EXPECT_EQ(player.Path(), PathOf(second));
+  EXPECT_EQ(player.State(), TMarketPlayer::TState::Indexing);
   player.Step(1000);
+  EXPECT_EQ(player.Start(), 12h);
   EXPECT_EQ(listener.Market["7"][3], "y");
 }
 
@@ -257,10 +262,10 @@ TEST(MarketPlayer, NothingMoreIsToldOfARecordingThatASlotHasReplaced) {
   const TemporaryFile second(Line("12:00:00", "7", 3, "x"));
   TMarketPlayer player;
   Listener listener(player);
-  player.Open(PathOf(first));
+  Markets::Open(player, PathOf(first));
   QObject::connect(&player, &TMarketPlayer::Reset, &player, [&] {
-    if (player.Path() == PathOf(first))
-      player.Open(PathOf(second));
+    if (player.Start() == 10h)
+      Markets::Open(player, PathOf(second));
   });
   player.Step(60000);
   EXPECT_EQ(listener.Taken(), "header reset ");
@@ -270,10 +275,29 @@ TEST(MarketPlayer, NothingMoreIsToldOfARecordingThatASlotHasReplaced) {
   EXPECT_FALSE(listener.Market.contains("5"));
 }
 
+TEST(MarketPlayer, TakesNoNoticeOfWhatItsSourceCannotDo) {
+  TMarketPlayer player;
+  Listener listener(player);
+  ASSERT_EQ(player.Open(FeedTest::QuietKind, {}), "");
+  player.Step(0);
+  EXPECT_EQ(listener.Taken(), "header ");
+  player.Seek(10h + 500ms);
+  player.Jump(Feed::TJump::Opening);
+  player.Request({});
+  player.SetDelay(1min);
+  player.Step(0);
+  EXPECT_EQ(player.Position(), 10h);
+  EXPECT_EQ(listener.Taken(), "");
+  player.Step(1000);
+  EXPECT_EQ(listener.Taken(), "finished ");
+  player.Play();
+  EXPECT_EQ(player.State(), TMarketPlayer::TState::Finished);
+}
+
 TEST(MarketPlayer, JumpToACoolingOffThatDoesNotComeFinishesTheDayUntilTheNextJump) {
   TMarketPlayer player;
   Listener listener(player);
-  player.Simulate({5, 16h + 9min});
+  Markets::Simulate(player, 5, 16h + 9min);
   player.Step(0);
   listener.Taken();
   player.Jump(Feed::TJump::CoolingOff);
@@ -290,7 +314,7 @@ TEST(MarketPlayer, JumpToACoolingOffThatDoesNotComeFinishesTheDayUntilTheNextJum
 TEST(MarketPlayer, JumpToACoolingOffTellsItsSymbolAfterItsBatch) {
   TMarketPlayer player;
   Listener listener(player);
-  player.Simulate({5, 9h + 31min});
+  Markets::Simulate(player, 5, 9h + 31min);
   player.Step(0);
   listener.Taken();
   player.Jump(Feed::TJump::CoolingOff);

@@ -29,21 +29,30 @@ TEST(CommandLine, TakesEveryOption) {
                             "--start",   "09:31:00", "--record",   "d.jsonl"});
   EXPECT_EQ(line.Script, "-");
   EXPECT_EQ(line.Snapshot, "a.png");
-  EXPECT_EQ(line.Replay, "b.jsonl");
+  EXPECT_EQ(line.Source->MenuText, std::string("Term_OpenRecording"));
+  EXPECT_EQ(line.SourceOptions.at("--replay"), "b.jsonl");
   EXPECT_EQ(line.Symbol, "700");
   EXPECT_EQ(line.Package, "c.so");
   EXPECT_EQ(line.Speed, 2.5);
   EXPECT_EQ(line.Seconds, 3);
   EXPECT_EQ(line.Levels, 5);
-  EXPECT_EQ(line.Simulation.Seed, 12u);
-  EXPECT_EQ(line.Simulation.Start, std::chrono::hours(9) + std::chrono::minutes(31));
+  EXPECT_EQ(line.SourceOptions.at("--seed"), "12");
+  EXPECT_EQ(line.SourceOptions.at("--start"), "09:31:00");
   EXPECT_EQ(line.Record, "d.jsonl");
 }
 
 TEST(CommandLine, PlaysInRealTimeUnlessTold) {
   const auto line = Parsed({});
   EXPECT_EQ(line.Speed, 1);
-  EXPECT_FALSE(line.Script || line.Snapshot || line.Replay || line.Seconds || line.Levels);
+  EXPECT_FALSE(line.Script || line.Snapshot || line.Seconds || line.Levels);
+}
+
+TEST(CommandLine, PlaysTheSimulatedMarketUnlessAnotherSourceIsAskedFor) {
+  EXPECT_EQ(Parsed({}).Source->MenuText, std::string("Term_SimulatedMarket"));
+  EXPECT_TRUE(Parsed({}).SourceOptions.empty());
+  EXPECT_EQ(Parsed({"--seed", "7"}).Source->MenuText, std::string("Term_SimulatedMarket"));
+  EXPECT_EQ(Parsed({"--replay", "a", "--seed", "7"}).Source->MenuText,
+            std::string("Term_OpenRecording"));
 }
 
 TEST(CommandLine, SaysWhichOptionIsWrong) {
@@ -58,6 +67,7 @@ TEST(CommandLine, SaysWhichOptionIsWrong) {
                                                        "\"") +
                                                time + "\".");
   EXPECT_EQ(Sentence({"--seed", "-1"}), "The option --seed does not take the value \"-1\".");
+  EXPECT_EQ(Sentence({"--replay", ""}), "The option --replay does not take the value \"\".");
   EXPECT_EQ(Sentence({"--mode", "7"}), "The option --mode does not take the value \"7\".");
 }
 

@@ -1,6 +1,7 @@
 #include "terminal/windows/MainWindow.h"
 
 #include "host/ConstDef.h"
+#include "terminal/Markets.h"
 #include "terminal/windows/CaptionBar.h"
 #include "terminal/windows/WindowFixture.h"
 
@@ -8,9 +9,12 @@
 #include <QFileDialog>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QTest>
 
 namespace Terminal {
 namespace {
+
+using namespace std::chrono_literals;
 
 QStringList LabelTexts(const QWidget& widget) {
   QStringList texts;
@@ -27,7 +31,7 @@ protected:
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     file.write(line);
     file.close();
-    ASSERT_EQ(Player.Open(file.fileName()), QString());
+    ASSERT_EQ(Markets::Open(Player, file.fileName()), QString());
     Player.Step(0);
   }
 };
@@ -76,7 +80,7 @@ TEST_F(MainWindow, KeysOpenAViewAndReachItsSymbolBox) {
 }
 
 TEST_F(MainWindow, SpacePlaysAndPauses) {
-  Player.Simulate({1, Market::DayStart});
+  Markets::Simulate(Player, 1, 9h);
   Player.Step(0);
   const auto window = NewWindow();
   window->show();
@@ -90,7 +94,7 @@ TEST_F(MainWindow, SpacePlaysAndPauses) {
 TEST_F(MainWindow, MarksASimulatedMarketWhereTheTraderLooks) {
   const auto window = NewWindow();
   EXPECT_TRUE(LabelTexts(*window).contains(QStringLiteral("REPLAY")));
-  Player.Simulate({1, Market::DayStart});
+  Markets::Simulate(Player, 1, 9h);
   Player.Step(0);
   EXPECT_TRUE(LabelTexts(*window).contains(QStringLiteral("SIMULATED")));
 }
@@ -100,7 +104,7 @@ TEST_F(MainWindow, MarksEveryViewOfASimulatedMarket) {
   window->RestoreViews("Symbol=700");
   const auto marked = [&window] { return LabelTexts(*window).count(QStringLiteral("SIMULATED")); };
   EXPECT_EQ(marked(), 0);
-  Player.Simulate({1, Market::DayStart});
+  Markets::Simulate(Player, 1, 9h);
   Player.Step(0);
   EXPECT_EQ(marked(), 3) << "player bar, symbol list and view";
   window->Views().Open("Symbol=5");
@@ -121,7 +125,7 @@ TEST_F(MainWindow, EveryTitleSaysThatTheMarketIsSimulatedWhileItIs) {
   const QStringList unmarked{"QuorPrice",    "Fixture", "Symbols",
                              "Order ticket", "Chart",   "Orders and trades"};
   EXPECT_EQ(Titles(*window), unmarked);
-  Player.Simulate({1, Market::DayStart});
+  Markets::Simulate(Player, 1, 9h);
   Player.Step(0);
   EXPECT_EQ(Titles(*window), (QStringList{"SIMULATED – QuorPrice", "SIMULATED – Fixture",
                                           "SIMULATED – Symbols", "SIMULATED – Order ticket",
@@ -146,7 +150,7 @@ TEST_F(MainWindow, APopUpSaysThatTheMarketIsSimulatedToo) {
   };
   const auto* before = open("Detail - 700");
   EXPECT_EQ(before->windowTitle(), QStringLiteral("Detail - 700"));
-  Player.Simulate({1, Market::DayStart});
+  Markets::Simulate(Player, 1, 9h);
   Player.Step(0);
   EXPECT_EQ(before->windowTitle(), QStringLiteral("SIMULATED – Detail - 700"));
   const auto* after = open("Detail - 5");
@@ -236,13 +240,70 @@ TEST_F(MainWindow, OpensItsViewsAnewForAnotherDataFeed) {
 }
 
 TEST_F(MainWindow, GoesBackToTheSimulatedMarketFromTheMenu) {
+  const auto start = 9h + 31min;
+  SourceOptions = Markets::Simulation(4, start);
   const auto window = NewWindow();
-  Player.Simulate({4, Market::DayStart});
-  Player.Close();
+  OpenRecording(R"({"t":"10:00:00","s":"5","f":{"3":"40"}})");
   Choose(*window, QStringLiteral("Simulated market"));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Player.State() == TMarketPlayer::TState::Playing; }));
   EXPECT_TRUE(Player.Traits().Orders);
-  EXPECT_EQ(Player.Simulation().Seed, 4u);
-  EXPECT_EQ(Player.Simulation().Start, Market::DayStart);
+  Player.Step(0);
+  EXPECT_GE(Player.Position(), start);
+  EXPECT_LT(Player.Position(), start + 1min);
+  Player.Seek(start);
+  Player.Step(0);
+  const auto chosen = Feed.Present();
+  const auto isAs = [&](std::uint64_t seed) {
+    Markets::Simulate(Player, seed, start);
+    Player.Step(0);
+    return std::ranges::equal(Feed.Present(), chosen, {}, &Data::TRecordChange::Fields,
+                              &Data::TRecordChange::Fields);
+  };
+  EXPECT_TRUE(isAs(4));
+  EXPECT_FALSE(isAs(5));
+}
+
+TEST_F(MainWindow, ListsTheSourcesInTheFileMenu) {
+  const auto window = NewWindow();
+  QStringList entries;
+  for (const auto* entry : window->menuBar()->actions().front()->menu()->actions())
+    entries.append(entry->text());
+  EXPECT_EQ(entries, (QStringList{"Open recording", "Simulated market", "Record", "Quit"}));
+  EXPECT_EQ(ActionOf(*window, entries[0])->shortcut(), QKeySequence(QKeySequence::Open));
+  EXPECT_TRUE(ActionOf(*window, entries[1])->shortcut().isEmpty());
+}
+
+TEST_F(MainWindow, OpensARecordingFromTheMenuOrSaysWhyNot) {
+  const auto window = NewWindow();
+  OpenRecording(R"({"t":"10:00:00","s":"5","f":{"3":"40"}})");
+  Player.Close();
+  QString chosen = Folder.filePath(QStringLiteral("recording.jsonl"));
+  QString said;
+  QTimer user; // the dialogs run loops of their own
+  QObject::connect(&user, &QTimer::timeout, [&] {
+    auto* dialog = QApplication::activeModalWidget();
+    if (auto* files = qobject_cast<QFileDialog*>(dialog)) {
+      EXPECT_EQ(files->windowTitle(), QStringLiteral("Open recording"));
+      EXPECT_EQ(files->nameFilters(), QStringList{"*.jsonl"});
+      files->findChild<QLineEdit*>()->setText(chosen);
+      QMetaObject::invokeMethod(files, chosen.isEmpty() ? "reject" : "accept");
+    } else if (auto* box = qobject_cast<QMessageBox*>(dialog)) {
+      said = box->text();
+      box->close();
+    }
+  });
+  user.start(0);
+  Choose(*window, QStringLiteral("Open recording"));
+  EXPECT_EQ(said, QString());
+  Player.Step(0);
+  EXPECT_EQ(Player.Start(), 10h);
+  chosen.clear();
+  Choose(*window, QStringLiteral("Open recording"));
+  EXPECT_EQ(Player.Start(), 10h) << "none was chosen";
+  chosen = QStringLiteral("/dev/null");
+  Choose(*window, QStringLiteral("Open recording"));
+  EXPECT_EQ(said, QStringLiteral("/dev/null: This is not a file."));
+  EXPECT_EQ(Player.Start(), 10h) << "nothing has changed";
 }
 
 TEST_F(MainWindow, SwitchesTheLanguageOfWindowAndViews) {

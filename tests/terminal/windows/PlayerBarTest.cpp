@@ -1,7 +1,9 @@
 #include "terminal/windows/PlayerBar.h"
 #include "host/RecordFields.h"
 
+#include "feed/QuietSource.h"
 #include "host/ConstDef.h"
+#include "terminal/Markets.h"
 #include "terminal/script/Input.h"
 #include "terminal/services/Services.h"
 
@@ -21,7 +23,7 @@ using namespace std::chrono_literals;
 class PlayerBar : public testing::Test {
 protected:
   void Simulate(Text::TTimeOfDay start) {
-    Player.Simulate({7, start});
+    Markets::Simulate(Player, 7, start);
     Player.Step(0);
   }
 
@@ -33,7 +35,7 @@ protected:
                "{\"s\":\"5\"}\n"
                "{\"t\":\"10:01:00\",\"s\":\"5\",\"f\":{\"3\":\"41\"}}\n");
     file.close();
-    ASSERT_EQ(Player.Open(file.fileName()), QString());
+    ASSERT_EQ(Markets::Open(Player, file.fileName()), QString());
     Player.Step(0);
   }
 
@@ -92,6 +94,20 @@ TEST_F(PlayerBar, ARecordingHasNoJumps) {
   EXPECT_TRUE(JumpButton()->isEnabled());
   OpenRecording();
   EXPECT_FALSE(JumpButton()->isEnabled());
+}
+
+TEST_F(PlayerBar, SeeksOnlyWhereTheSourceCan) {
+  const auto* position = Bar.findChild<QSlider*>();
+  for (const bool isSimulated : {true, false}) {
+    if (isSimulated)
+      Simulate(9h);
+    else
+      OpenRecording();
+    EXPECT_TRUE(position->isEnabled());
+    ASSERT_EQ(Player.Open(FeedTest::QuietKind, {}), QString());
+    Player.Step(0);
+    EXPECT_FALSE(position->isEnabled());
+  }
 }
 
 TEST_F(PlayerBar, TellsTheLinesOfARecordingThatWereSkippedInTheLanguage) {

@@ -19,7 +19,7 @@ protected:
 
   std::unique_ptr<TMainWindow> NewWindow() {
     return std::make_unique<TMainWindow>(
-        TMainWindow::TParts{Services, Descriptor, Player, Feed, State, Desk});
+        TMainWindow::TParts{Services, Descriptor, Player, Feed, State, Desk, SourceOptions});
   }
 
   /// Null when the window has no action of that text.
@@ -45,6 +45,7 @@ protected:
   TMarketPlayer Player;
   TMarketFeed Feed{Services, Player};
   TOrderDesk Desk;
+  Feed::TSourceOptions SourceOptions;
   TSavedState State{Folder.filePath(QStringLiteral("state.sqlite"))};
 };
 

@@ -1,8 +1,9 @@
 #include "terminal/windows/WindowTexts.h"
 
+#include "feed/recording/RecordingParser.h"
 #include "feed/recording/RecordingWriter.h"
 #include "host/ConstDef.h"
-#include "terminal/services/MarketPlayer.h"
+#include "terminal/Markets.h"
 #include "terminal/services/Services.h"
 
 #include <QTemporaryDir>
@@ -45,10 +46,16 @@ TEST(WindowTexts, NameAnInstrumentInTheLanguageOrInTheOneItHas) {
   EXPECT_EQ(names(), (QStringList{"700 测试科技", "5 银行", "18 HARBOUR"}));
 }
 
+/// Why a recording cannot be opened.
+QString ReasonOf(const QString& recording) {
+  TMarketPlayer player;
+  return Markets::Open(player, recording);
+}
+
 TEST(WindowTexts, SayWhichFileIsOfNoUseAndWhyInEveryLanguage) {
   TServices services;
   const auto file = QStringLiteral("/home/me/market.jsonl");
-  const QString reason = TMarketPlayer().Open(file);
+  const QString reason = ReasonOf(file);
   EXPECT_EQ(FileSentence(file, reason),
             QStringLiteral("/home/me/market.jsonl: The file does not exist."));
   services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
@@ -63,10 +70,9 @@ TEST(WindowTexts, KnowEveryReasonForWhichAFileIsOfNoUse) {
   services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
   Feed::TRecordingWriter writer;
   const QTemporaryDir folder;
-  std::vector<std::string> reasons{
-      TMarketPlayer().Open(QStringLiteral("/nowhere/at/all.jsonl")).toStdString(),
-      TMarketPlayer().Open(folder.path()).toStdString(), writer.Open("/nowhere/at/all.jsonl", {}),
-      writer.Close()};
+  std::vector<std::string> reasons{ReasonOf(QStringLiteral("/nowhere/at/all.jsonl")).toStdString(),
+                                   ReasonOf(folder.path()).toStdString(),
+                                   writer.Open("/nowhere/at/all.jsonl", {}), writer.Close()};
   Feed::TRecordingParser parser;
   for (std::string line : {"\xff", "{", R"({"s":"5"})", R"({"t":"10:00:00"})"}) {
     const std::size_t length = line.size();
