@@ -10,7 +10,7 @@ namespace Market {
 namespace {
 
 void AddSide(TFieldList& fields, const TSnapshot::TBookSide& side,
-             const Host::Field::TSide& numbers) {
+             const Host::Field::TSideFields& numbers) {
   for (std::size_t i = 0; i < side.Levels.size(); ++i) {
     fields.Price(numbers.Price[i], side.Levels[i].Price);
     fields.Count(numbers.Size[i], side.Levels[i].Quantity);

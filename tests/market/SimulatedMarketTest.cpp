@@ -232,7 +232,7 @@ protected:
     }
   }
 
-  void CheckSide(const TRecord& record, const TTickGrid& grid, const Host::Field::TSide& side,
+  void CheckSide(const TRecord& record, const TTickGrid& grid, const Host::Field::TSideFields& side,
                  int direction) const {
     const double lot = Number(record, Host::Field::BoardLot);
     double former = 0;
