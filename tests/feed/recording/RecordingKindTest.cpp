@@ -2,6 +2,7 @@
 
 #include "feed/recording/Files.h"
 #include "feed/recording/RecordingWriter.h"
+#include "host/RecordFields.h"
 
 namespace {
 
@@ -38,7 +39,7 @@ TEST(RecordingKind, SaysWhyItCannotOpen) {
 }
 
 TEST(RecordingKind, OpensTheFileAskedFor) {
-  const TemporaryFile file(Line("10:00:00", "5", 1, "a"));
+  const TemporaryFile file(Line("10:00:00", "5", Host::Field::BestBid, "a"));
   const auto opened = OpenRecording(OptionsFor(file), [] {});
   auto& source = *std::get<std::unique_ptr<TMarketReader>>(opened);
   source.Step(0ms);
@@ -46,15 +47,15 @@ TEST(RecordingKind, OpensTheFileAskedFor) {
 }
 
 TEST(RecordingKind, RecordsSoMuchOfARecordingFromItsFirstMomentOn) {
-  const std::string first =
-      Header + Line("10:00:00.000000", "5", 1, "a") + Line("10:00:01.000000", "7", 1, "b");
-  const std::string all = first + Line("10:00:01.000001", "5", 1, "c");
+  const std::string first = Header + Line("10:00:00.000000", "5", Host::Field::BestBid, "a") +
+                            Line("10:00:01.000000", "7", Host::Field::BestBid, "b");
+  const std::string all = first + Line("10:00:01.000001", "5", Host::Field::BestBid, "c");
   EXPECT_EQ(Recorded(all, 1s), first);
   EXPECT_EQ(Recorded(all, 24h), all);
 }
 
 TEST(RecordingKind, RecordsWithoutLinesThatCannotBeUsedAndWithAHeaderAllTheSame) {
-  const std::string line = Line("10:00:00.000000", "5", 1, "a");
+  const std::string line = Line("10:00:00.000000", "5", Host::Field::BestBid, "a");
   EXPECT_EQ(Recorded("?\n" + line + "?\n", 1s), Header + line);
   EXPECT_EQ(Recorded("", 1s), Header);
 }

