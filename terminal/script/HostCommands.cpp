@@ -1,5 +1,5 @@
-#include "terminal/script/Input.h"
 #include "terminal/script/ScriptSession.h"
+#include "terminal/script/input/Input.h"
 
 #include "host/ConstDef.h"
 #include "host/DataDef.h"

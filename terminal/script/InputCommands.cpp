@@ -1,6 +1,6 @@
-#include "terminal/script/Input.h"
 #include "terminal/script/ScriptSession.h"
 #include "terminal/script/ViewDump.h"
+#include "terminal/script/input/Input.h"
 
 #include "platform/Controls.h"
 #include "platform/Grid.h"

@@ -1,8 +1,8 @@
 #include "terminal/script/PreferencePage.h"
 
 #include "platform/Colour.h"
-#include "terminal/script/Input.h"
 #include "terminal/script/Members.h"
+#include "terminal/script/input/Input.h"
 
 #include <QLineEdit>
 

@@ -1,7 +1,7 @@
 #include "terminal/script/ScriptDriver.h"
 
-#include "terminal/script/Input.h"
 #include "terminal/script/ScriptSession.h"
+#include "terminal/script/input/Input.h"
 
 #include <QJsonDocument>
 

@@ -1,4 +1,4 @@
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 
 #include "host/ConstDef.h"
 #include "terminal/script/ScriptSession.h"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# check_symbols.sh MODEL_ARCHIVE PACKAGE: the model needs nothing of Qt, and the package shows
-# nothing but the three functions of a package.
+# check_symbols.sh MODEL_ARCHIVE PACKAGE TERMINAL: the model needs nothing of Qt, the package shows
+# nothing but the three functions of a package, and the terminal that users run needs no test library.
 set -euo pipefail
 status=0
 
@@ -14,6 +14,11 @@ expected="quorPackageContractVersion quorPackageFinalize quorPackageInitialize "
 if [ "$exported" != "$expected" ]; then
   echo "The package exports: $exported"
   echo "It should export:    $expected"
+  status=1
+fi
+
+if readelf -d "$3" | grep -E 'NEEDED.*(Qt6Test|gtest)'; then
+  echo "The terminal needs the test library above."
   status=1
 fi
 exit $status

@@ -3,7 +3,7 @@
 
 #include "data/Orders.h"
 #include "host/ConstDef.h"
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/StepEdit.h"
 

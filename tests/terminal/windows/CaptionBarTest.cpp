@@ -1,7 +1,7 @@
 #include "terminal/windows/CaptionBar.h"
 
 #include "host/ConstDef.h"
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 #include "terminal/services/Services.h"
 
 #include <QMenu>

@@ -1,7 +1,7 @@
 #include "terminal/windows/Chart.h"
 
 #include "platform/Colour.h"
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/ChartLayout.h"
 

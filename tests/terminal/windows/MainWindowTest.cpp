@@ -85,6 +85,7 @@ TEST_F(MainWindow, SpacePlaysAndPauses) {
   const auto window = NewWindow();
   window->show();
   Input::Activate(window.get());
+  window->setFocus(); // away from the box that a blank would be typed into
   Input::PressKey(window.get(), Qt::Key_Space);
   EXPECT_EQ(Player.State(), TMarketPlayer::TState::Playing);
   Input::PressKey(window.get(), Qt::Key_Space);

@@ -5,7 +5,7 @@
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
 #include "platform/Colour.h"
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 
 #include <QtTest>
 

@@ -4,7 +4,7 @@
 #include "feed/QuietSource.h"
 #include "host/ConstDef.h"
 #include "terminal/Markets.h"
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 #include "terminal/services/Services.h"
 
 #include <QMenu>

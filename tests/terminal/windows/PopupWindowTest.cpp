@@ -1,6 +1,6 @@
 #include "terminal/windows/PopupWindow.h"
 
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 
 #include <QPointer>
 #include <QScreen>

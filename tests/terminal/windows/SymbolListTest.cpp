@@ -3,7 +3,7 @@
 
 #include "host/ConstDef.h"
 #include "platform/Colour.h"
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 
 #include <QHeaderView>
 

@@ -1,6 +1,6 @@
 #include "terminal/windows/ViewCorner.h"
 
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 
 #include <QVBoxLayout>
 

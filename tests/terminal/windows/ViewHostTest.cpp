@@ -1,7 +1,7 @@
 #include "terminal/windows/ViewHost.h"
 #include "host/ConstDef.h"
 #include "terminal/Fixture.h"
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/CaptionBar.h"
 

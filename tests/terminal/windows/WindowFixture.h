@@ -1,7 +1,7 @@
 #pragma once
 
 #include "terminal/Fixture.h"
-#include "terminal/script/Input.h"
+#include "terminal/script/input/Input.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/MainWindow.h"
 
