@@ -161,6 +161,24 @@ QJsonObject ChangeScale(TScriptSession& session, const QJsonObject& members) {
   return {};
 }
 
+QJsonObject UsePreferences(TScriptSession& session, const QJsonObject& members) {
+  const QString action = members["action"].toString();
+  if (action == "open") {
+    session.OpenPreferences();
+    return {};
+  }
+  static const std::map<QString, QDialogButtonBox::StandardButton> buttons = {
+      {"execute", QDialogButtonBox::Apply},
+      {"reset", QDialogButtonBox::Reset},
+      {"reset-factory", QDialogButtonBox::RestoreDefaults},
+      {"close", QDialogButtonBox::Cancel}};
+  const auto button = buttons.find(action);
+  if (button == buttons.end())
+    throw TScriptError(QStringLiteral("There is no preference action \"%1\".").arg(action));
+  Input::Click(session.ShownPreferences().Button(button->second));
+  return {};
+}
+
 QJsonObject Tick(TScriptSession&, const QJsonObject& members) {
   const int milliseconds = members["ms"].toInt();
   if (milliseconds < 0)
@@ -197,6 +215,7 @@ std::vector<TScriptCommand> HostCommands() {
        {{"group", TKind::Text}, {"symbol", TKind::Text}, {"refused", TKind::Boolean, Optional}},
        SendGroupMessage},
       {"scale", {{"value", TKind::Integer}}, ChangeScale},
+      {"preferences", {{"action", TKind::Text}}, UsePreferences},
       {"tick", {{"ms", TKind::Integer}}, Tick},
   };
 }

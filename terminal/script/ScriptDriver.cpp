@@ -27,10 +27,11 @@ QJsonObject ParseLine(const QByteArray& line) {
 
 } // namespace
 
-TScriptDriver::TScriptDriver(TScriptSession& session) : session_(session) {
-  for (const auto group :
-       {MarketCommands, HostCommands, ViewCommands, InputCommands, LogCommands, PreferenceCommands})
-    for (const auto& command : group())
+TScriptDriver::TScriptDriver(TScriptSession& session, const std::vector<TScriptCommand>& ofPackage)
+    : session_(session) {
+  for (const auto& group : {MarketCommands(), HostCommands(), ViewCommands(), InputCommands(),
+                            LogCommands(), ofPackage})
+    for (const auto& command : group)
       commands_.emplace(QString::fromLatin1(command.Name), command);
 }
 

@@ -14,8 +14,9 @@ class TScriptSession;
 /// Carries scripts out: one JSON object a line in, one a line out.
 class TScriptDriver {
 public:
-  /// The session outlives the driver.
-  explicit TScriptDriver(TScriptSession& session);
+  /// The session outlives the driver. `ofPackage` are the commands beside those of every host.
+  explicit TScriptDriver(TScriptSession& session,
+                         const std::vector<TScriptCommand>& ofPackage = {});
 
   /// Carries out every line of `script` and writes its answer before it reads the next; blank
   /// lines and those that begin with # are skipped. True when every answer was ok.

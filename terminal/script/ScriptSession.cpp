@@ -73,6 +73,12 @@ TPreferenceDialog& TScriptSession::OpenPreferences() {
   return *preferences_;
 }
 
+TPreferenceDialog& TScriptSession::ShownPreferences() {
+  if (!preferences_ || !preferences_->isVisible())
+    throw TScriptError(QStringLiteral("The preferences are not open."));
+  return *preferences_;
+}
+
 TRegistrations TScriptSession::Registrations() const {
   TRegistrations all = services_.Registrations();
   --all.Channels;

@@ -27,6 +27,8 @@ public:
   /// Null until preferences were first opened.
   TPreferenceDialog* Preferences() { return preferences_.get(); }
   TPreferenceDialog& OpenPreferences();
+  /// Throws TScriptError unless they are open.
+  TPreferenceDialog& ShownPreferences();
 
   /// What was sent since the last call; each empties its log.
   QJsonArray TakeOrders() { return std::exchange(orders_, {}); }
@@ -57,6 +59,5 @@ std::vector<TScriptCommand> HostCommands();
 std::vector<TScriptCommand> ViewCommands();
 std::vector<TScriptCommand> InputCommands();
 std::vector<TScriptCommand> LogCommands();
-std::vector<TScriptCommand> PreferenceCommands();
 
 } // namespace Terminal

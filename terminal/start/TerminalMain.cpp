@@ -5,6 +5,7 @@
 #include "feed/recording/RecordingWriter.h"
 #include "terminal/script/ScriptDriver.h"
 #include "terminal/script/ScriptSession.h"
+#include "terminal/script/quorprice/PageCommands.h"
 #include "terminal/start/CommandLine.h"
 #include "terminal/start/Headless.h"
 #include "terminal/start/PackageLoader.h"
@@ -98,7 +99,7 @@ std::string FirstLayout(TServices& services, const TCommandLine& line, const QSt
 
 int RunScript(TServices& services, Baseview::TIBaseView& descriptor, std::istream& script) {
   TScriptSession session(services, descriptor);
-  return TScriptDriver(session).Run(script, std::cout) ? 0 : StatusFailed;
+  return TScriptDriver(session, PageCommands()).Run(script, std::cout) ? 0 : StatusFailed;
 }
 
 std::string Record(const TCommandLine& line) {

@@ -1,7 +1,9 @@
+#include "terminal/script/quorprice/PageCommands.h"
+
 #include "terminal/script/ComponentDump.h"
-#include "terminal/script/PreferencePage.h"
 #include "terminal/script/ScriptSession.h"
 #include "terminal/script/input/Input.h"
+#include "terminal/script/quorprice/BrokerList.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -14,12 +16,10 @@ namespace {
 using TKind = TMemberKind;
 constexpr TPresence Optional = TPresence::Optional;
 
-TPreferenceDialog& OpenDialog(TScriptSession& session) {
-  auto* dialog = session.Preferences();
-  if (!dialog || !dialog->isVisible())
-    throw TScriptError(QStringLiteral("The preferences are not open."));
-  return *dialog;
-}
+constexpr const char* StyleBox = "cmbCopyPriceStyle";
+constexpr const char* HighlightBox = "cbBrokerID";
+constexpr const char* AddButton = "btnAdd";
+constexpr const char* ClearButton = "btnClear";
 
 QWidget& PageOf(const TPreferenceDialog& dialog) { return *dialog.Page()->Widget(); }
 
@@ -35,24 +35,6 @@ QWidget& Usable(QWidget& widget) {
     return widget;
   throw TScriptError(QStringLiteral("The component \"%1\" is not %2.")
                          .arg(widget.objectName(), widget.isVisible() ? "enabled" : "visible"));
-}
-
-QJsonObject RunAction(TScriptSession& session, const QJsonObject& members) {
-  const QString action = members["action"].toString();
-  if (action == "open") {
-    session.OpenPreferences();
-    return {};
-  }
-  static const std::map<QString, QDialogButtonBox::StandardButton> buttons = {
-      {"execute", QDialogButtonBox::Apply},
-      {"reset", QDialogButtonBox::Reset},
-      {"reset-factory", QDialogButtonBox::RestoreDefaults},
-      {"close", QDialogButtonBox::Cancel}};
-  const auto button = buttons.find(action);
-  if (button == buttons.end())
-    throw TScriptError(QStringLiteral("There is no preference action \"%1\".").arg(action));
-  Input::Click(OpenDialog(session).Button(button->second));
-  return {};
 }
 
 /// The edits that one command asks for, checked.
@@ -97,10 +79,10 @@ TEdits EditsOf(const QJsonObject& members) {
 }
 
 void EnterRows(QWidget& page, const std::vector<TEdits::TRow>& rows) {
-  Input::Click(&Find<QPushButton>(page, "btnClear"));
+  Input::Click(&Find<QPushButton>(page, ClearButton));
   TBrokerList list(page);
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    Input::Click(&Find<QPushButton>(page, "btnAdd"));
+    Input::Click(&Find<QPushButton>(page, AddButton));
     list.Enter(static_cast<int>(i), rows[i].Id, rows[i].Colour);
   }
 }
@@ -108,7 +90,7 @@ void EnterRows(QWidget& page, const std::vector<TEdits::TRow>& rows) {
 /// The list can be edited only while highlighting is on, so it is switched on for the edit where
 /// the command says how it is to be left.
 void EditBrokers(QWidget& page, const TEdits& edits) {
-  auto& highlight = Find<QCheckBox>(page, "cbBrokerID");
+  auto& highlight = Find<QCheckBox>(page, HighlightBox);
   const auto set = [&highlight](bool on) {
     if (highlight.isChecked() != on)
       Input::Click(&highlight, {highlight.height() / 2, highlight.height() / 2});
@@ -116,7 +98,7 @@ void EditBrokers(QWidget& page, const TEdits& edits) {
   if (edits.Rows) {
     if (edits.Highlight)
       set(true);
-    Usable(Find<QPushButton>(page, "btnClear"));
+    Usable(Find<QPushButton>(page, ClearButton));
     EnterRows(page, *edits.Rows);
   }
   if (edits.Highlight)
@@ -125,8 +107,8 @@ void EditBrokers(QWidget& page, const TEdits& edits) {
 
 QJsonObject Edit(TScriptSession& session, const QJsonObject& members) {
   const TEdits edits = EditsOf(members);
-  auto& page = PageOf(OpenDialog(session));
-  auto& style = Find<QComboBox>(page, "cmbCopyPriceStyle");
+  auto& page = PageOf(session.ShownPreferences());
+  auto& style = Find<QComboBox>(page, StyleBox);
   if (edits.CopyPriceStyle && (*edits.CopyPriceStyle < 0 || *edits.CopyPriceStyle >= style.count()))
     throw TScriptError(
         QStringLiteral("There is no copy-price style %1.").arg(*edits.CopyPriceStyle));
@@ -137,12 +119,12 @@ QJsonObject Edit(TScriptSession& session, const QJsonObject& members) {
 }
 
 QJsonObject Press(TScriptSession& session, const QJsonObject& members) {
-  auto& page = PageOf(OpenDialog(session));
+  auto& page = PageOf(session.ShownPreferences());
   const QString component = members["component"].toString();
   const bool isDelete = component == "delete";
   if (isDelete != members.contains("row"))
     throw TScriptError(QStringLiteral("A row is told for \"delete\" and nothing else."));
-  if (!isDelete && component != "btnAdd" && component != "btnClear")
+  if (!isDelete && component != QLatin1String(AddButton) && component != QLatin1String(ClearButton))
     throw TScriptError(QStringLiteral("The component \"%1\" cannot be pressed.").arg(component));
   if (!isDelete) {
     Input::Click(&Usable(Find<QPushButton>(page, component.toLatin1().constData())));
@@ -176,14 +158,14 @@ QJsonObject Dump(TScriptSession& session, const QJsonObject&) {
   if (!dialog)
     throw TScriptError(QStringLiteral("The preferences were never opened."));
   auto& page = PageOf(*dialog);
-  const auto& style = Find<QComboBox>(page, "cmbCopyPriceStyle");
+  const auto& style = Find<QComboBox>(page, StyleBox);
   QJsonArray entries;
   for (int i = 0; i < style.count(); ++i)
     entries.append(style.itemText(i));
   const TBrokerList list(page);
   return {{"copyPriceStyle", style.currentIndex()},
           {"entries", entries},
-          {"highlight", Find<QCheckBox>(page, "cbBrokerID").isChecked()},
+          {"highlight", Find<QCheckBox>(page, HighlightBox).isChecked()},
           {"gridEnabled", list.View().isEnabled()},
           {"rows", list.Rows()},
           {"columns", list.Columns()},
@@ -194,9 +176,8 @@ QJsonObject Dump(TScriptSession& session, const QJsonObject&) {
 
 } // namespace
 
-std::vector<TScriptCommand> PreferenceCommands() {
+std::vector<TScriptCommand> PageCommands() {
   return {
-      {"preferences", {{"action", TKind::Text}}, RunAction},
       {"preferences-set",
        {{"copyPriceStyle", TKind::Integer, Optional},
         {"highlight", TKind::Boolean, Optional},

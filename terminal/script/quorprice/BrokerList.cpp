@@ -1,4 +1,4 @@
-#include "terminal/script/PreferencePage.h"
+#include "terminal/script/quorprice/BrokerList.h"
 
 #include "platform/Colour.h"
 #include "terminal/script/Members.h"
