@@ -6,7 +6,7 @@
 namespace Constdef {
 
 /// Version of this contract. A package built for another version is refused before any C++ call.
-inline constexpr int ContractVersion = 1;
+inline constexpr int ContractVersion = 2;
 
 /// Names of the three C functions that a package exports.
 inline constexpr const char* PackageVersionSymbol = "quorPackageContractVersion"; ///< int (void)
@@ -40,6 +40,41 @@ inline constexpr int Notify_LayoutChanged = 1026; ///< the layout data changed: 
 /// View types.
 inline constexpr int View_QuorPrice = 502; ///< the price view; kind of an order that it copies
 inline constexpr int View_Chart = 513;     ///< the host's chart, opened for a symbol
+
+/// Names of the price view's caption buttons, whatever image and text they show.
+inline constexpr std::string_view Button_ShowHide = "show-hide"; ///< the line of the symbol box
+inline constexpr std::string_view Button_DisplayMode = "display-mode"; ///< five levels or ten
+inline constexpr std::string_view Button_Lock = "lock";                ///< to the symbol shown
+inline constexpr std::string_view Button_Chart = "chart";              ///< opens View_Chart
+inline constexpr std::string_view Button_Refresh = "refresh";          ///< asks for a new quote
+inline constexpr std::string_view Button_BrokerQueue = "broker-queue"; ///< its columns
+inline constexpr std::string_view Button_Quantity = "quantity";        ///< the quantity buttons
+inline constexpr std::string_view CaptionButtons[] = {
+    Button_ShowHide, Button_DisplayMode, Button_Lock,    Button_Chart,
+    Button_Refresh,  Button_BrokerQueue, Button_Quantity};
+
+/// Items of the price view's layout data, a Host::TLayoutData, in their order. Without the last two
+/// where the view has no such button. A state is the number of a caption button's: 0 or 1.
+inline constexpr std::string_view Layout_Symbol = "Symbol";
+inline constexpr std::string_view Layout_DisplayMode = "DisplayMode";       ///< a DisplayMode_...
+inline constexpr std::string_view Layout_ShowHideState = "ShowHideState";   ///< 1: hidden
+inline constexpr std::string_view Layout_ShowBrokerName = "ShowBrokerName"; ///< 0 or -1
+inline constexpr std::string_view Layout_LockState = "LockState";           ///< 1: locked
+inline constexpr std::string_view Layout_BrokerQueueState = "BrokerQueueState"; ///< 1: hidden
+inline constexpr std::string_view Layout_QtyButtonState = "QtyButtonState";     ///< 1: hidden
+inline constexpr int DisplayMode_FiveLevels = 0;
+inline constexpr int DisplayMode_TenLevels = 2;
+
+/// Object names of the price view's components that a host may look for below its widget.
+inline constexpr const char* Component_SymbolBox = "edtSymbol";
+inline constexpr const char* Component_LiqProviderBox = "cmbLiqProvider";
+inline constexpr const char* Component_WarrantBox = "cmbWarrant";
+inline constexpr const char* Component_RelatedBox = "cmbRelated";
+inline constexpr const char* Component_PriceGrid = "PriceGrid";
+inline constexpr const char* Component_BrokerNameItem = "mBrokerName"; ///< of the grid's menu
+inline constexpr const char* Component_DetailItem = "mDetail";         ///< of the grid's menu
+/// With a number from 1 to 10 behind it, a quantity button.
+inline constexpr const char* ComponentPrefix_QtyButton = "btnQty";
 
 /// States of a market-data record.
 inline constexpr int RecordState_None = 0;    ///< subscribed, nothing received

@@ -1,33 +1,16 @@
 #pragma once
 
+#include "host/LayoutData.h"
+
 #include <optional>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace Quorpriceview {
 
-/// The layout data of a view as text: a comma-separated list of "name=value" items. An item that
-/// holds a blank, a comma or a double quote is enclosed in double quotes, with inner double quotes
-/// doubled.
-class TLayoutData {
-public:
-  TLayoutData() = default;
-  /// Reads any text; blanks outside quotes separate items as commas do.
-  explicit TLayoutData(std::string_view commaText);
+using Host::TLayoutData;
 
-  void Add(std::string_view name, std::string_view value);
-  void Add(std::string_view name, int value);
-  std::string CommaText() const;
-
-  /// Value of the first item of that name, whatever its case; empty when there is none.
-  std::string Value(std::string_view name) const;
-  /// 0 when there is no such item or its value is not an integer.
-  int Integer(std::string_view name) const;
-
-private:
-  std::vector<std::string> items_;
-};
+/// 0 when there is no such item or its value is not an integer.
+int IntegerOf(const TLayoutData& layout, std::string_view name);
 
 /// "0" is false, any other number true, "True" and "False" are words in any case. Empty for any
 /// other text.

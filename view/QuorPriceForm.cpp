@@ -1,5 +1,6 @@
 #include "view/QuorPriceForm.h"
 
+#include "host/ConstDef.h"
 #include "view/CaptionImages.h"
 
 #include <QVBoxLayout>
@@ -86,12 +87,12 @@ void TQuorPriceForm::BuildSymbolLine() {
   lblPOS = NewLabel("lblPOS", " P ");
   lblVCM = NewLabel("lblVCM", " V ");
   lblCAS = NewLabel("lblCAS", " C ");
-  edtSymbol = Named("edtSymbol", new TcxPopupEdit);
+  edtSymbol = Named(Constdef::Component_SymbolBox, new TcxPopupEdit);
   edtSymbol->setMinimumWidth(SymbolMinimumWidth);
   edtSymbol->setPlaceholderText(QStringLiteral("Symbol"));
-  cmbLiqProvider = NewCombo("cmbLiqProvider");
-  cmbWarrant = NewCombo("cmbWarrant");
-  cmbRelated = NewCombo("cmbRelated");
+  cmbLiqProvider = NewCombo(Constdef::Component_LiqProviderBox);
+  cmbWarrant = NewCombo(Constdef::Component_WarrantBox);
+  cmbRelated = NewCombo(Constdef::Component_RelatedBox);
 
   liPOS = lgSymbol->AddItem(QStringLiteral("liPOS"), lblPOS);
   liVCM = lgSymbol->AddItem(QStringLiteral("liVCM"), lblVCM);
@@ -111,7 +112,7 @@ void TQuorPriceForm::BuildGrids() {
   };
 
   lgGrid = root->AddGroup(QStringLiteral("lgGrid"), TLayoutDirection::Horizontal);
-  PriceGrid = newGrid("PriceGrid", {585, 200});
+  PriceGrid = newGrid(Constdef::Component_PriceGrid, {585, 200});
   PriceGridView = new TcxGridTableView(QStringLiteral("PriceGridView"), PriceGrid);
   PriceGridLv = new TcxGridLevel(QStringLiteral("PriceGridLv"), PriceGrid, PriceGridView);
   liGrid = lgGrid->AddItem(QStringLiteral("liGrid"), PriceGrid);
@@ -195,7 +196,8 @@ void TQuorPriceForm::BuildQtyButtons() {
   lgBtnbottom = lgBtn->AddGroup(QStringLiteral("lgBtnbottom"), TLayoutDirection::Horizontal);
   for (int i = 0; i < QtyButtonCount; ++i) {
     auto* button = new TcxButton;
-    button->setObjectName(QStringLiteral("btnQty%1").arg(i + 1));
+    button->setObjectName(QLatin1String(Constdef::ComponentPrefix_QtyButton) +
+                          QString::number(i + 1));
     button->setFixedSize(QtyButtonSize);
     btnQty[static_cast<std::size_t>(i)] = button;
     auto* row = i < QtyButtonCount / 2 ? lgBtnTop : lgBtnbottom;
@@ -208,10 +210,12 @@ void TQuorPriceForm::BuildMenu() {
   AddCaptionImages(*imgList);
 
   BarMgr = Named("BarMgr", new TdxBarManager(this));
-  mBrokerName = Named("mBrokerName", new TdxBarButton(QStringLiteral("Show Broker Name"), BarMgr));
+  mBrokerName = Named(Constdef::Component_BrokerNameItem,
+                      new TdxBarButton(QStringLiteral("Show Broker Name"), BarMgr));
   mBrokerName->setToolTip(mBrokerName->text());
   mBrokerName->setCheckable(true);
-  mDetail = Named("mDetail", new TdxBarButton(QStringLiteral("Detail"), BarMgr));
+  mDetail =
+      Named(Constdef::Component_DetailItem, new TdxBarButton(QStringLiteral("Detail"), BarMgr));
   mDetail->setToolTip(mDetail->text());
   PopUpMenu = Named("PopUpMenu", new TdxBarPopupMenu(this));
   PopUpMenu->addAction(mDetail);

@@ -114,7 +114,7 @@ private:
 
   // Toolbar.
   void CreateCaptionButtons();
-  TCaptionButton* AddCaptionButton(void (TQuorPriceFrame::*handler)());
+  TCaptionButton* AddCaptionButton(std::string_view name, void (TQuorPriceFrame::*handler)());
   void SetQtyButtonCaption();
   void UpdateCaptionButtons();
   void ShowHideBrokerQueue();

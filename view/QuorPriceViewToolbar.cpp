@@ -43,36 +43,37 @@ void Show(Viewinterface::TCaptionButton* button, int image, const char* key) {
 
 std::string TQuorPriceFrame::GetLayoutData() {
   TLayoutData layout;
-  layout.Add("Symbol", AppliedSymbol());
-  layout.Add("DisplayMode", static_cast<int>(displayMode_));
-  layout.Add("ShowHideState", btnShowHide_->State);
-  layout.Add("ShowBrokerName", showBrokerName_ ? -1 : 0);
-  layout.Add("LockState", btnLock_->State);
+  layout.Add(Constdef::Layout_Symbol, AppliedSymbol());
+  layout.Add(Constdef::Layout_DisplayMode, static_cast<int>(displayMode_));
+  layout.Add(Constdef::Layout_ShowHideState, btnShowHide_->State);
+  layout.Add(Constdef::Layout_ShowBrokerName, showBrokerName_ ? -1 : 0);
+  layout.Add(Constdef::Layout_LockState, btnLock_->State);
   if (btnHideBrokerQueue_)
-    layout.Add("BrokerQueueState", btnHideBrokerQueue_->State);
+    layout.Add(Constdef::Layout_BrokerQueueState, btnHideBrokerQueue_->State);
   if (btnShowHideQty_)
-    layout.Add("QtyButtonState", btnShowHideQty_->State);
+    layout.Add(Constdef::Layout_QtyButtonState, btnShowHideQty_->State);
   return layout.CommaText();
 }
 
 bool TQuorPriceFrame::SetLayoutData(const std::string& text) {
   const TLayoutData layout(text);
-  if (const auto symbol = layout.Value("Symbol"); !symbol.empty())
+  if (const auto symbol = layout.Value(Constdef::Layout_Symbol); !symbol.empty())
     EnterSymbol(symbol);
-  if (const auto mode = ModeOf(layout.Integer("DisplayMode")); mode != displayMode_)
+  if (const auto mode = ModeOf(IntegerOf(layout, Constdef::Layout_DisplayMode));
+      mode != displayMode_)
     SetDisplayMode(mode);
-  if (const auto value = layout.Value("ShowBrokerName"); !value.empty()) {
+  if (const auto value = layout.Value(Constdef::Layout_ShowBrokerName); !value.empty()) {
     const auto show = ParseBoolean(value);
     if (!show)
       throw std::invalid_argument("\"" + value + "\" is not a value of ShowBrokerName");
     SetShowBrokerName(*show);
   }
-  btnShowHide_->State = layout.Integer("ShowHideState");
-  btnLock_->State = layout.Integer("LockState");
+  btnShowHide_->State = IntegerOf(layout, Constdef::Layout_ShowHideState);
+  btnLock_->State = IntegerOf(layout, Constdef::Layout_LockState);
   if (btnHideBrokerQueue_)
-    btnHideBrokerQueue_->State = layout.Integer("BrokerQueueState");
+    btnHideBrokerQueue_->State = IntegerOf(layout, Constdef::Layout_BrokerQueueState);
   if (btnShowHideQty_)
-    btnShowHideQty_->State = layout.Integer("QtyButtonState");
+    btnShowHideQty_->State = IntegerOf(layout, Constdef::Layout_QtyButtonState);
   UpdateCaptionButtons();
   Baseview::SendViewNotify(this, Constdef::Notify_LayoutChanged);
   return true;
@@ -98,24 +99,27 @@ std::vector<Viewinterface::TCaptionButton*> TQuorPriceFrame::GetViewCaptionButto
 }
 
 Viewinterface::TCaptionButton*
-TQuorPriceFrame::AddCaptionButton(void (TQuorPriceFrame::*handler)()) {
+TQuorPriceFrame::AddCaptionButton(std::string_view name, void (TQuorPriceFrame::*handler)()) {
   captionButtons_.push_back(std::make_unique<TCaptionButton>());
+  captionButtons_.back()->Name = name;
   captionButtons_.back()->OnClick = [this, handler](TObject*) { (this->*handler)(); };
   return captionButtons_.back().get();
 }
 
 void TQuorPriceFrame::CreateCaptionButtons() {
   if (IsPerclickFeed())
-    btnRefresh_ = AddCaptionButton(&TQuorPriceFrame::btnRefreshClick);
+    btnRefresh_ = AddCaptionButton(Constdef::Button_Refresh, &TQuorPriceFrame::btnRefreshClick);
   else
-    btnDisplayMode_ = AddCaptionButton(&TQuorPriceFrame::btnDisplayModeClick);
-  btnShowHide_ = AddCaptionButton(&TQuorPriceFrame::btnShowHideClick);
-  btnLock_ = AddCaptionButton(&TQuorPriceFrame::btnLockClick);
+    btnDisplayMode_ =
+        AddCaptionButton(Constdef::Button_DisplayMode, &TQuorPriceFrame::btnDisplayModeClick);
+  btnShowHide_ = AddCaptionButton(Constdef::Button_ShowHide, &TQuorPriceFrame::btnShowHideClick);
+  btnLock_ = AddCaptionButton(Constdef::Button_Lock, &TQuorPriceFrame::btnLockClick);
   if (Baseuserappprofile::TCustomUserAppProfile::GetInstance()->IsFunctionGranted(
           Constdef::Function_Chart))
-    btnProChart_ = AddCaptionButton(&TQuorPriceFrame::btnProChartClick);
+    btnProChart_ = AddCaptionButton(Constdef::Button_Chart, &TQuorPriceFrame::btnProChartClick);
   if (!HasVendorModel() || IsFeedType(Constdef::FeedType_Streaming))
-    btnHideBrokerQueue_ = AddCaptionButton(&TQuorPriceFrame::btnHideBrokerQueueClick);
+    btnHideBrokerQueue_ =
+        AddCaptionButton(Constdef::Button_BrokerQueue, &TQuorPriceFrame::btnHideBrokerQueueClick);
 }
 
 void TQuorPriceFrame::SetQtyButtonCaption() {
@@ -131,7 +135,8 @@ void TQuorPriceFrame::SetQtyButtonCaption() {
     found = true;
   }
   if (found)
-    btnShowHideQty_ = AddCaptionButton(&TQuorPriceFrame::btnShowHideQtyClick);
+    btnShowHideQty_ =
+        AddCaptionButton(Constdef::Button_Quantity, &TQuorPriceFrame::btnShowHideQtyClick);
   else
     lgBtn->SetVisibleFlag(false);
 }

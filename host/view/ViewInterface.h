@@ -15,6 +15,7 @@ class QUOR_EXPORT TCaptionButton : public System::TObject {
 public:
   ~TCaptionButton() override;
 
+  std::string Name;             ///< what it is for, one of Constdef::CaptionButtons in a price view
   std::string Hint;             ///< text shown for the button, UTF-8
   int ImageIndex = -1;          ///< in the view's caption-button image list; -1: none
   int State = 0;                ///< 0 or 1 as the view uses it

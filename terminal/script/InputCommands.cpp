@@ -1,7 +1,7 @@
 #include "terminal/script/ScriptSession.h"
-#include "terminal/script/ViewDump.h"
 #include "terminal/script/input/Input.h"
 
+#include "host/ConstDef.h"
 #include "platform/Controls.h"
 #include "platform/Grid.h"
 #include "platform/HintController.h"
@@ -10,6 +10,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <iterator>
 
 namespace Terminal {
 
@@ -69,8 +70,8 @@ TCellPlace FindCell(const TViewPane& pane, const QJsonObject& members) {
 }
 
 QJsonObject TypeSymbol(TScriptSession& session, const QJsonObject& members) {
-  auto& box = FindUsable<Platform::TcxPopupEdit>(session.Pane(members), QStringLiteral("edtSymbol"),
-                                                 "a symbol box");
+  auto& box = FindUsable<Platform::TcxPopupEdit>(
+      session.Pane(members), QLatin1String(Constdef::Component_SymbolBox), "a symbol box");
   Input::Type(&box, members["text"].toString());
   Input::PressKey(&box, Qt::Key_Return);
   return {};
@@ -117,12 +118,14 @@ QJsonObject PressComponent(TScriptSession& session, const QJsonObject& members) 
 QJsonObject PressCaptionButton(TScriptSession& session, const QJsonObject& members) {
   const auto& pane = session.Pane(members);
   const QString name = members["button"].toString();
-  if (!IsCaptionButtonName(name))
+  const std::string wantedName = name.toStdString();
+  const auto& known = Constdef::CaptionButtons;
+  if (std::find(std::begin(known), std::end(known), wantedName) == std::end(known))
     throw TScriptError(QStringLiteral("There is no caption button \"%1\".").arg(name));
   const auto buttons = pane.CaptionButtons();
-  const auto wanted = std::find_if(buttons.begin(), buttons.end(), [&name](const auto* button) {
-    return CaptionButtonName(button->ImageIndex) == name;
-  });
+  const auto wanted =
+      std::find_if(buttons.begin(), buttons.end(),
+                   [&wantedName](const auto* button) { return button->Name == wantedName; });
   auto* tool = wanted == buttons.end()
                    ? nullptr
                    : pane.CaptionTool(static_cast<int>(wanted - buttons.begin()));

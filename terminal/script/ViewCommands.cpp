@@ -1,8 +1,7 @@
-#include "terminal/script/input/Input.h"
-
 #include "host/ConstDef.h"
 #include "terminal/script/ScriptSession.h"
 #include "terminal/script/ViewDump.h"
+#include "terminal/script/input/Input.h"
 
 #include <QPixmap>
 

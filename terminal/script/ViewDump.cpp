@@ -1,5 +1,6 @@
 #include "terminal/script/ViewDump.h"
 
+#include "host/ConstDef.h"
 #include "platform/Grid.h"
 #include "platform/PopupEdit.h"
 #include "terminal/script/ComponentDump.h"
@@ -7,28 +8,9 @@
 
 #include <QJsonArray>
 
-#include <algorithm>
-#include <array>
-
 namespace Terminal {
 
 namespace {
-
-/// A caption button is known by its images, the one for state 0 first.
-struct TCaptionButtonName {
-  const char* Name;
-  int Images[2];
-};
-
-constexpr std::array<TCaptionButtonName, 7> captionButtonNames = {{
-    {"show-hide", {0, 1}},
-    {"display-mode", {2, 3}},
-    {"lock", {4, 5}},
-    {"chart", {6, 6}},
-    {"refresh", {7, 7}},
-    {"broker-queue", {8, 9}},
-    {"quantity", {10, 11}},
-}};
 
 const char* AlignText(unsigned flags) {
   if (flags & Platform::DT_CENTER)
@@ -88,7 +70,7 @@ QJsonObject DumpGrids(const QWidget& form) {
 QJsonArray DumpCaptionButtons(const TViewPane& pane) {
   QJsonArray buttons;
   for (const auto* button : pane.CaptionButtons())
-    buttons.append(QJsonObject{{"button", CaptionButtonName(button->ImageIndex)},
+    buttons.append(QJsonObject{{"button", QString::fromStdString(button->Name)},
                                {"hint", QString::fromStdString(button->Hint)},
                                {"image", button->ImageIndex},
                                {"state", button->State}});
@@ -125,20 +107,9 @@ QJsonArray DumpPopups(const TViewPane& pane) {
 
 QString ColourText(QRgb colour) { return QColor(colour).name(); }
 
-QString CaptionButtonName(int image) {
-  for (const auto& name : captionButtonNames)
-    if (image == name.Images[0] || image == name.Images[1])
-      return QString::fromLatin1(name.Name);
-  return {};
-}
-
-bool IsCaptionButtonName(const QString& text) {
-  return std::any_of(captionButtonNames.begin(), captionButtonNames.end(),
-                     [&text](const auto& name) { return text == name.Name; });
-}
-
 QJsonObject DumpView(const TViewPane& pane) {
-  const auto* symbolBox = pane.View()->findChild<Platform::TcxPopupEdit*>();
+  const auto* symbolBox =
+      pane.View()->findChild<Platform::TcxPopupEdit*>(QLatin1String(Constdef::Component_SymbolBox));
   return {{"caption", QString::fromStdString(pane.Caption())},
           {"symbol", symbolBox ? symbolBox->Hint() : QString()},
           {"width", pane.PreferredSize().width()},

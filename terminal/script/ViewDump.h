@@ -11,10 +11,6 @@ class TViewPane;
 /// caption, symbol, preferred size, caption buttons, grids, components and pop-ups.
 QJsonObject DumpView(const TViewPane& pane);
 
-/// What the caption button that shows `image` is called; empty for an image of none.
-QString CaptionButtonName(int image);
-bool IsCaptionButtonName(const QString& text);
-
 /// "#rrggbb".
 QString ColourText(QRgb colour);
 

@@ -1,6 +1,7 @@
 #include "terminal/start/TerminalMain.h"
 
 #include "host/ConstDef.h"
+#include "host/LayoutData.h"
 
 #include "feed/recording/RecordingWriter.h"
 #include "terminal/script/ScriptDriver.h"
@@ -10,7 +11,6 @@
 #include "terminal/start/Headless.h"
 #include "terminal/start/PackageLoader.h"
 #include "terminal/trading/OrderDesk.h"
-#include "terminal/windows/LayoutSymbol.h"
 #include "terminal/windows/MainWindow.h"
 #include "terminal/windows/SkippedLines.h"
 #include "terminal/windows/StoreSentence.h"
@@ -90,11 +90,11 @@ public:
 std::string FirstLayout(TServices& services, const TCommandLine& line, const QString& symbol) {
   if (line.Symbol)
     services.Symbols.Add(*line.Symbol);
-  constexpr int fiveLevels = 0;
-  constexpr int tenLevels = 2;
-  const int mode = line.Levels == 5 ? fiveLevels : tenLevels;
-  return SymbolItem(line.Symbol.value_or(symbol.toStdString())) +
-         ",DisplayMode=" + std::to_string(mode);
+  Host::TLayoutData layout;
+  layout.Add(Constdef::Layout_Symbol, line.Symbol.value_or(symbol.toStdString()));
+  layout.Add(Constdef::Layout_DisplayMode,
+             line.Levels == 5 ? Constdef::DisplayMode_FiveLevels : Constdef::DisplayMode_TenLevels);
+  return layout.CommaText();
 }
 
 int RunScript(TServices& services, Baseview::TIBaseView& descriptor, std::istream& script) {

@@ -1,9 +1,9 @@
 #include "terminal/windows/MainWindow.h"
 
 #include "host/ConstDef.h"
+#include "host/LayoutData.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/CaptionBar.h"
-#include "terminal/windows/LayoutSymbol.h"
 #include "terminal/windows/StoreSentence.h"
 #include "terminal/windows/WindowTexts.h"
 
@@ -61,7 +61,8 @@ void TMainWindow::RestoreViews(const std::string& layoutData, TFirstView firstVi
     views.front().LayoutData = layoutData;
   for (const auto& view : views) {
     // This market may not have named the symbol yet; the view keeps it all the same.
-    if (const auto symbol = SymbolOf(view.LayoutData); !symbol.empty()) {
+    const Host::TLayoutData layout(view.LayoutData);
+    if (const auto symbol = layout.Value(Constdef::Layout_Symbol); !symbol.empty()) {
       parts_.Services.Symbols.Add(symbol);
       tools_->OfferChart(QString::fromStdString(symbol));
     }

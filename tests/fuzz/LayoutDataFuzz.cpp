@@ -2,7 +2,7 @@
 // std::invalid_argument, and what it then writes it reads back unchanged.
 
 #include "fakes/ViewFakes.h"
-#include "view/LayoutData.h"
+#include "host/LayoutData.h"
 #include "view/QuorPriceView.h"
 
 #include <QApplication>
@@ -52,7 +52,7 @@ void Check(const std::string& text) {
     // Refused; the view goes on with what it took before.
   }
   const std::string written = frame.GetLayoutData();
-  if (const auto read = Quorpriceview::TLayoutData(written).CommaText(); read != written)
+  if (const auto read = Host::TLayoutData(written).CommaText(); read != written)
     Fail("The written text does not read as itself", written, read);
   frame.SetLayoutData(written);
   if (const auto again = frame.GetLayoutData(); again != written)

@@ -2,6 +2,7 @@
 // The package as a second host meets it: loaded from its file, known only by the contract.
 
 #include "fakes/ViewFakes.h"
+#include "host/LayoutData.h"
 #include "platform/Grid.h"
 #include "tests/Paths.h"
 
@@ -151,6 +152,58 @@ TEST_F(TDescriptorTest, AnotherHostOpensAViewAndSeesItsBook) {
   descriptor->CloseInstance(handle);
   EXPECT_FALSE(descriptor->ContainView(handle));
   EXPECT_EQ(host.Registrations(), before);
+}
+
+TEST_F(TDescriptorTest, CaptionButtonsHaveTheNamesOfTheContract) {
+  const auto names = [this] {
+    std::vector<Viewinterface::TCaptionButton*> buttons;
+    descriptor->GetViewCaptionButtons(descriptor->OpenNewInstance(), buttons);
+    std::vector<std::string> list;
+    for (const auto* button : buttons)
+      list.push_back(button->Name);
+    return list;
+  };
+  host.profile.granted = {"ProChart"};
+  host.config.Set("QuorPrcBtnCaption", "Btn1", "1,000");
+  EXPECT_EQ(names(), (std::vector<std::string>{"display-mode", "show-hide", "lock", "chart",
+                                               "broker-queue", "quantity"}));
+  host.SetFeedType(Constdef::FeedType_PerClick);
+  EXPECT_EQ(names(),
+            (std::vector<std::string>{"refresh", "show-hide", "lock", "chart", "quantity"}));
+}
+
+TEST_F(TDescriptorTest, ComponentsHaveTheNamesOfTheContract) {
+  auto* const view = reinterpret_cast<TIBaseView*>(descriptor->OpenNewInstance())->Widget();
+  const auto has = [view](const char* kind, const QString& name) {
+    const auto* found = view->findChild<QObject*>(name);
+    return found && found->inherits(kind);
+  };
+  EXPECT_TRUE(has("QLineEdit", Constdef::Component_SymbolBox));
+  for (const char* name : {Constdef::Component_LiqProviderBox, Constdef::Component_WarrantBox,
+                           Constdef::Component_RelatedBox})
+    EXPECT_TRUE(has("QComboBox", name)) << name;
+  EXPECT_TRUE(has("Platform::TcxGrid", Constdef::Component_PriceGrid));
+  for (const char* name : {Constdef::Component_BrokerNameItem, Constdef::Component_DetailItem})
+    EXPECT_TRUE(has("QAction", name)) << name;
+  for (int i = 1; i <= 10; ++i)
+    EXPECT_TRUE(has("QPushButton", Constdef::ComponentPrefix_QtyButton + QString::number(i))) << i;
+}
+
+TEST_F(TDescriptorTest, LayoutDataHasTheItemsOfTheContract) {
+  host.config.Set("QuorPrcBtnCaption", "Btn1", "1,000");
+  Host::TLayoutData expected;
+  expected.Add(Constdef::Layout_Symbol, "");
+  expected.Add(Constdef::Layout_DisplayMode, Constdef::DisplayMode_TenLevels);
+  for (const auto name :
+       {Constdef::Layout_ShowHideState, Constdef::Layout_ShowBrokerName, Constdef::Layout_LockState,
+        Constdef::Layout_BrokerQueueState, Constdef::Layout_QtyButtonState})
+    expected.Add(name, 0);
+  const auto handle = descriptor->OpenNewInstance();
+  descriptor->SetLayoutData(handle, expected.CommaText());
+  EXPECT_EQ(descriptor->GetLayoutData(handle), expected.CommaText());
+  auto* const view = reinterpret_cast<TIBaseView*>(handle)->Widget();
+  const auto* grid = view->findChild<Platform::TcxGrid*>(Constdef::Component_PriceGrid);
+  EXPECT_TRUE(QTest::qWaitFor([grid] { return grid->View()->RecordCount() == 18; }));
 }
 
 TEST_F(TDescriptorTest, AHandleThatIsNotOpenIsIgnored) {

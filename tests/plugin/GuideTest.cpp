@@ -46,11 +46,11 @@ TEST_F(TGuideTest, TellsEveryRecordFieldByNumberAndName) {
     ExpectTold("| " + number + " | `" + name + "` |");
 }
 
-TEST_F(TGuideTest, TellsEverySettingAndNamedColourWithItsConstant) {
-  const auto names =
-      Matches(TextOf("host/ConstDef.h"),
-              R"rx(((?:Key|Section|Colour|Function|DataSet|OrderValue)_\w+) =\s*"(\w+)")rx");
-  EXPECT_EQ(names.size(), 22u);
+TEST_F(TGuideTest, TellsEveryNameThatHostAndPackageAgreeOnWithItsConstant) {
+  const auto names = Matches(
+      TextOf("host/ConstDef.h"),
+      R"rx(((?:Key|Section|Colour|Function|DataSet|OrderValue|Button|Layout|Component(?:Prefix)?)_\w+) =\s*"([\w-]+)")rx");
+  EXPECT_EQ(names.size(), 44u);
   for (const auto& [constant, text] : names) {
     ExpectTold(constant + "`");
     ExpectTold("`" + text + "`");

@@ -28,6 +28,7 @@ TView::TView()
   for (QWidget* widget : {static_cast<QWidget*>(Symbol), static_cast<QWidget*>(Combo),
                           static_cast<QWidget*>(Button), static_cast<QWidget*>(Grid)})
     column->addWidget(widget);
+  Lock.Name = Constdef::Button_Lock;
   Lock.ImageIndex = 4;
   Lock.Hint = "Lock";
   Lock.OnClick = [this](System::TObject*) { Lock.State = 1 - Lock.State; };

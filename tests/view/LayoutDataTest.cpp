@@ -1,80 +1,14 @@
-// The layout data as text, and how a view writes and reads it.
+// How a view writes and reads its layout data.
 
 #include "view/LayoutData.h"
+#include "host/TroublesomeText.h"
 #include "view/ViewFixture.h"
 
-#include <random>
 #include <stdexcept>
 
 using namespace Quorpriceview;
 
 namespace {
-
-// The text.
-
-struct TReading {
-  const char* text;
-  const char* name;
-  const char* value;
-};
-
-class TReadingTest : public testing::TestWithParam<TReading> {};
-
-TEST_P(TReadingTest, AValueIsFoundByItsName) {
-  EXPECT_EQ(TLayoutData(GetParam().text).Value(GetParam().name), GetParam().value);
-}
-
-constexpr TReading Readings[] = {
-    {"", "Symbol", ""},
-    {"Symbol=700", "Symbol", "700"},
-    {"Symbol=700,LockState=1", "LockState", "1"},
-    {"Symbol=700 LockState=1", "LockState", "1"},
-    {"  Symbol=700 ,\t LockState=1  ", "LockState", "1"},
-    {",,Symbol=700,,", "Symbol", "700"},
-    {"symbol=700", "Symbol", "700"},
-    {"SYMBOL=5,Symbol=700", "Symbol", "5"},
-    {"Symbol=,Symbol=700", "Symbol", ""},
-    {"Symbol,Symbol=700", "Symbol", "700"},
-    {"Symbols=5", "Symbol", ""},
-    {"Symbol=a=b", "Symbol", "a=b"},
-    {"\"Symbol=HSI 2401\",LockState=1", "Symbol", "HSI 2401"},
-    {"\"Symbol=HSI 2401\",LockState=1", "LockState", "1"},
-    {"\"Symbol=a,b\"", "Symbol", "a,b"},
-    {"\"Symbol=say \"\"hi\"\"\"", "Symbol", "say \"hi\""},
-    {"\"Symbol=700", "Symbol", "700"},
-    {"\"Symbol=700\"LockState=1", "LockState", "1"},
-    {"Symbol=7\"00", "Symbol", "7\"00"},
-    {"Symbol=\u9A30\u8A0A", "Symbol", "\u9A30\u8A0A"},
-};
-
-INSTANTIATE_TEST_SUITE_P(LayoutData, TReadingTest, testing::ValuesIn(Readings));
-
-struct TWriting {
-  const char* value;
-  const char* text;
-};
-
-class TWritingTest : public testing::TestWithParam<TWriting> {};
-
-TEST_P(TWritingTest, OnlyWhatWouldBeTornApartIsQuoted) {
-  TLayoutData layout;
-  layout.Add("Symbol", GetParam().value);
-  layout.Add("LockState", 1);
-  EXPECT_EQ(layout.CommaText(), std::string(GetParam().text) + ",LockState=1");
-}
-
-constexpr TWriting Writings[] = {
-    {"", "Symbol="},
-    {"700", "Symbol=700"},
-    {"a=b", "Symbol=a=b"},
-    {"HSI 2401", "\"Symbol=HSI 2401\""},
-    {"a,b", "\"Symbol=a,b\""},
-    {"a\tb", "\"Symbol=a\tb\""},
-    {"say \"hi\"", "\"Symbol=say \"\"hi\"\"\""},
-    {"\u9A30\u8A0A", "Symbol=\u9A30\u8A0A"},
-};
-
-INSTANTIATE_TEST_SUITE_P(LayoutData, TWritingTest, testing::ValuesIn(Writings));
 
 struct TNumber {
   const char* text;
@@ -86,7 +20,7 @@ class TIntegerTest : public testing::TestWithParam<TNumber> {};
 TEST_P(TIntegerTest, WhatIsNoIntegerIsZero) {
   TLayoutData layout;
   layout.Add("LockState", GetParam().text);
-  EXPECT_EQ(layout.Integer("lockstate"), GetParam().value);
+  EXPECT_EQ(IntegerOf(layout, "lockstate"), GetParam().value);
 }
 
 constexpr TNumber Integers[] = {{"0", 0},         {"1", 1},    {"-3", -3},
@@ -96,7 +30,7 @@ constexpr TNumber Integers[] = {{"0", 0},         {"1", 1},    {"-3", -3},
 
 INSTANTIATE_TEST_SUITE_P(LayoutData, TIntegerTest, testing::ValuesIn(Integers));
 
-TEST(TLayoutDataTest, AMissingIntegerIsZero) { EXPECT_EQ(TLayoutData("A=1").Integer("B"), 0); }
+TEST(TLayoutDataTest, AMissingIntegerIsZero) { EXPECT_EQ(IntegerOf(TLayoutData("A=1"), "B"), 0); }
 
 struct TBoolean {
   const char* text;
@@ -130,48 +64,6 @@ constexpr TBoolean Booleans[] = {{"0", false},
                                  {"Trues", std::nullopt}};
 
 INSTANTIATE_TEST_SUITE_P(LayoutData, TBooleanTest, testing::ValuesIn(Booleans));
-
-/// Texts of what makes trouble in a comma-separated list.
-class TTroublesomeText {
-public:
-  std::string Next(std::size_t longest) {
-    static const std::vector<std::string> pieces = {
-        "\"", "\"\"", ",", " ", "\t", "\n", "=", "'", "a", "700", "\u9A30", "\u00E9", "\x01"};
-    std::string text;
-    for (auto left = random_() % (longest + 1); left > 0; --left)
-      text += pieces[random_() % pieces.size()];
-    return text;
-  }
-
-  std::string NextName(int number) {
-    auto name = Next(4) + std::to_string(number);
-    std::erase(name, '=');
-    return name;
-  }
-
-  char NextByte() { return static_cast<char>(random_() % 256); }
-  std::size_t Below(std::size_t bound) { return random_() % bound; }
-
-private:
-  std::mt19937 random_{20240519};
-};
-
-TEST(TLayoutDataTest, EveryNameAndValueComesBack) {
-  TTroublesomeText random;
-  for (int round = 0; round < 2000; ++round) {
-    std::vector<std::pair<std::string, std::string>> items;
-    TLayoutData written;
-    for (int i = 0; i < 5; ++i) {
-      items.emplace_back(random.NextName(i), random.Next(6));
-      written.Add(items.back().first, items.back().second);
-    }
-    const auto text = written.CommaText();
-    const TLayoutData read(text);
-    for (const auto& [name, value] : items)
-      ASSERT_EQ(read.Value(name), value) << text;
-    ASSERT_EQ(read.CommaText(), text);
-  }
-}
 
 // The view.
 
@@ -383,8 +275,8 @@ TEST_F(TViewLayoutTest, NoTextBreaksAView) {
       ++refused;
     }
     const TLayoutData now(frame->GetLayoutData());
-    ASSERT_GE(now.Integer("DisplayMode"), 0);
-    ASSERT_LE(now.Integer("DisplayMode"), 2);
+    ASSERT_GE(IntegerOf(now, "DisplayMode"), 0);
+    ASSERT_LE(IntegerOf(now, "DisplayMode"), 2);
     ASSERT_TRUE(now.Value("Symbol").empty() || host.editors.listed.contains(now.Value("Symbol")));
   }
   EXPECT_GT(refused, 0);

@@ -98,9 +98,13 @@ TEST_F(Script, RefusesWhatAPersonCouldNotReach) {
 
 TEST_F(Script, PressesCaptionButtonsByWhatTheyDo) {
   Open();
+  View().Lock.ImageIndex = 6; // what it shows is the view's affair
   EXPECT_TRUE(Ok(R"({"do":"caption-button","view":1,"button":"lock"})"));
   EXPECT_EQ(View().Lock.State, 1);
-  EXPECT_FALSE(Ok(R"({"do":"caption-button","view":1,"button":"chart"})"));
+  EXPECT_EQ(Error(R"({"do":"caption-button","view":1,"button":"chart"})"),
+            QStringLiteral("The view has no caption button \"chart\"."));
+  EXPECT_EQ(Error(R"({"do":"caption-button","view":1,"button":"eject"})"),
+            QStringLiteral("There is no caption button \"eject\"."));
 }
 
 TEST_F(Script, DumpsTheComponentsAsTheyAre) {
