@@ -1,20 +1,15 @@
 #include "host/LayoutData.h"
 
 #include <algorithm>
-#include <cctype>
+#include <iomanip>
+#include <sstream>
+#include <strings.h>
 
 namespace Host {
 
 namespace {
 
 bool IsBlank(char c) { return static_cast<unsigned char>(c) <= ' '; }
-
-bool EqualIgnoringCase(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](char a, char b) {
-    return std::tolower(static_cast<unsigned char>(a)) ==
-           std::tolower(static_cast<unsigned char>(b));
-  });
-}
 
 /// Takes one quoted text off the front; without a closing quote, all that is left.
 std::string TakeQuoted(std::string_view& text) {
@@ -52,13 +47,9 @@ std::string Quoted(const std::string& item) {
                                   [](char c) { return IsBlank(c) || c == ',' || c == '"'; });
   if (plain)
     return item;
-  std::string quoted = "\"";
-  for (const char c : item) {
-    if (c == '"')
-      quoted += c;
-    quoted += c;
-  }
-  return quoted + '"';
+  std::ostringstream quoted;
+  quoted << std::quoted(item, '"', '"');
+  return quoted.str();
 }
 
 } // namespace
@@ -93,8 +84,7 @@ std::string TLayoutData::CommaText() const {
 std::string TLayoutData::Value(std::string_view name) const {
   for (const auto& item : items_) {
     const auto equals = item.find('=');
-    if (equals != std::string::npos &&
-        EqualIgnoringCase(std::string_view(item).substr(0, equals), name))
+    if (equals == name.size() && strncasecmp(item.data(), name.data(), equals) == 0)
       return item.substr(equals + 1);
   }
   return {};

@@ -22,13 +22,6 @@ using TKind = TMemberKind;
   throw TScriptError(QStringLiteral("The component \"%1\" %2.").arg(component, QLatin1String(why)));
 }
 
-void CheckUsable(const QWidget& widget) {
-  if (!widget.isVisible())
-    Refuse(widget.objectName(), "is not visible");
-  if (!widget.isEnabled())
-    Refuse(widget.objectName(), "is not enabled");
-}
-
 QObject& FindComponent(const TViewPane& pane, const QString& name) {
   auto* component = name.isEmpty() ? nullptr : pane.View()->findChild<QObject*>(name);
   if (!component)
@@ -94,10 +87,8 @@ QJsonObject HoverCell(TScriptSession& session, const QJsonObject& members) {
 }
 
 void ChooseMenuItem(const TViewPane& pane, QAction* item) {
-  if (!item->isVisible())
-    Refuse(item->objectName(), "is not visible");
-  if (!item->isEnabled())
-    Refuse(item->objectName(), "is not enabled");
+  if (!item->isVisible() || !item->isEnabled())
+    Refuse(item->objectName(), item->isVisible() ? "is not enabled" : "is not visible");
   for (auto* grid : pane.View()->findChildren<Platform::TcxGrid*>())
     if (grid->isVisible() && Input::ChooseFromContextMenu(grid, item))
       return;
@@ -157,6 +148,11 @@ QJsonObject ClosePopup(TScriptSession& session, const QJsonObject& members) {
 }
 
 } // namespace
+
+void CheckUsable(const QWidget& widget) {
+  if (!widget.isVisible() || !widget.isEnabled())
+    Refuse(widget.objectName(), widget.isVisible() ? "is not enabled" : "is not visible");
+}
 
 std::vector<TScriptCommand> InputCommands() {
   const TMember view{"view", TKind::Integer};

@@ -21,57 +21,28 @@ bool IsColour(const QJsonValue& value) {
   return value.isString() && colour.match(value.toString()).hasMatch();
 }
 
-bool IsOfKind(const QJsonValue& value, TMemberKind kind) {
-  switch (kind) {
-  case TMemberKind::Text:
-    return value.isString();
-  case TMemberKind::TextOrNull:
-    return value.isString() || value.isNull();
-  case TMemberKind::Integer:
-    return IsInteger(value);
-  case TMemberKind::IntegerOrNull:
-    return value.isNull() || IsInteger(value);
-  case TMemberKind::Number:
-    return value.isDouble();
-  case TMemberKind::Boolean:
-    return value.isBool();
-  case TMemberKind::Colour:
-    return IsColour(value);
-  case TMemberKind::Object:
-    return value.isObject();
-  case TMemberKind::List:
-    return value.isArray();
-  }
-  return false;
-}
+struct TRule {
+  const char* Name;
+  bool (*IsKept)(const QJsonValue& value);
+};
 
-QString NameOf(TMemberKind kind) {
-  switch (kind) {
-  case TMemberKind::Text:
-    return QStringLiteral("a text");
-  case TMemberKind::TextOrNull:
-    return QStringLiteral("a text or null");
-  case TMemberKind::Integer:
-    return QStringLiteral("a whole number");
-  case TMemberKind::IntegerOrNull:
-    return QStringLiteral("a whole number or null");
-  case TMemberKind::Number:
-    return QStringLiteral("a number");
-  case TMemberKind::Boolean:
-    return QStringLiteral("true or false");
-  case TMemberKind::Colour:
-    return QStringLiteral("a colour such as \"#rrggbb\"");
-  case TMemberKind::Object:
-    return QStringLiteral("an object");
-  case TMemberKind::List:
-    return QStringLiteral("a list");
-  }
-  return {};
-}
+/// In the order of TMemberKind.
+constexpr TRule Rules[] = {
+    {"a text", [](const QJsonValue& v) { return v.isString(); }},
+    {"a text or null", [](const QJsonValue& v) { return v.isString() || v.isNull(); }},
+    {"a whole number", IsInteger},
+    {"a whole number or null", [](const QJsonValue& v) { return v.isNull() || IsInteger(v); }},
+    {"a number", [](const QJsonValue& v) { return v.isDouble(); }},
+    {"true or false", [](const QJsonValue& v) { return v.isBool(); }},
+    {"a colour such as \"#rrggbb\"", IsColour},
+    {"an object", [](const QJsonValue& v) { return v.isObject(); }},
+    {"a list", [](const QJsonValue& v) { return v.isArray(); }},
+};
 
 void CheckKind(const QJsonValue& value, TMemberKind kind, const QString& what) {
-  if (!IsOfKind(value, kind))
-    throw TScriptError(QStringLiteral("%1 must be %2.").arg(what, NameOf(kind)));
+  const TRule& rule = Rules[static_cast<std::size_t>(kind)];
+  if (!rule.IsKept(value))
+    throw TScriptError(QStringLiteral("%1 must be %2.").arg(what, QLatin1String(rule.Name)));
 }
 
 } // namespace

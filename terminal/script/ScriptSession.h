@@ -53,6 +53,9 @@ private:
   QJsonArray opened_;
 };
 
+/// Throws TScriptError unless a person can use the widget.
+void CheckUsable(const QWidget& widget);
+
 /// The commands by the group that they belong to.
 std::vector<TScriptCommand> MarketCommands();
 std::vector<TScriptCommand> HostCommands();

@@ -63,14 +63,9 @@ void Strike(const QWidget* widget, int key, const QString& text,
 
 /// The text that a keyboard gives with a key.
 QString TextOf(Qt::Key key) {
-  switch (key) {
-  case Qt::Key_Return:
+  if (key == Qt::Key_Return)
     return QStringLiteral("\r");
-  case Qt::Key_Delete:
-    return QStringLiteral("\x7f");
-  default:
-    return key < Qt::Key_Escape ? QString(QChar(key).toLower()) : QString();
-  }
+  return key < Qt::Key_Escape ? QString(QChar(key).toLower()) : QString();
 }
 
 } // namespace

@@ -30,13 +30,6 @@ template <typename TWidget> TWidget& Find(QWidget& page, const char* name) {
       QStringLiteral("The preference page has no component \"%1\".").arg(QLatin1String(name)));
 }
 
-QWidget& Usable(QWidget& widget) {
-  if (widget.isVisible() && widget.isEnabled())
-    return widget;
-  throw TScriptError(QStringLiteral("The component \"%1\" is not %2.")
-                         .arg(widget.objectName(), widget.isVisible() ? "enabled" : "visible"));
-}
-
 /// The edits that one command asks for, checked.
 struct TEdits {
   struct TRow {
@@ -98,7 +91,7 @@ void EditBrokers(QWidget& page, const TEdits& edits) {
   if (edits.Rows) {
     if (edits.Highlight)
       set(true);
-    Usable(Find<QPushButton>(page, ClearButton));
+    CheckUsable(Find<QPushButton>(page, ClearButton));
     EnterRows(page, *edits.Rows);
   }
   if (edits.Highlight)
@@ -127,12 +120,14 @@ QJsonObject Press(TScriptSession& session, const QJsonObject& members) {
   if (!isDelete && component != QLatin1String(AddButton) && component != QLatin1String(ClearButton))
     throw TScriptError(QStringLiteral("The component \"%1\" cannot be pressed.").arg(component));
   if (!isDelete) {
-    Input::Click(&Usable(Find<QPushButton>(page, component.toLatin1().constData())));
+    auto& button = Find<QPushButton>(page, component.toLatin1().constData());
+    CheckUsable(button);
+    Input::Click(&button);
     return {};
   }
   TBrokerList list(page);
   const int row = members["row"].toInt();
-  Usable(list.View());
+  CheckUsable(list.View());
   if (row < 0 || row >= list.RowCount())
     throw TScriptError(QStringLiteral("The list of brokers has no row %1.").arg(row));
   list.Delete(row);
