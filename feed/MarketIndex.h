@@ -1,9 +1,9 @@
 #pragma once
 
+#include "data/Problem.h"
 #include "feed/FeedTypes.h"
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 namespace Feed {
@@ -11,7 +11,7 @@ namespace Feed {
 /// A line that was skipped.
 struct TMalformedLine {
   std::uint64_t Number = 0; ///< from 1
-  std::string Sentence;     ///< what is wrong with it
+  Data::TProblem Problem;
 };
 
 /// What is known of a market before it is played.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Problem.h"
 #include "feed/MarketReader.h"
 
 #include <map>
@@ -36,9 +37,9 @@ inline std::string ValueOf(const TSourceOptions& options, const std::string& nam
   return option == options.end() ? std::string() : option->second;
 }
 
-// What was opened, or what is wrong, in one sentence.
-using TOpenedSource = std::variant<std::unique_ptr<TMarketReader>, std::string>;
-using TOpenedStream = std::variant<TChangeStream, std::string>;
+// What was opened, or what is wrong.
+using TOpenedSource = std::variant<std::unique_ptr<TMarketReader>, Data::TProblem>;
+using TOpenedStream = std::variant<TChangeStream, Data::TProblem>;
 
 /// How a user asks for a source, and what opens it: a row of the table of sources. The functions
 /// take options whose values can be used, those of other sources too.

@@ -8,16 +8,16 @@ namespace Feed {
 
 TOpenedSource OpenRecording(const TSourceOptions& options, std::function<void()> wake) {
   TRecordingSource source;
-  if (auto problem = source.Open(ValueOf(options, ReplayOption)); !problem.empty())
-    return problem;
+  if (auto problem = source.Open(ValueOf(options, ReplayOption)))
+    return *std::move(problem);
   return std::make_unique<TRecordingReader>(std::move(source), std::move(wake));
 }
 
 /// One event is one moment.
 TOpenedStream ReadRecording(const TSourceOptions& options) {
   const auto source = std::make_shared<TRecordingSource>();
-  if (auto problem = source->Open(ValueOf(options, ReplayOption)); !problem.empty())
-    return problem;
+  if (auto problem = source->Open(ValueOf(options, ReplayOption)))
+    return *std::move(problem);
   auto line = source->Next();
   auto* const header = line ? std::get_if<TReferenceData>(&*line) : nullptr;
   const auto next = [source, line]() mutable -> std::optional<TChangeStream::TMoment> {

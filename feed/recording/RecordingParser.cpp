@@ -14,43 +14,26 @@ namespace dom = simdjson::dom;
 
 static_assert(TRecordingParser::Padding >= simdjson::SIMDJSON_PADDING);
 
-[[noreturn]] void Fail(std::string_view what, std::string_view isWrong) {
-  throw TParseError{std::string(what).append(" ").append(isWrong).append(".")};
+using enum Data::TProblemCode;
+
+template <typename... TParts>
+[[noreturn]] void Fail(Data::TProblemCode code, const TParts&... parts) {
+  throw Data::TProblem{code, {std::string(parts)...}};
 }
 
-std::string_view Text(dom::element value, std::string_view what) {
-  std::string_view text;
-  if (value.get(text) != simdjson::SUCCESS)
-    Fail(what, "is not a text");
-  return text;
+/// The value as a TValue, or `otherwise` and its parts when it is none.
+template <typename TValue, typename... TParts>
+TValue Get(dom::element value, Data::TProblemCode otherwise, const TParts&... parts) {
+  TValue got{};
+  if (value.get(got) != simdjson::SUCCESS)
+    Fail(otherwise, parts...);
+  return got;
 }
 
-dom::object Object(dom::element value, std::string_view what) {
-  dom::object object;
-  if (value.get(object) != simdjson::SUCCESS)
-    Fail(what, "is not an object");
-  return object;
-}
-
-dom::array Array(dom::element value, std::string_view what) {
-  dom::array array;
-  if (value.get(array) != simdjson::SUCCESS)
-    Fail(what, "is not a list");
-  return array;
-}
-
-double Number(dom::element value, std::string_view what) {
-  double number = 0;
-  if (value.get(number) != simdjson::SUCCESS)
-    Fail(what, "is not a number");
-  return number;
-}
-
-int Integer(dom::element value, std::string_view what) {
-  std::int64_t number = 0;
-  if (value.get(number) != simdjson::SUCCESS || number < std::numeric_limits<int>::min() ||
-      number > std::numeric_limits<int>::max())
-    Fail(what, "is not an integer of 32 bits");
+int Integer(dom::element value, Data::TProblemCode otherwise) {
+  const auto number = Get<std::int64_t>(value, otherwise);
+  if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
+    Fail(otherwise);
   return static_cast<int>(number);
 }
 
@@ -63,117 +46,119 @@ template <typename TNumber> std::optional<TNumber> WholeText(std::string_view te
 }
 
 /// The text of an optional member; empty when the object has none.
-std::string OptionalText(dom::object object, std::string_view key, std::string_view what) {
+std::string OptionalText(dom::object object, std::string_view key, Data::TProblemCode notText) {
   dom::element value;
-  return object[key].get(value) == simdjson::SUCCESS ? std::string(Text(value, what))
-                                                     : std::string();
+  return std::string(object[key].get(value) == simdjson::SUCCESS
+                         ? Get<std::string_view>(value, notText)
+                         : std::string_view());
 }
 
-std::string RequiredText(dom::object object, std::string_view key, std::string_view what) {
-  std::string text = OptionalText(object, key, what);
+std::string RequiredText(dom::object object, std::string_view key, Data::TProblemCode notText,
+                         Data::TProblemCode missing) {
+  std::string text = OptionalText(object, key, notText);
   if (text.empty())
-    Fail(what, "is missing");
+    Fail(missing);
   return text;
 }
 
 TReferenceData::TSpreadBand Band(dom::element value) {
-  const dom::array numbers = Array(value, "A spread band");
+  const auto numbers = Get<dom::array>(value, SpreadBandNotList);
   if (numbers.size() != 3)
-    Fail("A spread band", "has not the three numbers from, to and step");
+    Fail(SpreadBandNotThreeNumbers);
   const TReferenceData::TSpreadBand band{
-      Number(numbers.at(0).value_unsafe(), "A spread band's start"),
-      Number(numbers.at(1).value_unsafe(), "A spread band's end"),
-      Number(numbers.at(2).value_unsafe(), "A spread band's step")};
+      Get<double>(numbers.at(0).value_unsafe(), SpreadBandStartNotNumber),
+      Get<double>(numbers.at(1).value_unsafe(), SpreadBandEndNotNumber),
+      Get<double>(numbers.at(2).value_unsafe(), SpreadBandStepNotNumber)};
   if (band.From >= band.To || band.Step <= 0)
-    Fail("A spread band", "is empty or has no step above 0");
+    Fail(SpreadBandEmpty);
   return band;
 }
 
 TReferenceData::TSpreadTable SpreadTable(std::string_view code, dom::element value) {
-  const dom::object object = Object(value, "A spread table");
+  const auto object = Get<dom::object>(value, SpreadTableNotObject);
   TReferenceData::TSpreadTable table;
   table.Code = code;
   dom::element member;
   if (object["state"].get(member) == simdjson::SUCCESS)
-    table.State = Integer(member, "A spread table's state");
+    table.State = Integer(member, SpreadStateNotInteger);
   if (object["bands"].get(member) == simdjson::SUCCESS) {
-    for (const dom::element band : Array(member, "The bands of a spread table"))
+    for (const dom::element band : Get<dom::array>(member, SpreadBandsNotList))
       table.Bands.push_back(Band(band));
   }
   return table;
 }
 
 TReferenceData::TBroker Broker(dom::element value) {
-  const dom::object object = Object(value, "A broker");
-  return {RequiredText(object, "id", "A broker's id"),
-          OptionalText(object, "name", "A broker's name"),
-          OptionalText(object, "name1", "A broker's first other name"),
-          OptionalText(object, "name2", "A broker's second other name"),
-          OptionalText(object, "other", "A broker's remaining name")};
+  const auto object = Get<dom::object>(value, BrokerNotObject);
+  return {RequiredText(object, "id", BrokerIdNotText, BrokerIdMissing),
+          OptionalText(object, "name", BrokerNameNotText),
+          OptionalText(object, "name1", BrokerName1NotText),
+          OptionalText(object, "name2", BrokerName2NotText),
+          OptionalText(object, "other", BrokerOtherNotText)};
 }
 
 TReferenceData::TInstrument Instrument(dom::element value) {
-  const dom::object object = Object(value, "An instrument");
-  return {RequiredText(object, "symbol", "An instrument's symbol"),
-          OptionalText(object, "name", "An instrument's name"),
-          OptionalText(object, "currency", "An instrument's currency"),
-          OptionalText(object, "name1", "An instrument's Traditional Chinese name"),
-          OptionalText(object, "name2", "An instrument's Simplified Chinese name")};
+  const auto object = Get<dom::object>(value, InstrumentNotObject);
+  return {RequiredText(object, "symbol", InstrumentSymbolNotText, InstrumentSymbolMissing),
+          OptionalText(object, "name", InstrumentNameNotText),
+          OptionalText(object, "currency", InstrumentCurrencyNotText),
+          OptionalText(object, "name1", InstrumentName1NotText),
+          OptionalText(object, "name2", InstrumentName2NotText)};
 }
 
 TReferenceData Header(dom::object line) {
   TReferenceData header;
   for (const auto [key, value] : line) {
     if (key == "quorprice") {
-      if (const int version = Integer(value, "The version"); version != TRecordingParser::Version)
-        Fail("The recording's version " + std::to_string(version), "is not known here");
+      if (const int version = Integer(value, VersionNotInteger);
+          version != TRecordingParser::Version)
+        Fail(VersionUnknown, std::to_string(version));
     } else if (key == "spreads") {
-      for (const auto [code, table] : Object(value, "The member spreads"))
+      for (const auto [code, table] : Get<dom::object>(value, MemberNotObject, key))
         header.Spreads.push_back(SpreadTable(code, table));
     } else if (key == "brokers") {
-      for (const dom::element broker : Array(value, "The member brokers"))
+      for (const dom::element broker : Get<dom::array>(value, MemberNotList, key))
         header.Brokers.push_back(Broker(broker));
     } else if (key == "instruments") {
-      for (const dom::element instrument : Array(value, "The member instruments"))
+      for (const dom::element instrument : Get<dom::array>(value, MemberNotList, key))
         header.Instruments.push_back(Instrument(instrument));
     } else if (key == "simulated") {
-      if (value.get(header.Simulated) != simdjson::SUCCESS)
-        Fail("The member simulated", "is neither true nor false");
+      header.Simulated = Get<bool>(value, SimulatedNotBoolean);
     }
   }
   return header;
 }
 
 void ReadFields(dom::element value, TRecordChange& change) {
-  const dom::object fields = Object(value, "The member f");
+  const auto fields = Get<dom::object>(value, MemberNotObject, "f");
   change.Fields.reserve(fields.size());
   for (const auto [key, text] : fields) {
     const auto number = WholeText<int>(key);
     if (!number || *number < 0)
-      Fail("The field number \"" + std::string(key) + "\"", "is not a number from 0");
+      Fail(FieldNumberUnknown, key);
     if (text.is_null())
       change.Fields.emplace_back(*number, std::nullopt);
     else
-      change.Fields.emplace_back(*number, Text(text, "The value of field " + std::string(key)));
+      change.Fields.emplace_back(*number, Get<std::string_view>(text, FieldNotText, key));
   }
 }
 
 Markettradesidedetector::TTrade Trade(dom::element value) {
-  const dom::object object = Object(value, "The trade");
-  const std::string price = RequiredText(object, "price", "The trade's price");
+  const auto object = Get<dom::object>(value, TradeNotObject);
+  const std::string price = RequiredText(object, "price", TradePriceNotText, TradePriceMissing);
   const auto number = WholeText<double>(price);
   if (!number || !std::isfinite(*number))
-    Fail("The trade's price \"" + price + "\"", "is not a number");
-  return {OptionalText(object, "time", "The trade's time"),
-          OptionalText(object, "side", "The trade's side"),
-          OptionalText(object, "qty", "The trade's quantity"), *number};
+    Fail(TradePriceNotNumber, price);
+  return {OptionalText(object, "time", TradeTimeNotText),
+          OptionalText(object, "side", TradeSideNotText),
+          OptionalText(object, "qty", TradeQuantityNotText), *number};
 }
 
 TTimeOfDay Time(dom::element value) {
-  const std::string_view text = Text(value, "The time");
+  const auto text = Get<std::string_view>(value, TimeNotText);
   const auto time = Text::ParseTimeOfDay(text);
   if (!time)
-    Fail("The time \"" + std::string(text) + "\"", "is not a time of day");
+    Fail(TimeUnknown, text);
   return *time;
 }
 
@@ -185,21 +170,21 @@ TRecordedEvent Event(dom::object line) {
       event.Time = Time(value);
       hasTime = true;
     } else if (key == "s") {
-      event.Change.Symbol = Text(value, "The symbol");
+      event.Change.Symbol = Get<std::string_view>(value, SymbolNotText);
     } else if (key == "f") {
       ReadFields(value, event.Change);
     } else if (key == "state") {
-      event.Change.State = Integer(value, "The state");
+      event.Change.State = Integer(value, StateNotInteger);
     } else if (key == "status") {
-      event.Change.Status = Text(value, "The status");
+      event.Change.Status = Get<std::string_view>(value, StatusNotText);
     } else if (key == "trade") {
       event.Change.Trades.push_back(Trade(value));
     }
   }
   if (!hasTime)
-    Fail("The time", "is missing");
+    Fail(TimeMissing);
   if (event.Change.Symbol.empty())
-    Fail("The symbol", "is missing");
+    Fail(SymbolMissing);
   return event;
 }
 
@@ -217,15 +202,15 @@ TParsedLine TRecordingParser::Parse(std::string_view line) {
     dom::element root;
     const auto error = parser_->parse(line.data(), line.size(), false).get(root);
     if (error == simdjson::UTF8_ERROR)
-      Fail("The line", "is not valid UTF-8");
+      Fail(LineNotUtf8);
     if (error != simdjson::SUCCESS)
-      Fail("The line", "is not complete and correct JSON");
-    const dom::object object = Object(root, "The line");
+      Fail(LineNotJson);
+    const auto object = Get<dom::object>(root, LineNotObject);
     if (object["quorprice"].error() == simdjson::SUCCESS)
       return Header(object);
     return Event(object);
-  } catch (TParseError& error) {
-    return std::move(error);
+  } catch (Data::TProblem& problem) {
+    return std::move(problem);
   }
 }
 

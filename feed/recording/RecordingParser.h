@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Problem.h"
 #include "feed/recording/RecordedEvent.h"
 
 #include <memory>
@@ -11,12 +12,8 @@ class parser;
 
 namespace Feed {
 
-/// Why a line cannot be used, in one sentence.
-struct TParseError {
-  std::string Sentence;
-};
-
-using TParsedLine = std::variant<TReferenceData, TRecordedEvent, TParseError>;
+/// What a line says, or why it cannot be used.
+using TParsedLine = std::variant<TReferenceData, TRecordedEvent, Data::TProblem>;
 
 /// Decodes single lines of a recording. A line is used as a whole or not at all; members that are
 /// not known are ignored. Keeps its buffers from line to line; moveable, not copyable.

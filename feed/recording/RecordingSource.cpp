@@ -8,20 +8,23 @@ namespace Feed {
 
 namespace {
 
+using Data::TProblem;
+using enum Data::TProblemCode;
+
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 } // namespace
 
-std::string TRecordingSource::Open(const std::filesystem::path& path) {
+std::optional<Data::TProblem> TRecordingSource::Open(const std::filesystem::path& path) {
   std::error_code error;
   if (!std::filesystem::exists(path, error))
-    return "The file does not exist.";
+    return TProblem{FileMissing};
   if (!std::filesystem::is_regular_file(path, error))
-    return "This is not a file.";
+    return TProblem{NotAFile};
   size_ = std::filesystem::file_size(path, error);
   file_.open(path, std::ios::binary);
   if (error || !file_)
-    return "The file cannot be read.";
+    return TProblem{FileUnreadable};
   buffer_.assign(MaximumLine + TRecordingParser::Padding, '\0');
   return {};
 }
@@ -33,7 +36,7 @@ std::optional<TRecordingLine> TRecordingSource::Next() {
     auto text = NextText();
     if (!text) {
       SkipLongLine();
-      return TMalformedLine{place_.Lines, "The line is longer than 4 MiB."};
+      return TMalformedLine{place_.Lines, {LineTooLong}};
     }
     if (place_.Lines == 1 && text->starts_with(ByteOrderMark))
       text->remove_prefix(ByteOrderMark.size());
@@ -98,18 +101,18 @@ void TRecordingSource::Consume(std::size_t bytes) {
 
 TRecordingLine TRecordingSource::Judge(TParsedLine parsed) {
   const bool isFirst = !std::exchange(place_.HasContent, true);
-  if (auto* const error = std::get_if<TParseError>(&parsed))
-    return TMalformedLine{place_.Lines, std::move(error->Sentence)};
+  if (auto* const problem = std::get_if<TProblem>(&parsed))
+    return TMalformedLine{place_.Lines, std::move(*problem)};
   if (auto* const header = std::get_if<TReferenceData>(&parsed)) {
     if (!isFirst)
-      return TMalformedLine{place_.Lines, "A header may only be the first line."};
+      return TMalformedLine{place_.Lines, {HeaderNotFirst}};
     return std::move(*header);
   }
   auto& event = std::get<TRecordedEvent>(parsed);
   if (event.Time < place_.Time)
-    return TMalformedLine{place_.Lines, "The time goes back from " +
-                                            Text::TimeOfDayText(place_.Time) + " to " +
-                                            Text::TimeOfDayText(event.Time) + "."};
+    return TMalformedLine{
+        place_.Lines,
+        {TimeGoesBack, {Text::TimeOfDayText(place_.Time), Text::TimeOfDayText(event.Time)}}};
   place_.Time = event.Time;
   return std::move(event);
 }

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
 
 namespace Feed {
 
@@ -27,8 +28,8 @@ public:
     bool HasContent = false;  ///< there was a line before this place that is not blank
   };
 
-  /// Empty when the file could be opened; otherwise what is wrong, in one sentence.
-  std::string Open(const std::filesystem::path& path);
+  /// Empty when the file could be opened.
+  std::optional<Data::TProblem> Open(const std::filesystem::path& path);
 
   /// The next line; empty at the end of the file.
   std::optional<TRecordingLine> Next();

@@ -92,14 +92,19 @@ std::string TradeText(const Markettradesidedetector::TTrade& trade) {
                       Member("price", NumberText(trade.Price)), "}");
 }
 
+/// Empty when all went well with `file` so far.
+std::optional<Data::TProblem> UnlessGood(const std::ofstream& file, Data::TProblemCode code) {
+  return file ? std::nullopt : std::optional(Data::TProblem{code});
+}
+
 } // namespace
 
-std::string TRecordingWriter::Open(const std::filesystem::path& path,
-                                   const TReferenceData& header) {
+std::optional<Data::TProblem> TRecordingWriter::Open(const std::filesystem::path& path,
+                                                     const TReferenceData& header) {
   lastTime_ = {};
   file_ = std::ofstream(path, std::ios::binary | std::ios::trunc);
   file_ << HeaderText(header) << std::flush;
-  return file_ ? "" : "The file cannot be written.";
+  return UnlessGood(file_, Data::TProblemCode::FileUnwritable);
 }
 
 void TRecordingWriter::Write(TTimeOfDay time, const TRecordChange& change) {
@@ -122,15 +127,15 @@ void TRecordingWriter::Write(TTimeOfDay time, const TRecordChange& change) {
   file_ << "}\n";
 }
 
-std::string TRecordingWriter::Close() {
+std::optional<Data::TProblem> TRecordingWriter::Close() {
   file_.close();
-  return file_ ? "" : "The recording could not be written to the end.";
+  return UnlessGood(file_, Data::TProblemCode::RecordingIncomplete);
 }
 
-std::string WriteRecording(const TChangeStream& market, TTimeOfDay length,
+std::optional<Data::TProblem> WriteRecording(const TChangeStream& market, TTimeOfDay length,
                            const std::filesystem::path& path) {
   TRecordingWriter writer;
-  if (auto problem = writer.Open(path, market.Header); !problem.empty())
+  if (auto problem = writer.Open(path, market.Header))
     return problem;
   auto moment = market.Next();
   const TTimeOfDay end = moment ? moment->Time + length : TTimeOfDay{};

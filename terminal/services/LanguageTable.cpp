@@ -148,44 +148,9 @@ const TTextRow resourceTexts[] = {
     {"Term_SkippedLines", "已略過 %1 行", "已跳过 %1 行", "Lines skipped: %1"},
     {"Term_Speed", "速度", "速度", "Speed"},
 
-    // Files, by name. What is wrong with one is told in English where it is read or written, and
-    // that sentence is the key.
+    // Files, by name.
     {"Term_FileSentence", "%1：%2", "%1：%2", "%1: %2"},
     {"Term_Picture", "報價畫面的圖片：%1", "报价画面的图片：%1", "Picture of the view: %1"},
-    {"The file cannot be read.", "檔案無法讀取。", "文件无法读取。", "The file cannot be read."},
-    {"The file cannot be written.", "檔案無法寫入。", "文件无法写入。",
-     "The file cannot be written."},
-    {"The file does not exist.", "檔案不存在。", "文件不存在。", "The file does not exist."},
-    {"The recording could not be written to the end.", "錄製內容未能全部寫入。",
-     "录制内容未能全部写入。", "The recording could not be written to the end."},
-    {"This is not a file.", "這不是檔案。", "这不是文件。", "This is not a file."},
-    {"A header may only be the first line.", "檔頭只可以是第一行。", "文件头只能是第一行。",
-     "A header may only be the first line."},
-    {"The line is longer than 4 MiB.", "此行超過 4 MiB。", "该行超过 4 MiB。",
-     "The line is longer than 4 MiB."},
-    {"The line is not complete and correct JSON.", "此行並非完整正確的 JSON。",
-     "该行不是完整正确的 JSON。", "The line is not complete and correct JSON."},
-    {"The line is not valid UTF-8.", "此行並非有效的 UTF-8。", "该行不是有效的 UTF-8。",
-     "The line is not valid UTF-8."},
-    {"The symbol is missing.", "缺少股份代號。", "缺少股票代码。", "The symbol is missing."},
-    {"The time is missing.", "缺少時間。", "缺少时间。", "The time is missing."},
-
-    // The file of layouts and settings, %1: the name it was given, or why it is of no use, is %2.
-    {"Term_StoreDamaged", "%1 內的版面及設定已損壞，檔案已改名為 %2 保留，終端以預設值啟動。",
-     "%1 中的布局和设置已损坏，文件已更名为 %2 保留，终端以默认值启动。",
-     "The layouts and settings in %1 are damaged; the file is kept as %2 and the terminal starts "
-     "with its defaults."},
-    {"Term_StoreInUse", "另一個終端正在使用 %1，本終端只讀取其中的設定，不會儲存任何更改。",
-     "另一个终端正在使用 %1，本终端只读取其中的设置，不会保存任何更改。",
-     "%1 is in use by another terminal, so this one works with the settings stored there and keeps "
-     "no changes."},
-    {"Term_StoreNewer", "%1 由較新版本寫成，檔案已改名為 %2 保留，終端以預設值啟動。",
-     "%1 由较新版本写入，文件已更名为 %2 保留，终端以默认值启动。",
-     "%1 was written by a newer version; it is kept as %2 and the terminal starts with its "
-     "defaults."},
-    {"Term_StoreUnusable", "版面及設定不會保留：%1 無法寫入（%2）。",
-     "布局和设置不会保留：%1 无法写入（%2）。",
-     "Layouts and settings are not kept: %1 cannot be written (%2)."},
 
     // Order entry.
     {"Term_Buy", "買入", "买入", "Buy"},

@@ -11,18 +11,19 @@ std::unordered_map<std::string_view, const TTextRow*> Index(const TTextRow* rows
   return table;
 }
 
-std::string_view TextIn(const TTextRow& row, int language) {
-  switch (language) {
-  case Constdef::Language_TraditionalChinese:
-    return row.TraditionalChinese;
-  case Constdef::Language_SimplifiedChinese:
-    return row.SimplifiedChinese;
-  default:
-    return row.English;
-  }
-}
-
 } // namespace
+
+std::string Sentence(const Data::TProblem& problem, int language) {
+  const std::string_view text = problemTexts[static_cast<std::size_t>(problem.Code)].In(language);
+  std::string sentence;
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (text[i] != '%')
+      sentence += text[i];
+    else if (const auto part = static_cast<std::size_t>(text[++i] - '1');
+             part < problem.Parts.size())
+      sentence += problem.Parts[part];
+  return sentence;
+}
 
 TLanguageTexts::TLanguageTexts()
     : resources_(Index(resourceTexts)), currencies_(Index(currencyTexts)) {}
@@ -36,7 +37,7 @@ void TLanguageTexts::GetText(std::string& text, std::string_view tag, std::strin
   const auto& table = isResource ? resources_ : currencies_;
   const auto found = table.find(key);
   if (found != table.end() && !keysMode_)
-    text = TextIn(*found->second, language_);
+    text = found->second->In(language_);
   else if (isResource || keysMode_)
     text = key;
 }

@@ -12,10 +12,11 @@ TMarketPlayer::TMarketPlayer(QObject* parent) : QObject(parent) {
 
 TMarketPlayer::~TMarketPlayer() = default;
 
-QString TMarketPlayer::Open(const Feed::TSourceKind& kind, const Feed::TSourceOptions& options) {
+std::optional<Data::TProblem> TMarketPlayer::Open(const Feed::TSourceKind& kind,
+                                                  const Feed::TSourceOptions& options) {
   auto opened = kind.Open(options, [this] { Wake(); });
-  if (const auto* problem = std::get_if<std::string>(&opened))
-    return QString::fromStdString(*problem);
+  if (const auto* problem = std::get_if<Data::TProblem>(&opened))
+    return *problem;
   Close();
   reader_ = std::get<std::unique_ptr<Feed::TMarketReader>>(std::move(opened));
   if (delay_ > Text::TTimeOfDay{})

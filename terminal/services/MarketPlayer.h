@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace Terminal {
@@ -39,8 +40,9 @@ public:
   ~TMarketPlayer() override;
 
   /// Opens a source, paused at its first moment, in place of what was open. Empty when it could be
-  /// opened; otherwise what is wrong, in one sentence, and nothing has changed.
-  QString Open(const Feed::TSourceKind& kind, const Feed::TSourceOptions& options);
+  /// opened; otherwise nothing has changed.
+  std::optional<Data::TProblem> Open(const Feed::TSourceKind& kind,
+                                     const Feed::TSourceOptions& options);
   void Close();
   /// Of what is open; while closed, of what can do nothing.
   Feed::TSourceTraits Traits() const;

@@ -8,28 +8,27 @@ TMarketRecorder::TMarketRecorder(const TMarketPlayer& player, const TMarketFeed&
           [this](const auto& changes) { Write(player_.BatchTime(), changes); });
   connect(&player, &TMarketPlayer::Reset, this, [this] {
     if (IsRecording())
-      emit Ended(QString::fromStdString(Stop()));
+      emit Ended(Stop());
   });
 }
 
-std::string TMarketRecorder::Start(const std::string& file) {
+std::optional<Data::TProblem> TMarketRecorder::Start(const std::string& file) {
   file_ = file;
   auto writer = std::make_unique<Feed::TRecordingWriter>();
   const auto* index = player_.Index();
-  if (auto error = writer->Open(file, index ? index->Header : Data::TReferenceData());
-      !error.empty())
-    return error;
+  if (auto problem = writer->Open(file, index ? index->Header : Data::TReferenceData()))
+    return problem;
   writer_ = std::move(writer);
   Write(player_.BatchTime(), feed_.Present());
   return {};
 }
 
-std::string TMarketRecorder::Stop() {
+std::optional<Data::TProblem> TMarketRecorder::Stop() {
   if (!writer_)
     return {};
-  std::string error = writer_->Close();
+  auto problem = writer_->Close();
   writer_.reset();
-  return error;
+  return problem;
 }
 
 void TMarketRecorder::Write(Text::TTimeOfDay time,

@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <memory>
+#include <optional>
 
 namespace Terminal {
 
@@ -21,14 +22,14 @@ public:
   bool IsRecording() const { return writer_ != nullptr; }
   /// That is being recorded, or was last.
   const std::string& File() const { return file_; }
-  /// Empty when `file` is being written now; otherwise one sentence.
-  std::string Start(const std::string& file);
-  /// Empty when everything is in the file, or nothing was being recorded; otherwise one sentence.
-  std::string Stop();
+  /// Empty when `file` is being written now.
+  std::optional<Data::TProblem> Start(const std::string& file);
+  /// Empty when everything is in the file, or nothing was being recorded.
+  std::optional<Data::TProblem> Stop();
 
 signals:
-  /// The recording ended by itself; `error` is empty or one sentence.
-  void Ended(const QString& error);
+  /// The recording ended by itself, as by Stop.
+  void Ended(const std::optional<Data::TProblem>& problem);
 
 private:
   void Write(Text::TTimeOfDay time, const std::vector<Data::TRecordChange>& changes);

@@ -9,6 +9,8 @@ namespace Terminal {
 
 namespace {
 
+using enum Data::TProblemCode;
+
 /// Takes an option's value over; false when it is none of those that the option takes.
 using TTakeValue = std::function<bool(const std::string& value)>;
 
@@ -84,7 +86,8 @@ std::string SourceHelp() {
 
 } // namespace
 
-std::variant<TCommandLine, std::string> ParseCommandLine(const std::vector<std::string>& options) {
+std::variant<TCommandLine, Data::TProblem>
+ParseCommandLine(const std::vector<std::string>& options) {
   TCommandLine line;
   const auto known = OptionsInto(line);
   for (std::size_t i = 0; i < options.size(); ++i) {
@@ -94,12 +97,12 @@ std::variant<TCommandLine, std::string> ParseCommandLine(const std::vector<std::
     }
     const auto option = known.find(options[i]);
     if (option == known.end())
-      return "There is no option \"" + options[i] + "\"; --help lists those there are.";
+      return Data::TProblem{OptionUnknown, {options[i]}};
     if (i + 1 == options.size())
-      return "The option " + options[i] + " needs a value.";
+      return Data::TProblem{OptionWithoutValue, {options[i]}};
     const std::string& value = options[++i];
     if (!option->second(value))
-      return "The option " + option->first + " does not take the value \"" + value + "\".";
+      return Data::TProblem{OptionValueUnknown, {option->first, value}};
   }
   return line;
 }

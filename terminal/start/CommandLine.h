@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Problem.h"
 #include "feed/sources/Sources.h"
 
 #include <optional>
@@ -24,8 +25,9 @@ struct TCommandLine {
   bool Help = false;
 };
 
-/// The options after the program's name, or one sentence that says which of them is wrong.
-std::variant<TCommandLine, std::string> ParseCommandLine(const std::vector<std::string>& options);
+/// The options after the program's name, or which of them is wrong.
+std::variant<TCommandLine, Data::TProblem>
+ParseCommandLine(const std::vector<std::string>& options);
 
 /// The options and what they do, for a console.
 std::string CommandLineHelp();

@@ -53,7 +53,7 @@ QPixmap Picture(const THeadlessRun& run) {
 std::string SavePicture(const THeadlessRun& run, const QString& file) {
   if (Picture(run).save(file, "PNG"))
     return {};
-  return FileSentence(file, QStringLiteral("The file cannot be written.")).toStdString();
+  return FileSentence(file, Data::TProblem{Data::TProblemCode::FileUnwritable}).toStdString();
 }
 
 /// The grid that the view shows; null when it shows none.

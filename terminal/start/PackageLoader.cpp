@@ -7,30 +7,28 @@
 #include <elf.h>
 
 #include <cstring>
+#include <exception>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
 
 namespace Terminal {
 
 namespace {
 
+using Data::TProblem;
+using enum Data::TProblemCode;
+
 using TVersionFunction = int (*)();
 using TInitializeFunction = void (*)();
-
-/// What is wrong with a package, in one sentence.
-struct TLoadError : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
 
 /// The absolute path of the package's file, since a bare name would be searched for among the
 /// system's libraries.
 std::string PathOf(const std::string& file) {
   std::error_code ignored;
   if (!std::filesystem::exists(file, ignored))
-    throw TLoadError("There is no package " + file + ".");
+    throw TProblem{PackageMissing, {file}};
   if (!std::filesystem::is_regular_file(file, ignored))
-    throw TLoadError(file + " is not a package: it is not a file.");
+    throw TProblem{PackageNotAFile, {file}};
   return std::filesystem::absolute(file, ignored).string();
 }
 
@@ -43,14 +41,14 @@ void CheckComplete(const std::string& file) {
     return; // not a library at all, as dlopen says better
   const auto end = header.e_shoff + std::uint64_t{header.e_shnum} * header.e_shentsize;
   if (end > std::filesystem::file_size(file))
-    throw TLoadError(file + " is not a package: the file is incomplete.");
+    throw TProblem{PackageIncomplete, {file}};
 }
 
 /// `binding` is dlopen's.
 void* OpenLibrary(const std::string& file, int binding) {
   void* library = dlopen(PathOf(file).c_str(), binding | RTLD_LOCAL);
   if (!library)
-    throw TLoadError(file + " is not a package: it cannot be loaded (" + dlerror() + ").");
+    throw TProblem{PackageNotLoadable, {file, dlerror()}};
   return library;
 }
 
@@ -58,7 +56,7 @@ template <typename TFunction>
 TFunction FindFunction(void* library, const std::string& file, const char* name) {
   void* symbol = dlsym(library, name);
   if (!symbol)
-    throw TLoadError(file + " is not a package: it has no function " + name + ".");
+    throw TProblem{PackageWithoutFunction, {file, name}};
   return reinterpret_cast<TFunction>(symbol);
 }
 
@@ -66,19 +64,18 @@ void CheckVersion(void* library, const std::string& file) {
   const int version =
       FindFunction<TVersionFunction>(library, file, Constdef::PackageVersionSymbol)();
   if (version != Constdef::ContractVersion)
-    throw TLoadError("The package " + file + " was built for contract version " +
-                     std::to_string(version) + ", but this terminal has version " +
-                     std::to_string(Constdef::ContractVersion) + ".");
+    throw TProblem{PackageOfOtherVersion,
+                   {file, std::to_string(version), std::to_string(Constdef::ContractVersion)}};
 }
 
 std::unique_ptr<Baseview::TIBaseView> CreateDescriptor(const std::string& file) {
   const std::string className(Constdef::Class_QuorPrice);
   auto component = System::Classes::CreateRegistered(className, nullptr);
   if (!component)
-    throw TLoadError("The package " + file + " does not register the class " + className + ".");
+    throw TProblem{PackageWithoutClass, {file, className}};
   auto* descriptor = dynamic_cast<Baseview::TIBaseView*>(component.get());
   if (!descriptor)
-    throw TLoadError("The class " + className + " of the package " + file + " is not a view.");
+    throw TProblem{PackageClassNotAView, {file, className}};
   (void)component.release();
   return std::unique_ptr<Baseview::TIBaseView>(descriptor);
 }
@@ -107,13 +104,13 @@ TPackage::~TPackage() {
   finalize_();
 }
 
-std::variant<std::unique_ptr<TPackage>, std::string> LoadPackage(const std::string& file) {
+std::variant<std::unique_ptr<TPackage>, Data::TProblem> LoadPackage(const std::string& file) {
   try {
     return Load(file);
-  } catch (const TLoadError& error) {
-    return error.what();
+  } catch (TProblem& problem) {
+    return std::move(problem);
   } catch (const std::exception& error) {
-    return "The package " + file + " fails when it starts (" + error.what() + ").";
+    return TProblem{PackageFails, {file, error.what()}};
   }
 }
 

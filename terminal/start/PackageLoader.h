@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Problem.h"
 #include "host/view/BaseView.h"
 
 #include <memory>
@@ -27,9 +28,9 @@ private:
   TFinalize finalize_;
 };
 
-/// Loads the package `file` and creates its descriptor, or gives one sentence that says what is
-/// wrong and where. No C++ of a package with another contract version is called. The services of
-/// the host are installed before.
-std::variant<std::unique_ptr<TPackage>, std::string> LoadPackage(const std::string& file);
+/// Loads the package `file` and creates its descriptor, or says what is wrong and where. No C++ of
+/// a package with another contract version is called. The services of the host are installed
+/// before.
+std::variant<std::unique_ptr<TPackage>, Data::TProblem> LoadPackage(const std::string& file);
 
 } // namespace Terminal

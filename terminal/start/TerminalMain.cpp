@@ -13,7 +13,6 @@
 #include "terminal/trading/OrderDesk.h"
 #include "terminal/windows/MainWindow.h"
 #include "terminal/windows/SkippedLines.h"
-#include "terminal/windows/StoreSentence.h"
 #include "terminal/windows/TerminalStyle.h"
 #include "terminal/windows/WindowTexts.h"
 
@@ -41,6 +40,11 @@ constexpr const char* HeadlessPicture = "quorterminal.png";
 int Fail(const std::string& sentence, int status = StatusFailed) {
   std::cerr << sentence << std::endl;
   return status;
+}
+
+/// The console speaks English as long as no language is known to be chosen.
+std::string InEnglish(const Data::TProblem& problem) {
+  return Sentence(problem, Constdef::Language_English);
 }
 
 /// The platform without a display cannot do some of what windows ask of it, and need not.
@@ -102,15 +106,15 @@ int RunScript(TServices& services, Baseview::TIBaseView& descriptor, std::istrea
   return TScriptDriver(session, PageCommands()).Run(script, std::cout) ? 0 : StatusFailed;
 }
 
-std::string Record(const TCommandLine& line) {
+int Record(const TCommandLine& line) {
   const std::chrono::duration<double> length(line.Seconds.value_or(RecordedSeconds));
   const auto opened = line.Source->Read(line.SourceOptions);
-  if (const auto* problem = std::get_if<std::string>(&opened))
-    return line.Source->Asked(line.SourceOptions) + ": " + *problem;
-  const auto error =
+  if (const auto* problem = std::get_if<Data::TProblem>(&opened))
+    return Fail(line.Source->Asked(line.SourceOptions) + ": " + InEnglish(*problem));
+  const auto problem =
       Feed::WriteRecording(std::get<Feed::TChangeStream>(opened),
                            std::chrono::duration_cast<Text::TTimeOfDay>(length), *line.Record);
-  return error.empty() ? error : *line.Record + ": " + error;
+  return problem ? Fail(*line.Record + ": " + InEnglish(*problem)) : 0;
 }
 
 /// Linked views follow their own group only; views in no group follow what is broadcast.
@@ -123,8 +127,8 @@ void RestoreSettings(TServices& services, TSavedState& state) {
   services.Languages.SetLanguage(services.Settings.Language.Value());
   services.Skin.SelectPriceColours(services.Settings.PriceColours.Value());
   services.Skin.Select(services.Settings.Skin.Value());
-  if (const QString sentence = StoreSentence(state); !sentence.isEmpty())
-    std::cerr << sentence.toStdString() << std::endl;
+  if (const auto& problem = state.Problem())
+    std::cerr << ProblemText(*problem).toStdString() << std::endl;
 }
 
 int RunHeadless(TServices& services, Baseview::TIBaseView& descriptor, const TCommandLine& line) {
@@ -145,7 +149,7 @@ int RunHeadless(TServices& services, Baseview::TIBaseView& descriptor, const TCo
   });
   auto* view = views.Open(FirstLayout(services, line, symbol));
   if (!view)
-    return Fail("The package opens no view.");
+    return Fail(ProblemText({Data::TProblemCode::PackageOpensNoView}).toStdString());
   view->show();
   const double seconds = line.Seconds.value_or(line.Snapshot ? SnapshotSeconds : HeadlessSeconds);
   const std::chrono::milliseconds time(std::lround(seconds * 1000));
@@ -180,8 +184,8 @@ int RunWindow(TServices& services, Baseview::TIBaseView& descriptor, const TComm
 int Run(const TCommandLine& line, std::istream& script, bool hasDisplay) {
   TServices services;
   auto loaded = LoadPackage(PackageOf(line));
-  if (const auto* sentence = std::get_if<std::string>(&loaded))
-    return Fail(*sentence);
+  if (const auto* problem = std::get_if<Data::TProblem>(&loaded))
+    return Fail(InEnglish(*problem));
   auto& descriptor = std::get<std::unique_ptr<TPackage>>(loaded)->Descriptor();
   if (line.Script)
     return RunScript(services, descriptor, script);
@@ -208,7 +212,7 @@ void ChoosePlatform(const TCommandLine& line, bool hasDisplay) {
   if (!isSilent && hasDisplay)
     return;
   if (!isSilent)
-    std::cerr << "There is no display, so the terminal runs without windows." << std::endl;
+    std::cerr << InEnglish({Data::TProblemCode::NoDisplay}) << std::endl;
   qInstallMessageHandler(DropPlatformNoise);
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -218,19 +222,19 @@ void ChoosePlatform(const TCommandLine& line, bool hasDisplay) {
 
 int RunTerminal(int argc, char** argv) {
   const auto parsed = ParseCommandLine({argv + 1, argv + argc});
-  if (const auto* sentence = std::get_if<std::string>(&parsed))
-    return Fail(*sentence);
+  if (const auto* problem = std::get_if<Data::TProblem>(&parsed))
+    return Fail(InEnglish(*problem));
   const auto& line = std::get<TCommandLine>(parsed);
   if (line.Help) {
     std::cout << CommandLineHelp();
     return 0;
   }
   if (line.Record)
-    return StatusOf(Record(line));
+    return Record(line);
   std::ifstream file;
   if (line.Script &&
       !(*line.Script == "-" ? CanReadStandardInput() : OpenScript(*line.Script, file)))
-    return Fail("The script " + *line.Script + " cannot be read.", StatusNoScript);
+    return Fail(InEnglish({Data::TProblemCode::ScriptUnreadable, {*line.Script}}), StatusNoScript);
   const bool hasDisplay = HasDisplay();
   ChoosePlatform(line, hasDisplay);
   QApplication application(argc, argv);

@@ -16,6 +16,8 @@ namespace Terminal {
 
 namespace {
 
+using enum Data::TProblemCode;
+
 /// Of the tables and what they hold. A store without a version is of the first.
 constexpr int StoreVersion = 1;
 
@@ -83,7 +85,7 @@ QString TSavedState::DefaultFile() {
 QSqlDatabase TSavedState::Database() const { return QSqlDatabase::database(connection_, false); }
 
 void TSavedState::OpenToRead() {
-  status_ = TStoreStatus::InUse;
+  Tell(StoreInUse, {});
   auto database = Database();
   database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
   if (!database.open())
@@ -94,10 +96,10 @@ void TSavedState::OpenToKeep() {
   auto database = Database();
   if (!database.open())
     return Lose(database.lastError().text());
-  const TStoreStatus found = Examine();
-  if (found == TStoreStatus::Unusable)
+  const auto found = Examine();
+  if (found == StoreUnusable)
     return Lose(lastError_);
-  if (found != TStoreStatus::Kept && !SetAside(found))
+  if (found && !SetAside(*found))
     return;
   keeps_ = true;
   CreateTables();
@@ -105,37 +107,37 @@ void TSavedState::OpenToKeep() {
 
 // All of it is read: a page that a crash of the whole machine left torn must not be found when the
 // state is half restored. The file is a few pages long.
-TStoreStatus TSavedState::Examine() {
+std::optional<Data::TProblemCode> TSavedState::Examine() {
   QSqlQuery query(Database());
   const auto failure = [&] {
     lastError_ = query.lastError().text();
-    return IsDamage(query.lastError()) ? TStoreStatus::Damaged : TStoreStatus::Unusable;
+    return IsDamage(query.lastError()) ? StoreDamaged : StoreUnusable;
   };
   if (!query.exec(QStringLiteral("pragma user_version")) || !query.next())
     return failure();
   if (query.value(0).toInt() > StoreVersion)
-    return TStoreStatus::Newer;
+    return StoreNewer;
   if (!query.exec(QStringLiteral("pragma integrity_check(1)")) || !query.next())
     return failure();
-  return query.value(0).toString() == QStringLiteral("ok") ? TStoreStatus::Kept
-                                                           : TStoreStatus::Damaged;
+  if (query.value(0).toString() != QStringLiteral("ok"))
+    return StoreDamaged;
+  return {};
 }
 
 /// The database itself goes first: what is left of it after a kill is nothing that a new one
 /// would take for its own.
-bool TSavedState::SetAside(TStoreStatus reason) {
+bool TSavedState::SetAside(Data::TProblemCode reason) {
   auto database = Database();
   database.close();
-  const QString name = AsideName(file_, reason == TStoreStatus::Newer ? QStringLiteral("newer")
-                                                                      : QStringLiteral("damaged"));
+  const QString name =
+      AsideName(file_, reason == StoreNewer ? QStringLiteral("newer") : QStringLiteral("damaged"));
   if (QFile store(file_); !store.rename(name)) {
     Lose(store.errorString());
     return false;
   }
   for (const auto* part : {"-wal", "-shm"})
     QFile::rename(file_ + QLatin1String(part), name + QLatin1String(part));
-  status_ = reason;
-  detail_ = name;
+  Tell(reason, name);
   if (database.open())
     return true;
   Lose(database.lastError().text());
@@ -235,12 +237,15 @@ void TSavedState::StoreTogether(const std::function<bool()>& statements) {
   Lose(reason);
 }
 
+void TSavedState::Tell(Data::TProblemCode code, const QString& detail) {
+  problem_ = {code, {file_.toStdString(), detail.toStdString()}};
+}
+
 // The storing goes on, for a full disk may have room again.
 void TSavedState::Lose(const QString& reason) {
-  if (status_ == TStoreStatus::Unusable)
+  if (problem_ && problem_->Code == StoreUnusable)
     return;
-  status_ = TStoreStatus::Unusable;
-  detail_ = reason;
+  Tell(StoreUnusable, reason);
   if (OnLost)
     OnLost();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Problem.h"
 #include "terminal/store/FileLock.h"
 
 #include <QByteArray>
@@ -7,6 +8,7 @@
 #include <QVariant>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,15 +33,6 @@ struct TSavedLayout {
   QByteArray Docks;
 };
 
-/// What there is to say of the store.
-enum class TStoreStatus {
-  Kept,    ///< nothing: it is read, and changes are kept
-  InUse,   ///< another terminal keeps its changes there; what is stored is read, nothing is kept
-  Damaged, ///< it could not be read and was set aside; changes are kept in a new one
-  Newer,   ///< it is of a later version and was set aside; changes are kept in a new one
-  Unusable ///< it cannot be opened, or a change could not be written
-};
-
 /// What survives a run, and a crash: configuration, open views and the window's arrangement, in a
 /// database file of the user. What is stored together is in the file as a whole or not at all, at
 /// whatever moment the terminal is killed, and is there for good once the storing is done.
@@ -55,10 +48,10 @@ public:
   /// The file in the user's data folder.
   static QString DefaultFile();
 
-  TStoreStatus Status() const { return status_; }
   const QString& File() const { return file_; }
-  /// The name that a store set aside was given, or why it is unusable; otherwise empty.
-  const QString& Detail() const { return detail_; }
+  /// What there is to say of the store, one of Data::TProblemCode::Store...; empty when it is read
+  /// and changes are kept.
+  const std::optional<Data::TProblem>& Problem() const { return problem_; }
 
   /// Puts all stored values into `config` and stores those written from now on. The state
   /// outlives the writing.
@@ -75,20 +68,20 @@ private:
   QSqlDatabase Database() const;
   void OpenToRead();
   void OpenToKeep();
-  TStoreStatus Examine();
-  bool SetAside(TStoreStatus reason);
+  std::optional<Data::TProblemCode> Examine();
+  bool SetAside(Data::TProblemCode reason);
   void CreateTables();
   void StoreConfig(const std::vector<TConfigValue>& values);
   QSqlQuery Select(const QString& statement) const;
   bool Run(const QString& statement, const QVariantList& values = {});
   void StoreTogether(const std::function<bool()>& statements);
+  void Tell(Data::TProblemCode code, const QString& detail);
   void Lose(const QString& reason);
 
   QString file_;
   TFileLock lock_;
   QString connection_; ///< the toolkit's name of the open database
-  TStoreStatus status_ = TStoreStatus::Kept;
-  QString detail_;
+  std::optional<Data::TProblem> problem_;
   QString lastError_;
   bool keeps_ = false;
 };

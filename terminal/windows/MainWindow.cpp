@@ -30,9 +30,9 @@ TMainWindow::TMainWindow(const TParts& parts)
   ApplyFont(Settings());
   BuildMenu();
   BuildShortcuts();
-  connect(&recorder_, &TMarketRecorder::Ended, this, [this](const QString& error) {
+  connect(&recorder_, &TMarketRecorder::Ended, this, [this](const auto& problem) {
     ShowRecording();
-    WarnOf(QString::fromStdString(recorder_.File()), error);
+    WarnOf(QString::fromStdString(recorder_.File()), problem);
   });
   connect(&views_, &TViewHost::Opened, this, &TMainWindow::ShowView);
   connect(&views_, &TViewHost::Closing, this, [this](TViewPane* pane) {
@@ -173,16 +173,17 @@ QString TMainWindow::CaptionOfSender(System::TObject* sender) const {
 
 void TMainWindow::RecordOrStop() {
   QString file = QString::fromStdString(recorder_.File());
-  std::string error;
+  std::optional<Data::TProblem> problem;
   if (recorder_.IsRecording()) {
-    error = recorder_.Stop();
+    problem = recorder_.Stop();
   } else {
     file = QFileDialog::getSaveFileName(this, WindowText("Term_Record"),
                                         QStringLiteral("market.jsonl"), QStringLiteral("*.jsonl"));
-    error = file.isEmpty() ? std::string() : recorder_.Start(file.toStdString());
+    if (!file.isEmpty())
+      problem = recorder_.Start(file.toStdString());
   }
   ShowRecording();
-  WarnOf(file, QString::fromStdString(error));
+  WarnOf(file, problem);
 }
 
 void TMainWindow::ShowRecording() {
@@ -198,9 +199,9 @@ void TMainWindow::ShowTitle() {
                                  : name));
 }
 
-void TMainWindow::WarnOf(const QString& file, const QString& reason) {
-  if (!reason.isEmpty())
-    QMessageBox::warning(this, QStringLiteral("QuorPrice"), FileSentence(file, reason));
+void TMainWindow::WarnOf(const QString& file, const std::optional<Data::TProblem>& problem) {
+  if (problem)
+    QMessageBox::warning(this, QStringLiteral("QuorPrice"), FileSentence(file, problem));
 }
 
 void TMainWindow::OpenPreferences() {

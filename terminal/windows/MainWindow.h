@@ -88,8 +88,8 @@ private:
   void RecordOrStop();
   void ShowRecording();
   void ShowTitle();
-  /// Says what is wrong with a file; nothing when the reason is empty.
-  void WarnOf(const QString& file, const QString& reason);
+  /// Says what is wrong with a file, if anything is.
+  void WarnOf(const QString& file, const std::optional<Data::TProblem>& problem);
   void OpenPreferences();
   void SetLanguage(int language);
   void SetSkin(const QString& name);
@@ -104,7 +104,7 @@ private:
   void RestoreArrangement(const TSavedLayout& saved);
   void ArrangeDocks();
   void NameDocks();
-  void ShowStoreSentence();
+  void ShowStoreProblem();
 
   TParts parts_;
   TViewHost views_;

@@ -39,10 +39,10 @@ void TMainWindow::OpenSource(const Feed::TSourceKind& kind) {
       return;
     parts_.SourceOptions[kind.Options.front().Name] = QFile::encodeName(file).toStdString();
   }
-  const QString error = parts_.Player.Open(kind, parts_.SourceOptions);
-  if (error.isEmpty())
+  const auto problem = parts_.Player.Open(kind, parts_.SourceOptions);
+  if (!problem)
     parts_.Player.Play();
-  WarnOf(QString::fromStdString(kind.Asked(parts_.SourceOptions)), error);
+  WarnOf(QString::fromStdString(kind.Asked(parts_.SourceOptions)), problem);
 }
 
 // A view keeps to the feed type that it was opened with.

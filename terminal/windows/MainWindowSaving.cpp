@@ -4,7 +4,6 @@
 #include "host/LayoutData.h"
 #include "terminal/services/Services.h"
 #include "terminal/windows/CaptionBar.h"
-#include "terminal/windows/StoreSentence.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QCloseEvent>
@@ -30,8 +29,8 @@ void TMainWindow::FollowChanges() {
     FollowDock(tool.Dock);
   saveTimer_.setSingleShot(true);
   connect(&saveTimer_, &QTimer::timeout, this, &TMainWindow::Save);
-  parts_.State.OnLost = [this] { ShowStoreSentence(); };
-  ShowStoreSentence();
+  parts_.State.OnLost = [this] { ShowStoreProblem(); };
+  ShowStoreProblem();
 }
 
 void TMainWindow::FollowNoChanges() {
@@ -139,11 +138,11 @@ void TMainWindow::closeEvent(QCloseEvent* event) {
 }
 
 /// Below the views, where it stays until the user has read it.
-void TMainWindow::ShowStoreSentence() {
-  const QString sentence = StoreSentence(parts_.State);
-  if (sentence.isEmpty())
+void TMainWindow::ShowStoreProblem() {
+  const auto& problem = parts_.State.Problem();
+  if (!problem)
     return;
-  auto* text = new QLabel(sentence);
+  auto* text = new QLabel(ProblemText(*problem));
   text->setObjectName(QStringLiteral("storeSentence"));
   text->setWordWrap(true);
   text->setTextInteractionFlags(Qt::TextSelectableByMouse);

@@ -11,7 +11,7 @@ std::vector<std::string> SkippedLines(const Feed::TMarketIndex& index) {
     if (lines.size() < shown)
       lines.push_back(WindowText("Term_SkippedLine")
                           .arg(line.Number)
-                          .arg(WindowText(line.Sentence.c_str()))
+                          .arg(ProblemText(line.Problem))
                           .toStdString());
   if (index.MalformedCount > 0)
     lines.push_back(WindowText("Term_SkippedLines").arg(index.MalformedCount).toStdString());

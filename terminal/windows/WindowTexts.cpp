@@ -1,6 +1,7 @@
 #include "terminal/windows/WindowTexts.h"
 
 #include "host/BaseLanguageManager.h"
+#include "terminal/services/LanguageTexts.h"
 #include "terminal/services/MarketFeed.h"
 #include "terminal/services/Services.h"
 
@@ -37,10 +38,13 @@ QString SimulatedMark(const TMarketFeed& feed) {
   return feed.IsSimulated() ? MarketText(feed) : QString();
 }
 
-QString FileSentence(const QString& file, const QString& reason) {
-  return reason.isEmpty()
-             ? QString()
-             : WindowText("Term_FileSentence").arg(file, WindowText(reason.toStdString().c_str()));
+QString ProblemText(const Data::TProblem& problem) {
+  auto* languages = Baselanguagemanager::TCustomLanguageManager::GetInstance();
+  return QString::fromStdString(Sentence(problem, languages->CurrentLanguage()));
+}
+
+QString FileSentence(const QString& file, const std::optional<Data::TProblem>& problem) {
+  return problem ? WindowText("Term_FileSentence").arg(file, ProblemText(*problem)) : QString();
 }
 
 QString MarkedTitle(const QString& mark, const QString& title) {

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "data/Orders.h"
+#include "data/Problem.h"
 
 #include <QString>
+
+#include <optional>
 
 namespace Terminal {
 
@@ -22,9 +25,11 @@ QString InstrumentName(const TServices& services, const QString& symbol);
 /// A symbol and, where it has one, its name.
 QString InstrumentText(const TServices& services, const QString& symbol);
 
-/// What is wrong with a file, in one sentence that names it. `reason` is a language key, as the
-/// sentences are of those who read and write files; empty gives an empty sentence.
-QString FileSentence(const QString& file, const QString& reason);
+/// What is wrong, in one sentence of the terminal's current language.
+QString ProblemText(const Data::TProblem& problem);
+
+/// The same of a file, which the sentence names; empty when nothing is wrong.
+QString FileSentence(const QString& file, const std::optional<Data::TProblem>& problem);
 
 /// What stands wherever the market is shown that `feed` hands on: that it is invented, or else
 /// what its source is marked with.

@@ -70,7 +70,7 @@ int main(int argc, char** argv) {
   if (argc != 2)
     return 2;
   Terminal::TSavedState state(QString::fromLocal8Bit(argv[1]));
-  if (state.Status() != Terminal::TStoreStatus::Kept)
+  if (state.Problem())
     return 1;
   Terminal::TConfigStore config;
   state.Follow(config);
@@ -80,7 +80,7 @@ int main(int argc, char** argv) {
   std::fflush(stdout);
   const int found =
       std::max(std::atoi(Settings(config).c_str()), std::atoi(LayoutOf(layout).c_str()));
-  for (int number = found + 1; state.Status() == Terminal::TStoreStatus::Kept; ++number)
+  for (int number = found + 1; !state.Problem(); ++number)
     Store(state, config, number);
   return 1;
 }

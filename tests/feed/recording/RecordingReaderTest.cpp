@@ -63,7 +63,7 @@ public:
 private:
   static TRecordingSource Open(const TemporaryFile& file) {
     TRecordingSource source;
-    EXPECT_EQ(source.Open(file.Path()), "");
+    EXPECT_FALSE(source.Open(file.Path()));
     return source;
   }
   void Wake() {

@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 
 TRecordingSource OpenSource(const TemporaryFile& file) {
   TRecordingSource source;
-  EXPECT_EQ(source.Open(file.Path()), "");
+  EXPECT_FALSE(source.Open(file.Path()));
   return source;
 }
 
@@ -24,8 +24,10 @@ TRecordingIndex IndexOf(std::string_view content, std::uint64_t spacing = 4u << 
 }
 
 TEST(RecordingSource, SaysWhyAFileCannotBeOpened) {
-  EXPECT_EQ(TRecordingSource().Open("/nowhere/at/all.jsonl"), "The file does not exist.");
-  EXPECT_EQ(TRecordingSource().Open(std::filesystem::temp_directory_path()), "This is not a file.");
+  EXPECT_EQ(TRecordingSource().Open("/nowhere/at/all.jsonl"),
+            Data::TProblem{Data::TProblemCode::FileMissing});
+  EXPECT_EQ(TRecordingSource().Open(std::filesystem::temp_directory_path()),
+            Data::TProblem{Data::TProblemCode::NotAFile});
 }
 
 TEST(RecordingSource, GivesTheHeaderThenTheEvents) {
@@ -61,8 +63,9 @@ TEST(RecordingSource, SkipsAnEventThatGoesBackInTimeAndPlaysTheRest) {
   EXPECT_EQ(index.Events, 3u);
   ASSERT_EQ(index.Malformed.size(), 1u);
   EXPECT_EQ(index.Malformed[0].Number, 2u);
-  EXPECT_EQ(index.Malformed[0].Sentence,
-            "The time goes back from 10:00:02.000000 to 10:00:01.000000.");
+  const Data::TProblem goesBack{Data::TProblemCode::TimeGoesBack,
+                                {"10:00:02.000000", "10:00:01.000000"}};
+  EXPECT_EQ(index.Malformed[0].Problem, goesBack);
   EXPECT_EQ(index.Start, 10h + 2s);
   EXPECT_EQ(index.End, 10h + 3s);
 }
@@ -73,7 +76,7 @@ TEST(RecordingSource, AcceptsAHeaderInTheFirstLineOnly) {
   EXPECT_TRUE(index.Header.Simulated);
   ASSERT_EQ(index.Malformed.size(), 1u);
   EXPECT_EQ(index.Malformed[0].Number, 3u);
-  EXPECT_EQ(index.Malformed[0].Sentence, "A header may only be the first line.");
+  EXPECT_EQ(index.Malformed[0].Problem, Data::TProblem{Data::TProblemCode::HeaderNotFirst});
 }
 
 TEST(RecordingSource, SkipsALineTooLongToKeepAndFindsTheNext) {
@@ -84,7 +87,7 @@ TEST(RecordingSource, SkipsALineTooLongToKeepAndFindsTheNext) {
   ASSERT_EQ(index.Malformed.size(), 2u);
   EXPECT_EQ(index.Malformed[0].Number, 2u);
   EXPECT_EQ(index.Malformed[1].Number, 4u);
-  EXPECT_EQ(index.Malformed[0].Sentence, "The line is longer than 4 MiB.");
+  EXPECT_EQ(index.Malformed[0].Problem, Data::TProblem{Data::TProblemCode::LineTooLong});
 }
 
 TEST(RecordingSource, ReadsALineThatIsLongButNotTooLong) {

@@ -44,13 +44,13 @@ std::string ContentOf(const TemporaryFile& file) {
 TEST(RecordingWriter, WritesWhatReadsBackAsTheSame) {
   const TemporaryFile file;
   TRecordingWriter writer;
-  ASSERT_EQ(writer.Open(file.Path(), SomeHeader()), "");
+  ASSERT_FALSE(writer.Open(file.Path(), SomeHeader()));
   const TRecordChange change = SomeChange();
   writer.Write(10h + 15min + 7us, change);
-  ASSERT_EQ(writer.Close(), "");
+  ASSERT_FALSE(writer.Close());
 
   TRecordingSource source;
-  ASSERT_EQ(source.Open(file.Path()), "");
+  ASSERT_FALSE(source.Open(file.Path()));
   EXPECT_EQ(std::get<TReferenceData>(source.Next().value()), SomeHeader());
   const auto first = std::get<TRecordedEvent>(source.Next().value());
   const auto second = std::get<TRecordedEvent>(source.Next().value());
@@ -81,7 +81,7 @@ TEST(RecordingWriter, WritesOneObjectPerLine) {
                     std::nullopt,
                     {{Field::Nominal, "7.5"}, {Field::Status, std::nullopt}},
                     {}});
-  EXPECT_EQ(writer.Close(), "");
+  EXPECT_FALSE(writer.Close());
   EXPECT_EQ(ContentOf(file),
             "{\"quorprice\":1,\"spreads\":{},\"brokers\":[],\"instruments\":[]}\n"
             "{\"t\":\"09:00:00.000000\",\"s\":\"5\",\"f\":{\"3\":\"7.5\",\"5\":null}}\n");
@@ -100,7 +100,7 @@ TEST(RecordingWriter, KeepsTheOrderOfTimeAndLeavesOutNamelessChanges) {
   writer.Write(9h, change("b"));
   writer.Write(11h, change(""));
   writer.Write(11h, change("c"));
-  EXPECT_EQ(writer.Close(), "");
+  EXPECT_FALSE(writer.Close());
 
   TRecordingSource source;
   source.Open(file.Path());
@@ -115,16 +115,17 @@ TEST(RecordingWriter, KeepsTheOrderOfTimeAndLeavesOutNamelessChanges) {
 
 TEST(RecordingWriter, SaysWhenTheFileCannotBeWritten) {
   TRecordingWriter writer;
-  EXPECT_EQ(writer.Open("/nowhere/at/all.jsonl", {}), "The file cannot be written.");
+  EXPECT_EQ(writer.Open("/nowhere/at/all.jsonl", {}),
+            Data::TProblem{Data::TProblemCode::FileUnwritable});
 }
 
 TEST(RecordingWriter, SaysWhenALineDidNotReachTheFile) {
   if (!std::filesystem::exists("/dev/full"))
     GTEST_SKIP() << "no device that is always full";
   TRecordingWriter writer;
-  EXPECT_EQ(writer.Open("/dev/full", {}), "The file cannot be written.");
+  EXPECT_EQ(writer.Open("/dev/full", {}), Data::TProblem{Data::TProblemCode::FileUnwritable});
   writer.Write(9h, SomeChange());
-  EXPECT_EQ(writer.Close(), "The recording could not be written to the end.");
+  EXPECT_EQ(writer.Close(), Data::TProblem{Data::TProblemCode::RecordingIncomplete});
 }
 
 } // namespace

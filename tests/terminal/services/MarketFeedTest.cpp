@@ -42,7 +42,7 @@ protected:
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(lines);
     file.close();
-    ASSERT_EQ(Markets::Open(Player, file.fileName()), QString());
+    ASSERT_FALSE(Markets::Open(Player, file.fileName()));
   }
 
   const TRecord& Record() const { return *Services.Subscriptions.Find("700"); }
@@ -156,12 +156,12 @@ TEST_F(MarketFeed, RecordsTheMarketAsItStandsAndEveryChange) {
   Play(market);
   TMarketRecorder recorder(Player, Feed);
   Player.Step(6000);
-  ASSERT_EQ(recorder.Start(File("copy.jsonl").toStdString()), "");
+  ASSERT_FALSE(recorder.Start(File("copy.jsonl").toStdString()));
   Player.Step(4000);
-  ASSERT_EQ(recorder.Stop(), "");
+  ASSERT_FALSE(recorder.Stop());
   EXPECT_FALSE(recorder.IsRecording());
 
-  ASSERT_EQ(Markets::Open(Player, File("copy.jsonl")), QString());
+  ASSERT_FALSE(Markets::Open(Player, File("copy.jsonl")));
   Player.Step(0);
   EXPECT_EQ(Record().GetText(Field::BestBid), "5");
   EXPECT_EQ(Record().GetText(Field::BestAsk), "6");
@@ -176,7 +176,7 @@ TEST_F(MarketFeed, AJumpEndsTheRecording) {
   bool ended = false;
   QObject::connect(&recorder, &TMarketRecorder::Ended, [&] { ended = true; });
   Player.Step(0);
-  ASSERT_EQ(recorder.Start(File("copy.jsonl").toStdString()), "");
+  ASSERT_FALSE(recorder.Start(File("copy.jsonl").toStdString()));
   Player.Seek(Player.End());
   Player.Step(0);
   EXPECT_TRUE(ended);
@@ -189,11 +189,11 @@ constexpr auto start = 9h + 31min;
 TEST_F(MarketFeed, SimulationThatWasRecordedPlaysBackTheSameScreensAtAHundredInstants) {
   const auto file = File("day.jsonl");
   const auto day = Feed::DefaultSource().Read(Markets::Simulation(seed, start));
-  ASSERT_EQ(Feed::WriteRecording(std::get<Feed::TChangeStream>(day), 11s, file.toStdString()), "");
+  ASSERT_FALSE(Feed::WriteRecording(std::get<Feed::TChangeStream>(day), 11s, file.toStdString()));
   Markets::Simulate(Player, seed, start);
   Player.Step(0);
   const auto simulated = AHundredScreens();
-  ASSERT_EQ(Markets::Open(Player, file), QString());
+  ASSERT_FALSE(Markets::Open(Player, file));
   Player.Step(0);
   EXPECT_EQ(Player.Position(), 9h + 31min);
   const auto played = AHundredScreens();
@@ -208,10 +208,10 @@ TEST_F(MarketFeed, RecorderWritesTheSimulatedMarketAsItIsShown) {
   Player.Step(0);
   for (const auto& record : Feed.Present())
     Services.TradeSides.ReplaceTrades(record.Symbol, {}); // a recording begins without trades
-  ASSERT_EQ(recorder.Start(File("copy.jsonl").toStdString()), "");
+  ASSERT_FALSE(recorder.Start(File("copy.jsonl").toStdString()));
   const auto simulated = AHundredScreens();
-  ASSERT_EQ(recorder.Stop(), "");
-  ASSERT_EQ(Markets::Open(Player, File("copy.jsonl")), QString());
+  ASSERT_FALSE(recorder.Stop());
+  ASSERT_FALSE(Markets::Open(Player, File("copy.jsonl")));
   Player.Step(0);
   const auto played = AHundredScreens();
   for (std::size_t i = 0; i < simulated.size(); ++i)
@@ -392,7 +392,8 @@ TEST_F(MarketFeed, DeskForgetsTheOrdersWhenTheDayBeginsAnew) {
 
 TEST_F(MarketFeed, SaysWhyItCannotRecord) {
   TMarketRecorder recorder(Player, Feed);
-  EXPECT_EQ(recorder.Start("/nowhere/at/all.jsonl"), "The file cannot be written.");
+  EXPECT_EQ(recorder.Start("/nowhere/at/all.jsonl"),
+            Data::TProblem{Data::TProblemCode::FileUnwritable});
   EXPECT_EQ(recorder.File(), "/nowhere/at/all.jsonl");
   EXPECT_FALSE(recorder.IsRecording());
 }

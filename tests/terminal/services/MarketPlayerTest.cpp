@@ -76,9 +76,10 @@ TEST(MarketPlayer, IsClosedUntilOpened) {
 TEST(MarketPlayer, SaysWhyItCannotOpenAndKeepsWhatIsOpen) {
   const TemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
-  ASSERT_EQ(Markets::Open(player, PathOf(file)), "");
+  ASSERT_FALSE(Markets::Open(player, PathOf(file)));
   player.Step(0);
-  EXPECT_EQ(Markets::Open(player, "/nowhere/at/all.jsonl"), "The file does not exist.");
+  EXPECT_EQ(Markets::Open(player, "/nowhere/at/all.jsonl"),
+            Data::TProblem{Data::TProblemCode::FileMissing});
   EXPECT_EQ(player.Start(), 10h);
   EXPECT_EQ(player.End(), 10h + 3s);
   EXPECT_EQ(player.State(), TMarketPlayer::TState::Paused);
@@ -89,7 +90,7 @@ TEST(MarketPlayer, TellsHeaderThenResetThenTheFirstMoment) {
   TMarketPlayer player;
   Listener listener(player);
   QSignalSpy progress(&player, &TMarketPlayer::Progress);
-  ASSERT_EQ(Markets::Open(player, PathOf(file)), "");
+  ASSERT_FALSE(Markets::Open(player, PathOf(file)));
   EXPECT_EQ(player.State(), TMarketPlayer::TState::Indexing);
   ASSERT_TRUE(QTest::qWaitFor([&] { return !listener.Market.empty(); }));
   EXPECT_EQ(listener.Taken(), "header reset batch ");
@@ -215,7 +216,8 @@ TEST(MarketPlayer, ReportsTheLinesThatItSkipped) {
   ASSERT_NE(player.Index(), nullptr);
   EXPECT_EQ(player.Index()->MalformedCount, 1u);
   EXPECT_EQ(player.Index()->Malformed.at(0).Number, 3u);
-  EXPECT_EQ(player.Index()->Malformed.at(0).Sentence, "The line is not complete and correct JSON.");
+  EXPECT_EQ(player.Index()->Malformed.at(0).Problem,
+            Data::TProblem{Data::TProblemCode::LineNotJson});
   EXPECT_EQ(listener.Market["5"][1], "b");
 }
 

@@ -1,3 +1,5 @@
+#include "host/ConstDef.h"
+#include "terminal/services/LanguageTexts.h"
 #include "terminal/start/CommandLine.h"
 #include "terminal/start/PackageLoader.h"
 #include "tests/Paths.h"
@@ -17,9 +19,14 @@ TCommandLine Parsed(const std::vector<std::string>& options) {
   return std::get<TCommandLine>(line);
 }
 
-std::string Sentence(const std::vector<std::string>& options) {
-  const auto line = ParseCommandLine(options);
-  return std::holds_alternative<std::string>(line) ? std::get<std::string>(line) : "";
+/// What the console says when it cannot take `result`.
+template <typename TResult> std::string ErrorOf(const TResult& result) {
+  const auto* problem = std::get_if<Data::TProblem>(&result);
+  return problem ? Sentence(*problem, Constdef::Language_English) : "";
+}
+
+std::string OptionError(const std::vector<std::string>& options) {
+  return ErrorOf(ParseCommandLine(options));
 }
 
 TEST(CommandLine, TakesEveryOption) {
@@ -56,19 +63,19 @@ TEST(CommandLine, PlaysTheSimulatedMarketUnlessAnotherSourceIsAskedFor) {
 }
 
 TEST(CommandLine, SaysWhichOptionIsWrong) {
-  EXPECT_EQ(Sentence({"--fly"}), "There is no option \"--fly\"; --help lists those there are.");
-  EXPECT_EQ(Sentence({"--symbol"}), "The option --symbol needs a value.");
+  EXPECT_EQ(OptionError({"--fly"}), "There is no option \"--fly\"; --help lists those there are.");
+  EXPECT_EQ(OptionError({"--symbol"}), "The option --symbol needs a value.");
   for (const char* value : {"0", "-1", "fast", "1x", "inf", ""})
-    EXPECT_EQ(Sentence({"--speed", value}), std::string("The option --speed does not take the "
-                                                        "value \"") +
-                                                value + "\".");
+    EXPECT_EQ(OptionError({"--speed", value}), std::string("The option --speed does not take the "
+                                                           "value \"") +
+                                                   value + "\".");
   for (const char* time : {"08:59:59", "16:10:01", "ten", ""})
-    EXPECT_EQ(Sentence({"--start", time}), std::string("The option --start does not take the value "
+    EXPECT_EQ(OptionError({"--start", time}), std::string("The option --start does not take the value "
                                                        "\"") +
                                                time + "\".");
-  EXPECT_EQ(Sentence({"--seed", "-1"}), "The option --seed does not take the value \"-1\".");
-  EXPECT_EQ(Sentence({"--replay", ""}), "The option --replay does not take the value \"\".");
-  EXPECT_EQ(Sentence({"--mode", "7"}), "The option --mode does not take the value \"7\".");
+  EXPECT_EQ(OptionError({"--seed", "-1"}), "The option --seed does not take the value \"-1\".");
+  EXPECT_EQ(OptionError({"--replay", ""}), "The option --replay does not take the value \"\".");
+  EXPECT_EQ(OptionError({"--mode", "7"}), "The option --mode does not take the value \"7\".");
 }
 
 TEST(CommandLine, HelpNamesEveryOption) {
@@ -77,10 +84,7 @@ TEST(CommandLine, HelpNamesEveryOption) {
     EXPECT_NE(CommandLineHelp().find(option), std::string::npos) << option;
 }
 
-std::string LoadError(const std::string& file) {
-  auto loaded = LoadPackage(file);
-  return std::holds_alternative<std::string>(loaded) ? std::get<std::string>(loaded) : "";
-}
+std::string LoadError(const std::string& file) { return ErrorOf(LoadPackage(file)); }
 
 TEST(PackageLoader, SaysThatThereIsNoFile) {
   EXPECT_EQ(LoadError("/nowhere/price.so"), "There is no package /nowhere/price.so.");

@@ -1,8 +1,8 @@
 #include "terminal/store/SavedState.h"
 
+#include "host/ConstDef.h"
 #include "terminal/services/ConfigStore.h"
 #include "terminal/services/LanguageTexts.h"
-#include "terminal/windows/StoreSentence.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,15 +20,28 @@
 namespace Terminal {
 namespace {
 
+using enum Data::TProblemCode;
+
+/// The kind of problem; empty when everything is kept.
+std::optional<Data::TProblemCode> CodeOf(const TSavedState& state) {
+  return state.Problem() ? std::optional(state.Problem()->Code) : std::nullopt;
+}
+
+/// The name that a store set aside was given, or why it is unusable.
+QString DetailOf(const TSavedState& state) {
+  return QString::fromStdString(state.Problem().value().Parts.at(1));
+}
+
+std::string SentenceOf(const TSavedState& state) {
+  return Sentence(state.Problem().value(), Constdef::Language_English);
+}
+
 class SavedState : public testing::Test {
 protected:
-  SavedState() { Languages.Install(&Languages); }
-  ~SavedState() override { Languages.Install(nullptr); }
-
   /// Leaves a store of one value and two views, all of it in the database's own file.
   void LeaveAStore() const {
     TSavedState state(File);
-    ASSERT_EQ(state.Status(), TStoreStatus::Kept);
+    ASSERT_EQ(CodeOf(state), std::nullopt);
     TConfigStore config;
     state.Follow(config);
     config.WriteString("S", "kept", "騰", true);
@@ -64,7 +77,6 @@ protected:
 
   QTemporaryDir Folder;
   QString File = Folder.filePath(QStringLiteral("state.sqlite"));
-  TLanguageTexts Languages;
 };
 
 TEST_F(SavedState, KeepsConfigurationViewsAndWindowBeyondTheRun) {
@@ -80,7 +92,7 @@ TEST_F(SavedState, KeepsConfigurationViewsAndWindowBeyondTheRun) {
     state.StoreLayout({{{"Symbol=3", "B"}}, "geometry", "docks"});
   }
   const TSavedState state(File);
-  EXPECT_EQ(StoreSentence(state), QString());
+  EXPECT_EQ(CodeOf(state), std::nullopt);
   TConfigStore config;
   TSavedState(File).Follow(config); // in use: it reads all the same
   EXPECT_EQ(config.ReadString("S", "kept"), "騰");
@@ -102,10 +114,9 @@ TEST_F(SavedState, ALayoutThatCannotBeStoredAsAWholeLeavesTheFormerOne) {
   state.OnLost = [&] { ++lost; };
   state.StoreLayout({{{"Symbol=8", ""}, {"Symbol=9", ""}}, "other", "other docks"});
   EXPECT_EQ(lost, 1);
-  EXPECT_EQ(StoreSentence(state).toStdString(),
-            "Layouts and settings are not kept: " + File.toStdString() + " cannot be written (" +
-                state.Detail().toStdString() + ").");
-  EXPECT_TRUE(state.Detail().contains(QStringLiteral("no room")));
+  EXPECT_EQ(SentenceOf(state), "Layouts and settings are not kept: " + File.toStdString() +
+                                   " cannot be written (" + DetailOf(state).toStdString() + ").");
+  EXPECT_TRUE(DetailOf(state).contains(QStringLiteral("no room")));
   const TSavedLayout layout = state.Layout();
   ASSERT_EQ(layout.Views.size(), 2U);
   EXPECT_EQ(layout.Views[0].LayoutData, "Symbol=1");
@@ -137,10 +148,10 @@ TEST_F(SavedState, TheValuesOfOneUserActionAreStoredTogether) {
 
 TEST_F(SavedState, SaysWhyNothingIsKept) {
   const TSavedState state(QStringLiteral("/proc/none/state.sqlite"));
-  EXPECT_EQ(state.Status(), TStoreStatus::Unusable);
-  EXPECT_EQ(StoreSentence(state),
-            QStringLiteral("Layouts and settings are not kept: /proc/none/state.sqlite cannot be "
-                           "written (No such file or directory)."));
+  EXPECT_EQ(CodeOf(state), StoreUnusable);
+  EXPECT_EQ(SentenceOf(state),
+            "Layouts and settings are not kept: /proc/none/state.sqlite cannot be "
+            "written (No such file or directory).");
   EXPECT_TRUE(state.Layout().Views.empty());
 }
 
@@ -148,17 +159,17 @@ TEST_F(SavedState, ASecondOneReadsWhatIsStoredAndKeepsNothing) {
   LeaveAStore();
   const TSavedState first(File);
   TSavedState second(File);
-  EXPECT_EQ(second.Status(), TStoreStatus::InUse);
-  EXPECT_EQ(StoreSentence(second).toStdString(),
-            File.toStdString() + " is in use by another terminal, so this one works with the "
-                                 "settings stored there and keeps no changes.");
+  EXPECT_EQ(CodeOf(second), StoreInUse);
+  EXPECT_EQ(SentenceOf(second), File.toStdString() +
+                                    " is in use by another terminal, so this one works with the "
+                                    "settings stored there and keeps no changes.");
   TConfigStore config;
   second.Follow(config);
   EXPECT_EQ(config.ReadString("S", "kept"), "騰");
   EXPECT_EQ(second.Layout().Views.size(), 2U);
   config.WriteString("S", "kept", "other", true);
   second.StoreLayout({{{"Symbol=9", ""}}, "other", "other docks"});
-  EXPECT_EQ(second.Status(), TStoreStatus::InUse);
+  EXPECT_EQ(CodeOf(second), StoreInUse);
   EXPECT_EQ(first.Layout().Views.size(), 2U);
   EXPECT_EQ(first.Layout().Geometry, "geometry");
 }
@@ -178,10 +189,10 @@ TEST_F(SavedState, AKilledHolderDoesNotBlockTheNextStart) {
   char state = 0;
   ASSERT_EQ(read(ready[0], &state, 1), 1);
   EXPECT_EQ(state, 'h');
-  EXPECT_EQ(TSavedState(File).Status(), TStoreStatus::InUse);
+  EXPECT_EQ(CodeOf(TSavedState(File)), StoreInUse);
   ASSERT_EQ(kill(holder, SIGKILL), 0);
   ASSERT_EQ(waitpid(holder, nullptr, 0), holder);
-  EXPECT_EQ(TSavedState(File).Status(), TStoreStatus::Kept);
+  EXPECT_EQ(CodeOf(TSavedState(File)), std::nullopt);
   close(ready[0]);
   close(ready[1]);
 }
@@ -190,7 +201,7 @@ TEST_F(SavedState, AStoreOfAnEarlierTerminalIsTakenOver) {
   LeaveAStore();
   Execute("pragma user_version = 0");
   const TSavedState state(File);
-  EXPECT_EQ(state.Status(), TStoreStatus::Kept);
+  EXPECT_EQ(CodeOf(state), std::nullopt);
   EXPECT_EQ(state.Layout().Views.size(), 2U);
 }
 
@@ -199,16 +210,16 @@ TEST_F(SavedState, ANewerStoreIsSetAsideUntouched) {
   Execute("pragma user_version = 2");
   {
     TSavedState state(File);
-    EXPECT_EQ(state.Status(), TStoreStatus::Newer);
+    EXPECT_EQ(CodeOf(state), StoreNewer);
     ExpectEmptyAndKept(state);
     const QStringList aside = Aside("newer");
     ASSERT_EQ(aside.size(), 1);
-    EXPECT_EQ(state.Detail(), Folder.filePath(aside[0]));
-    EXPECT_EQ(StoreSentence(state).toStdString(),
+    EXPECT_EQ(DetailOf(state), Folder.filePath(aside[0]));
+    EXPECT_EQ(SentenceOf(state),
               File.toStdString() + " was written by a newer version; it is kept as " +
-                  state.Detail().toStdString() + " and the terminal starts with its defaults.");
+                  DetailOf(state).toStdString() + " and the terminal starts with its defaults.");
     state.StoreLayout({{{"Symbol=9", ""}}, "g", "d"});
-    File = state.Detail();
+    File = DetailOf(state);
   }
   Execute("pragma user_version = 1");
   EXPECT_EQ(TSavedState(File).Layout().Views.size(), 2U);
@@ -221,7 +232,7 @@ TEST_F(SavedState, EachOfTwoSetAsideInOneSecondHasItsOwnName) {
     file.write("This is no database, and it is longer than the head of one would have to be: it "
                "goes on and on.");
     file.close();
-    EXPECT_EQ(TSavedState(File).Status(), TStoreStatus::Damaged);
+    EXPECT_EQ(CodeOf(TSavedState(File)), StoreDamaged);
   }
   EXPECT_EQ(Aside("damaged").size(), 2);
 }
@@ -245,19 +256,19 @@ TEST_P(DamagedStore, IsSetAsideAndTheTerminalStartsWithDefaults) {
   }
   {
     TSavedState state(File);
-    ASSERT_EQ(state.Status(), TStoreStatus::Damaged);
+    ASSERT_EQ(CodeOf(state), StoreDamaged);
     ExpectEmptyAndKept(state);
-    EXPECT_EQ(StoreSentence(state).toStdString(),
-              "The layouts and settings in " + File.toStdString() +
-                  " are damaged; the file is kept as " + state.Detail().toStdString() +
-                  " and the terminal starts with its defaults.");
-    QFile aside(state.Detail());
+    EXPECT_EQ(SentenceOf(state), "The layouts and settings in " + File.toStdString() +
+                                     " are damaged; the file is kept as " +
+                                     DetailOf(state).toStdString() +
+                                     " and the terminal starts with its defaults.");
+    QFile aside(DetailOf(state));
     ASSERT_TRUE(aside.open(QIODevice::ReadOnly));
     EXPECT_EQ(aside.readAll(), damaged);
     state.StoreLayout({{{"Symbol=9", ""}}, "g", "d"});
   }
   const TSavedState next(File);
-  EXPECT_EQ(next.Status(), TStoreStatus::Kept);
+  EXPECT_EQ(CodeOf(next), std::nullopt);
   ASSERT_EQ(next.Layout().Views.size(), 1U);
   EXPECT_EQ(next.Layout().Views[0].LayoutData, "Symbol=9");
 }

@@ -31,7 +31,7 @@ protected:
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     file.write(line);
     file.close();
-    ASSERT_EQ(Markets::Open(Player, file.fileName()), QString());
+    ASSERT_FALSE(Markets::Open(Player, file.fileName()));
     Player.Step(0);
   }
 };

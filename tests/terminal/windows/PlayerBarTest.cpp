@@ -35,7 +35,7 @@ protected:
                "{\"s\":\"5\"}\n"
                "{\"t\":\"10:01:00\",\"s\":\"5\",\"f\":{\"3\":\"41\"}}\n");
     file.close();
-    ASSERT_EQ(Markets::Open(Player, file.fileName()), QString());
+    ASSERT_FALSE(Markets::Open(Player, file.fileName()));
     Player.Step(0);
   }
 

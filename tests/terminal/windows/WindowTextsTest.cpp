@@ -1,12 +1,8 @@
 #include "terminal/windows/WindowTexts.h"
 
-#include "feed/recording/RecordingParser.h"
-#include "feed/recording/RecordingWriter.h"
 #include "host/ConstDef.h"
 #include "terminal/Markets.h"
 #include "terminal/services/Services.h"
-
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -46,45 +42,27 @@ TEST(WindowTexts, NameAnInstrumentInTheLanguageOrInTheOneItHas) {
   EXPECT_EQ(names(), (QStringList{"700 测试科技", "5 银行", "18 HARBOUR"}));
 }
 
-/// Why a recording cannot be opened.
-QString ReasonOf(const QString& recording) {
-  TMarketPlayer player;
-  return Markets::Open(player, recording);
-}
-
 TEST(WindowTexts, SayWhichFileIsOfNoUseAndWhyInEveryLanguage) {
   TServices services;
   const auto file = QStringLiteral("/home/me/market.jsonl");
-  const QString reason = ReasonOf(file);
-  EXPECT_EQ(FileSentence(file, reason),
+  TMarketPlayer player;
+  const auto problem = Markets::Open(player, file);
+  EXPECT_EQ(FileSentence(file, problem),
             QStringLiteral("/home/me/market.jsonl: The file does not exist."));
   services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
-  EXPECT_EQ(FileSentence(file, reason), QStringLiteral("/home/me/market.jsonl：檔案不存在。"));
+  EXPECT_EQ(FileSentence(file, problem), QStringLiteral("/home/me/market.jsonl：檔案不存在。"));
   services.Languages.SetLanguage(Constdef::Language_SimplifiedChinese);
-  EXPECT_EQ(FileSentence(file, reason), QStringLiteral("/home/me/market.jsonl：文件不存在。"));
+  EXPECT_EQ(FileSentence(file, problem), QStringLiteral("/home/me/market.jsonl：文件不存在。"));
   EXPECT_EQ(FileSentence(file, {}), QString());
 }
 
-TEST(WindowTexts, KnowEveryReasonForWhichAFileIsOfNoUse) {
+TEST(WindowTexts, SayInTheCurrentLanguageWhatIsWrong) {
   TServices services;
-  services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
-  Feed::TRecordingWriter writer;
-  const QTemporaryDir folder;
-  std::vector<std::string> reasons{ReasonOf(QStringLiteral("/nowhere/at/all.jsonl")).toStdString(),
-                                   ReasonOf(folder.path()).toStdString(),
-                                   writer.Open("/nowhere/at/all.jsonl", {}), writer.Close()};
-  Feed::TRecordingParser parser;
-  for (std::string line : {"\xff", "{", R"({"s":"5"})", R"({"t":"10:00:00"})"}) {
-    const std::size_t length = line.size();
-    line.resize(length + Feed::TRecordingParser::Padding);
-    const auto parsed = parser.Parse(std::string_view(line).substr(0, length));
-    ASSERT_TRUE(std::holds_alternative<Feed::TParseError>(parsed)) << line;
-    reasons.push_back(std::get<Feed::TParseError>(parsed).Sentence);
-  }
-  for (const auto& reason : reasons) {
-    EXPECT_NE(reason, "");
-    EXPECT_NE(WindowText(reason.c_str()).toStdString(), reason) << "only in English";
-  }
+  const Data::TProblem problem{Data::TProblemCode::OptionValueUnknown, {"--mode", "7"}};
+  EXPECT_EQ(ProblemText(problem),
+            QStringLiteral("The option --mode does not take the value \"7\"."));
+  services.Languages.SetLanguage(Constdef::Language_SimplifiedChinese);
+  EXPECT_EQ(ProblemText(problem), QStringLiteral("选项 --mode 不接受“7”。"));
 }
 
 TEST(WindowTexts, PutAMarkFirstInATitle) {
