@@ -1,8 +1,9 @@
 #include "feed/recording/RecordingParser.h"
 
+#include "text/Numbers.h"
+
 #include <simdjson.h>
 
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -35,14 +36,6 @@ int Integer(dom::element value, Data::TProblemCode otherwise) {
   if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
     Fail(otherwise);
   return static_cast<int>(number);
-}
-
-template <typename TNumber> std::optional<TNumber> WholeText(std::string_view text) {
-  TNumber number{};
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size())
-    return std::nullopt;
-  return number;
 }
 
 /// The text of an optional member; empty when the object has none.
@@ -133,7 +126,7 @@ void ReadFields(dom::element value, TRecordChange& change) {
   const auto fields = Get<dom::object>(value, MemberNotObject, "f");
   change.Fields.reserve(fields.size());
   for (const auto [key, text] : fields) {
-    const auto number = WholeText<int>(key);
+    const auto number = Text::ParseWhole<int>(key);
     if (!number || *number < 0)
       Fail(FieldNumberUnknown, key);
     if (text.is_null())
@@ -146,7 +139,7 @@ void ReadFields(dom::element value, TRecordChange& change) {
 Markettradesidedetector::TTrade Trade(dom::element value) {
   const auto object = Get<dom::object>(value, TradeNotObject);
   const std::string price = RequiredText(object, "price", TradePriceNotText, TradePriceMissing);
-  const auto number = WholeText<double>(price);
+  const auto number = Text::ParseWhole<double>(price);
   if (!number || !std::isfinite(*number))
     Fail(TradePriceNotNumber, price);
   return {OptionalText(object, "time", TradeTimeNotText),
