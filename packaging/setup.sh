@@ -31,14 +31,21 @@ install_packages() {
     apt-get install -q -y --no-install-recommends "${missing[@]}" >&2
 }
 
-# build PRESET [TARGET...]: configures once, then builds; one at a time per checkout.
+# configure PRESET: where that was not done since the presets last changed.
+configure() {
+  local folder=$root/build/$1
+  [ "$folder/build.ninja" -nt "$root/CMakePresets.json" ] ||
+    (cd "$root" && cmake --preset "$1") >&2
+}
+
+# build PRESET [TARGET...]: configures, then builds; one at a time per checkout.
 build() {
   local preset=$1 folder=$root/build/$1
   shift
   mkdir -p "$folder"
   exec 9>"$folder/.lock"
   flock 9
-  [ -e "$folder/build.ninja" ] || (cd "$root" && cmake --preset "$preset") >&2
+  configure "$preset"
   cmake --build "$folder" ${1:+--target "$@"} >&2
   exec 9>&-
 }
