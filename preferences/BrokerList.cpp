@@ -1,6 +1,7 @@
 #include "preferences/BrokerList.h"
 
 #include "platform/ColourText.h"
+#include "text/Strings.h"
 
 #include <QByteArrayList>
 
@@ -18,10 +19,11 @@ QByteArrayList Split(const std::string& text) {
 TStoredBrokers StoreBrokers(const std::vector<TBrokerRow>& rows) {
   QByteArrayList ids, colours;
   for (const auto& row : rows) {
-    const auto id = QByteArray::fromStdString(row.ID.value_or(std::string())).trimmed();
-    if (id.isEmpty())
+    const std::string typed = row.ID.value_or(std::string());
+    const std::string_view id = Text::Trim(typed);
+    if (id.empty())
       continue;
-    ids << id;
+    ids << QByteArray(id.data(), static_cast<qsizetype>(id.size()));
     colours << QByteArray::fromStdString(row.Colour ? Platform::ColourText(*row.Colour) : "");
   }
   return {ids.join(',').toStdString(), colours.join(',').toStdString()};

@@ -28,6 +28,8 @@ TEST(TStoreBrokersTest, NoRowsAreTwoEmptyTexts) {
 
 TEST(TStoreBrokersTest, IDsAreTrimmedAtTheirEndsOnly) {
   EXPECT_EQ(StoreBrokers({{"  12 34 ", Red}, {" 滙豐 ", Blue}}).IDs, "12 34,滙豐");
+  // As the view reads them, which counts every character up to the space as a blank.
+  EXPECT_EQ(StoreBrokers({{"\x03 1234\x1F", Red}}).IDs, "1234");
 }
 
 TEST(TStoreBrokersTest, RowsWithoutColourLeaveEmptyEntries) {
