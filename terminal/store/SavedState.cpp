@@ -23,6 +23,7 @@ constexpr int StoreVersion = 1;
 
 // The database's own numbers, without the detail in their upper bits.
 constexpr int ErrorBits = 0xFF;
+constexpr int ErrorOther = 1; ///< of a store that is examined, such as a format that is not known
 constexpr int ErrorCorrupt = 11;
 constexpr int ErrorNotADatabase = 26;
 
@@ -38,7 +39,7 @@ QString LockOf(const QString& file) {
 
 bool IsDamage(const QSqlError& error) {
   const int code = error.nativeErrorCode().toInt() & ErrorBits;
-  return code == ErrorCorrupt || code == ErrorNotADatabase;
+  return code == ErrorOther || code == ErrorCorrupt || code == ErrorNotADatabase;
 }
 
 /// A name beside `file` that nothing has.

@@ -289,6 +289,8 @@ INSTANTIATE_TEST_SUITE_P(
         TDamage{"CutInsideItsLastPage",
                 [](const QString& file) { QFile::resize(file, QFile(file).size() - 100); }},
         TDamage{"OtherHead", [](const QString& file) { Overwrite(file, 0, "Not SQLite at all"); }},
+        TDamage{"UnknownFormatOfItsSchema",
+                [](const QString& file) { Overwrite(file, 44, QByteArray(4, '\xA5')); }},
         TDamage{"GarbageInASchemaPage",
                 [](const QString& file) { Overwrite(file, 100, QByteArray(500, '\xA5')); }},
         TDamage{"GarbageInATablePage",
