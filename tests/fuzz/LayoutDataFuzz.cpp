@@ -2,14 +2,12 @@
 // std::invalid_argument, and what it then writes it reads back unchanged.
 
 #include "fakes/ViewFakes.h"
+#include "fuzz/Fuzz.h"
 #include "host/LayoutData.h"
 #include "view/QuorPriceView.h"
 
 #include <QApplication>
 
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <stdexcept>
 
 namespace {
@@ -26,12 +24,14 @@ struct TFuzzedView {
   std::unique_ptr<Quorpriceview::TQuorPriceFrame> frame;
 };
 
-[[noreturn]] void Fail(const char* what, const std::string& first, const std::string& second) {
-  std::fprintf(stderr, "%s: <%s> and <%s>\n", what, first.c_str(), second.c_str());
-  std::abort();
+} // namespace
+
+void Fuzz::Start(int& argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  new QApplication(argc, argv);
 }
 
-void Check(const std::string& text) {
+void Fuzz::Check(const std::string& text) {
   // A new view now and then, so that what one text leaves does not hide what another does. The last
   // one and the application go before the statics that views rely on.
   static auto& view = *new std::unique_ptr<TFuzzedView>;
@@ -52,23 +52,10 @@ void Check(const std::string& text) {
     // Refused; the view goes on with what it took before.
   }
   const std::string written = frame.GetLayoutData();
-  if (const auto read = Host::TLayoutData(written).CommaText(); read != written)
-    Fail("The written text does not read as itself", written, read);
+  const std::string read = Host::TLayoutData(written).CommaText();
+  Expect(read == written, "The written text does not read as itself", written, read);
   frame.SetLayoutData(written);
-  if (const auto again = frame.GetLayoutData(); again != written)
-    Fail("The view does not come back to what it wrote", written, again);
+  const std::string again = frame.GetLayoutData();
+  Expect(again == written, "The view does not come back to what it wrote", written, again);
   view->host.viewHost.notifications.clear();
-}
-
-} // namespace
-
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  new QApplication(*argc, *argv);
-  return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Check({reinterpret_cast<const char*>(data), size});
-  return 0;
 }
