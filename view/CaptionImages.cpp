@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <iterator>
+
 namespace Quorpriceview {
 
 namespace {
@@ -63,46 +65,33 @@ void DrawKeys(QPainter& painter) {
 }
 
 /// What is struck out is what a click hides.
-void DrawStroke(QPainter& painter) { painter.drawLine(QPointF(2, 14), QPointF(14, 2)); }
-
-void DrawImage(QPainter& painter, int image) {
-  switch (image) {
-  case imLess:
-    return DrawChevron(painter, true);
-  case imMore:
-    return DrawChevron(painter, false);
-  case im5Levels:
-    return DrawLevels(painter, 5);
-  case im10Levels:
-    return DrawLevels(painter, 10);
-  case imLock:
-    return DrawLock(painter, false);
-  case imUnlock:
-    return DrawLock(painter, true);
-  case imChart:
-    return DrawChart(painter);
-  case imRefresh:
-    return DrawRefresh(painter);
-  case imHideBrokerQueue:
-    DrawQueue(painter);
-    return DrawStroke(painter);
-  case imShowBrokerQueue:
-    return DrawQueue(painter);
-  case imHideQty:
-    DrawKeys(painter);
-    return DrawStroke(painter);
-  case imShowQty:
-    return DrawKeys(painter);
-  default:
-    return;
-  }
+void DrawStruckOut(QPainter& painter, void (*draw)(QPainter&)) {
+  draw(painter);
+  painter.drawLine(QPointF(2, 14), QPointF(14, 2));
 }
+
+/// In the order of TCaptionImage.
+constexpr void (*Drawings[])(QPainter&) = {
+    [](QPainter& painter) { DrawChevron(painter, true); },
+    [](QPainter& painter) { DrawChevron(painter, false); },
+    [](QPainter& painter) { DrawLevels(painter, 5); },
+    [](QPainter& painter) { DrawLevels(painter, 10); },
+    [](QPainter& painter) { DrawLock(painter, false); },
+    [](QPainter& painter) { DrawLock(painter, true); },
+    DrawChart,
+    DrawRefresh,
+    [](QPainter& painter) { DrawStruckOut(painter, DrawQueue); },
+    DrawQueue,
+    [](QPainter& painter) { DrawStruckOut(painter, DrawKeys); },
+    DrawKeys,
+};
+static_assert(std::size(Drawings) == imShowQty + 1);
 
 } // namespace
 
 void AddCaptionImages(Platform::TcxImageList& images) {
-  for (int image = 0; image < CaptionImageCount; ++image)
-    images.Add(Platform::DrawnIcon([image](QPainter& painter) { DrawImage(painter, image); }));
+  for (const auto draw : Drawings)
+    images.Add(Platform::DrawnIcon(draw));
 }
 
 } // namespace Quorpriceview

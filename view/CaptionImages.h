@@ -21,9 +21,8 @@ enum TCaptionImage {
   imHideQty,
   imShowQty,
 };
-inline constexpr int CaptionImageCount = 12;
 
-/// Appends the twelve images, in the order above. They are drawn at the size asked for, in the
+/// Appends the twelve images, in that order. They are drawn at the size asked for, in the
 /// colour of the palette's button text, so that they are sharp on any skin and at any scale.
 void AddCaptionImages(Platform::TcxImageList& images);
 
