@@ -25,7 +25,8 @@ TQuorDetailFrame::TQuorDetailFrame() {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(PriceGrid);
 
-  Initialize();
+  PriceGridView->CreateColumn(DetailColumn::Label, ColumnWidth, false);
+  PriceGridView->CreateColumn(DetailColumn::Value, ColumnWidth, true);
   auto control = std::make_unique<TCustomQuorDetailDataControl>(nullptr);
   detailControl_ = control.get();
   dataSource_ = std::make_unique<Griddatasource::TCustomGridDataSource>(std::move(control));
@@ -33,14 +34,6 @@ TQuorDetailFrame::TQuorDetailFrame() {
 }
 
 TQuorDetailFrame::~TQuorDetailFrame() { PriceGridView->SetDataSource(nullptr); }
-
-void TQuorDetailFrame::Initialize() {
-  PriceGridView->BeginUpdate();
-  PriceGridView->ClearColumns();
-  PriceGridView->CreateColumn(DetailColumn::Label, ColumnWidth, false);
-  PriceGridView->CreateColumn(DetailColumn::Value, ColumnWidth, true);
-  PriceGridView->EndUpdate();
-}
 
 void TQuorDetailFrame::SetSymbol(const std::string& symbol) {
   symbol_ = symbol;

@@ -22,8 +22,6 @@ public:
   void SetLanguage(int language);
 
 private:
-  void Initialize();
-
   Platform::TcxGrid* PriceGrid;
   Platform::TcxGridTableView* PriceGridView;
   std::unique_ptr<Griddatasource::TCustomGridDataSource> dataSource_;
