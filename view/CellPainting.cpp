@@ -3,11 +3,15 @@
 #include "host/ConstDef.h"
 #include "platform/GridCell.h"
 
+#include <cmath>
+
 namespace Quorpriceview {
 
 using namespace Quorpricedatacontrol;
 
 namespace {
+
+constexpr double ValueRowGrowth = 1.5; // of the data row height
 
 struct TSideColours {
   System::TColor Background;
@@ -37,15 +41,17 @@ void DrawBestPrice(TCellStyle& style, TDepthColumn::TFigure kind) {
     style.DrawFlags |= Platform::DT_CENTER;
 }
 
+void StyleSideCell(TCellStyle& style, const TSideColours& side, bool isLabel) {
+  style.Brush = isLabel ? side.Label : side.Background;
+  if (!isLabel)
+    style.Font = side.Text;
+}
+
 void StyleDepthCell(TCellStyle& style, TQuorMode mode, const TSideColours& side, int row,
                     TDepthColumn::TFigure kind) {
   const TDepthRows rows = DepthRowsOf(mode);
-  if (row == rows.PriceStep) {
-    style.Brush = side.Label;
-  } else if (row >= rows.BestPrice) {
-    style.Brush = side.Background;
-    style.Font = side.Text;
-  }
+  if (row >= rows.BestPrice)
+    StyleSideCell(style, side, row == rows.PriceStep);
   if (row != rows.BestPrice)
     return;
   if (mode == qm10Simple)
@@ -101,13 +107,7 @@ TCellStyle PerclickPriceCellStyle(bool hasControl, const TColourTable& colours, 
   const auto depth = DepthColumnOf(column);
   if (!depth || !hasControl)
     return style;
-  const auto sideColours = ColoursOf(colours, depth->Side);
-  if (row == BestPriceRow::Step) {
-    style.Brush = sideColours.Label;
-  } else {
-    style.Brush = sideColours.Background;
-    style.Font = sideColours.Text;
-  }
+  StyleSideCell(style, ColoursOf(colours, depth->Side), row == BestPriceRow::Step);
   if (row == BestPriceRow::Price)
     DrawBestPrice(style, depth->Figure);
   return style;
@@ -128,6 +128,12 @@ TCellStyle PerclickInfoCellStyle(bool hasControl, const TColourTable& colours, i
 
 bool IsPerclickInfoValueRow(int row) {
   return row == InfoRow::UpperValue || row == InfoRow::LowerValue;
+}
+
+int PerclickInfoRowHeight(int row, int dataRowHeight) {
+  if (!IsPerclickInfoValueRow(row))
+    return dataRowHeight;
+  return static_cast<int>(std::nearbyint(ValueRowGrowth * dataRowHeight));
 }
 
 } // namespace Quorpriceview

@@ -2,22 +2,23 @@
 
 #include "host/System.h"
 #include "model/QuorPriceDataControl.h"
-#include "view/BrokerColours.h"
+#include "view/BrokerHighlight.h"
 
 #include <optional>
 
 namespace Quorpriceview {
 
-/// The colours of the skin that the view paints with.
+/// The colours of the skin that the view paints with. None has a default, so that the compiler
+/// tells of one that is forgotten.
 struct TColourTable {
-  System::TColor LabelBackground = 0;
-  System::TColor LabelInvalidBackground = 0;
-  System::TColor BidBackground = 0;
-  System::TColor BidText = 0;
-  System::TColor BidLabelColor = 0;
-  System::TColor AskBackground = 0;
-  System::TColor AskText = 0;
-  System::TColor AskLabelColor = 0;
+  System::TColor LabelBackground;
+  System::TColor LabelInvalidBackground;
+  System::TColor BidBackground;
+  System::TColor BidText;
+  System::TColor BidLabelColor;
+  System::TColor AskBackground;
+  System::TColor AskText;
+  System::TColor AskLabelColor;
 };
 
 /// How much larger than the frame's font, in points.
@@ -50,7 +51,10 @@ TCellStyle PerclickPriceCellStyle(bool hasControl, const TColourTable& colours, 
 /// A cell of the per-click info grid.
 TCellStyle PerclickInfoCellStyle(bool hasControl, const TColourTable& colours, int row);
 
-/// Whether a row of the per-click info grid holds values, which take half as much height again.
+/// Whether a row of the per-click info grid holds values.
 bool IsPerclickInfoValueRow(int row);
+
+/// Height of a row of the per-click info grid: values take half as much again, halves to even.
+int PerclickInfoRowHeight(int row, int dataRowHeight);
 
 } // namespace Quorpriceview

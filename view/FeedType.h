@@ -5,17 +5,13 @@
 
 namespace Quorpriceview {
 
-inline bool HasVendorModel() {
-  return Basevendorddsmodel::TCustomVendorDDSModel::GetInstance() != nullptr;
-}
-
-/// Whether the vendor data-feed model exists and reports this feed type.
-inline bool IsFeedType(int type) {
+/// Constdef::FeedType_... of the vendor's data feed; streaming when the host has no model of it.
+inline int FeedType() {
   auto* model = Basevendorddsmodel::TCustomVendorDDSModel::GetInstance();
-  return model && model->FeedType() == type;
+  return model ? model->FeedType() : Constdef::FeedType_Streaming;
 }
 
-inline bool IsPerclickFeed() { return IsFeedType(Constdef::FeedType_PerClick); }
-inline bool IsDelayedFeed() { return IsFeedType(Constdef::FeedType_Delayed); }
+inline bool IsPerclickFeed() { return FeedType() == Constdef::FeedType_PerClick; }
+inline bool IsDelayedFeed() { return FeedType() == Constdef::FeedType_Delayed; }
 
 } // namespace Quorpriceview

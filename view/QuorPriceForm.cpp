@@ -1,6 +1,5 @@
 #include "view/QuorPriceForm.h"
 
-#include "host/ConstDef.h"
 #include "view/CaptionImages.h"
 
 #include <QVBoxLayout>
@@ -12,32 +11,27 @@ using namespace Platform;
 
 namespace {
 
-constexpr int DesignWidth = 614;
-constexpr int DesignHeight = 646;
+constexpr QSize DesignSize(614, 646);
 constexpr int SymbolMinimumWidth = 200;
 constexpr int ComboWidth = 100;
 constexpr QSize SwatchSize(20, 17);
 constexpr QSize QtyButtonSize(65, 25);
 constexpr int HintFontSize = 8;
 
-template <typename TControl> TControl* Named(const char* name, TControl* control) {
-  control->setObjectName(QLatin1String(name));
+template <typename TControl> TControl* Named(const QString& name, TControl* control) {
+  control->setObjectName(name);
   return control;
-}
-
-TcxLabel* NewLabel(const char* name, const char* text = "") {
-  return Named(name, new TcxLabel(QLatin1String(text)));
-}
-
-TcxLabel* NewSwatch(const char* name) {
-  auto* swatch = NewLabel(name);
-  swatch->setFixedSize(SwatchSize);
-  return swatch;
 }
 
 /// A box of symbols. A wheel that passes over it must not change the view's symbol, so it takes the
 /// wheel only while it has the focus.
 class TSymbolCombo : public TcxComboBox {
+public:
+  TSymbolCombo() {
+    setFixedWidth(ComboWidth);
+    setFocusPolicy(Qt::StrongFocus);
+  }
+
 protected:
   void wheelEvent(QWheelEvent* event) override {
     if (hasFocus())
@@ -47,30 +41,39 @@ protected:
   }
 };
 
-TcxComboBox* NewCombo(const char* name) {
-  TcxComboBox* combo = Named(name, new TSymbolCombo);
-  combo->setFixedWidth(ComboWidth);
-  combo->setFocusPolicy(Qt::StrongFocus);
-  return combo;
+// Each of these makes a control and its item, under the name that they share behind their prefixes.
+
+TdxLayoutItem* AddCombo(TdxLayoutGroup* group, const QString& name, TcxComboBox*& combo) {
+  combo = Named("cmb" + name, new TSymbolCombo);
+  return group->AddItem("li" + name, combo);
 }
 
-/// An item with the caption that the form was designed with.
-TdxLayoutItem* AddCaptioned(TdxLayoutGroup* group, const char* name, QWidget* control,
-                            const char* caption) {
-  auto* item = group->AddItem(QLatin1String(name), control);
-  item->SetCaption(QLatin1String(caption));
+/// `caption`: that of the item, as the form was designed.
+TdxLayoutItem* AddLabel(TdxLayoutGroup* group, const QString& name, TcxLabel*& label,
+                        const QString& caption = {}, bool takesFreeWidth = false) {
+  label = Named("lbl" + name, new TcxLabel);
+  auto* item = group->AddItem("li" + name, label, takesFreeWidth);
+  item->SetCaption(caption);
   return item;
+}
+
+/// A grid with the view and the level that are named after it.
+TcxGrid* NewGrid(const QString& name, QSize designed) {
+  auto* grid = new TcxGrid(name);
+  grid->setFixedSize(designed);
+  new TcxGridLevel(name + "Lv", grid, new TcxGridTableView(name + "View", grid));
+  return grid;
 }
 
 } // namespace
 
 TQuorPriceForm::TQuorPriceForm() {
-  setObjectName(QStringLiteral("QuorPriceFrame"));
-  resize(DesignWidth, DesignHeight);
+  setObjectName("QuorPriceFrame");
+  resize(DesignSize);
 
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  lcGrid = new TdxLayoutControl(QStringLiteral("lcGrid"), this);
+  lcGrid = new TdxLayoutControl("lcGrid", this);
   layout->addWidget(lcGrid);
 
   BuildSymbolLine();
@@ -78,130 +81,92 @@ TQuorPriceForm::TQuorPriceForm() {
   BuildPanels();
   BuildQtyButtons();
   BuildMenu();
+  HideOptionalParts();
 }
 
-TQuorPriceForm::~TQuorPriceForm() = default;
-
 void TQuorPriceForm::BuildSymbolLine() {
-  lgSymbol = lcGrid->Root()->AddGroup(QStringLiteral("lgSymbol"), TLayoutDirection::Horizontal);
-  lblPOS = NewLabel("lblPOS", " P ");
-  lblVCM = NewLabel("lblVCM", " V ");
-  lblCAS = NewLabel("lblCAS", " C ");
-  edtSymbol = Named(Constdef::Component_SymbolBox, new TcxPopupEdit);
+  lgSymbol = lcGrid->Root()->AddGroup("lgSymbol", TLayoutDirection::Horizontal);
+  liPOS = AddLabel(lgSymbol, "POS", lblPOS);
+  liVCM = AddLabel(lgSymbol, "VCM", lblVCM);
+  liCAS = AddLabel(lgSymbol, "CAS", lblCAS);
+  lblPOS->setText(" P ");
+  lblVCM->setText(" V ");
+  lblCAS->setText(" C ");
+  edtSymbol = Named("edtSymbol", new TcxPopupEdit);
   edtSymbol->setMinimumWidth(SymbolMinimumWidth);
-  edtSymbol->setPlaceholderText(QStringLiteral("Symbol"));
-  cmbLiqProvider = NewCombo(Constdef::Component_LiqProviderBox);
-  cmbWarrant = NewCombo(Constdef::Component_WarrantBox);
-  cmbRelated = NewCombo(Constdef::Component_RelatedBox);
-
-  liPOS = lgSymbol->AddItem(QStringLiteral("liPOS"), lblPOS);
-  liVCM = lgSymbol->AddItem(QStringLiteral("liVCM"), lblVCM);
-  liCAS = lgSymbol->AddItem(QStringLiteral("liCAS"), lblCAS);
-  liSymbol = lgSymbol->AddItem(QStringLiteral("liSymbol"), edtSymbol, true);
-  liLiqProvider = lgSymbol->AddItem(QStringLiteral("liLiqProvider"), cmbLiqProvider);
-  liWarrant = lgSymbol->AddItem(QStringLiteral("liWarrant"), cmbWarrant);
-  liRelated = lgSymbol->AddItem(QStringLiteral("liRelated"), cmbRelated);
+  edtSymbol->setPlaceholderText("Symbol");
+  lgSymbol->AddItem("liSymbol", edtSymbol, true);
+  liLiqProvider = AddCombo(lgSymbol, "LiqProvider", cmbLiqProvider);
+  liWarrant = AddCombo(lgSymbol, "Warrant", cmbWarrant);
+  liRelated = AddCombo(lgSymbol, "Related", cmbRelated);
 }
 
 void TQuorPriceForm::BuildGrids() {
-  auto* root = lcGrid->Root();
-  const auto newGrid = [](const char* name, QSize designed) {
-    auto* grid = new TcxGrid(QLatin1String(name));
-    grid->setFixedSize(designed);
-    return grid;
-  };
-
-  lgGrid = root->AddGroup(QStringLiteral("lgGrid"), TLayoutDirection::Horizontal);
-  PriceGrid = newGrid(Constdef::Component_PriceGrid, {585, 200});
-  PriceGridView = new TcxGridTableView(QStringLiteral("PriceGridView"), PriceGrid);
-  PriceGridLv = new TcxGridLevel(QStringLiteral("PriceGridLv"), PriceGrid, PriceGridView);
-  liGrid = lgGrid->AddItem(QStringLiteral("liGrid"), PriceGrid);
+  auto* lgGrid = lcGrid->Root()->AddGroup("lgGrid", TLayoutDirection::Horizontal);
+  PriceGrid = NewGrid("PriceGrid", {585, 200});
+  PriceGridView = PriceGrid->View();
+  liGrid = lgGrid->AddItem("liGrid", PriceGrid);
   lgGrid->AddStretch();
 
-  lgPerclick = root->AddGroup(QStringLiteral("lgPerclick"), TLayoutDirection::Horizontal);
-  lgPrice = lgPerclick->AddGroup(QStringLiteral("lgPrice"), TLayoutDirection::Vertical);
-  lblLast = NewLabel("lblLast");
-  lblChange = NewLabel("lblChange");
-  liLast = lgPrice->AddItem(QStringLiteral("liLast"), lblLast);
-  liChange = lgPrice->AddItem(QStringLiteral("liChange"), lblChange);
+  lgPerclick = lcGrid->Root()->AddGroup("lgPerclick", TLayoutDirection::Horizontal);
+  lgPrice = lgPerclick->AddGroup("lgPrice", TLayoutDirection::Vertical);
+  liLast = AddLabel(lgPrice, "Last", lblLast);
+  liChange = AddLabel(lgPrice, "Change", lblChange);
   lgPrice->Align(liLast, Qt::AlignHCenter);
   lgPrice->Align(liChange, Qt::AlignHCenter);
-
-  PerclickPriceGrid = newGrid("PerclickPriceGrid", {250, 200});
-  PerclickPriceGridView =
-      new TcxGridTableView(QStringLiteral("PerclickPriceGridView"), PerclickPriceGrid);
-  PerclickPriceGridLv = new TcxGridLevel(QStringLiteral("PerclickPriceGridLv"), PerclickPriceGrid,
-                                         PerclickPriceGridView);
-  liPerclickPriceGrid = lgPrice->AddItem(QStringLiteral("liPerclickPriceGrid"), PerclickPriceGrid);
-
-  PerclickInfoGrid = newGrid("PerclickInfoGrid", {250, 238});
-  PerclickInfoGridView =
-      new TcxGridTableView(QStringLiteral("PerclickInfoGridView"), PerclickInfoGrid);
-  PerclickInfoGridLv = new TcxGridLevel(QStringLiteral("PerclickInfoGridLv"), PerclickInfoGrid,
-                                        PerclickInfoGridView);
-  liPerclickInfoGrid = lgPerclick->AddItem(QStringLiteral("liPerclickInfoGrid"), PerclickInfoGrid);
+  PerclickPriceGrid = NewGrid("PerclickPriceGrid", {250, 200});
+  PerclickPriceGridView = PerclickPriceGrid->View();
+  liPerclickPriceGrid = lgPrice->AddItem("liPerclickPriceGrid", PerclickPriceGrid);
+  PerclickInfoGrid = NewGrid("PerclickInfoGrid", {250, 238});
+  PerclickInfoGridView = PerclickInfoGrid->View();
+  lgPerclick->AddItem("liPerclickInfoGrid", PerclickInfoGrid);
   lgPerclick->AddStretch();
 }
 
 void TQuorPriceForm::BuildPanels() {
   auto* root = lcGrid->Root();
-
-  lgInfo = root->AddGroup(QStringLiteral("lgInfo"), TLayoutDirection::Horizontal);
-  lblLeftText = NewLabel("lblLeftText");
-  lblRightText = NewLabel("lblRightText");
+  lgInfo = root->AddGroup("lgInfo", TLayoutDirection::Horizontal);
+  AddLabel(lgInfo, "LeftText", lblLeftText, {}, true);
+  AddLabel(lgInfo, "RightText", lblRightText, {}, true);
   lblRightText->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  liLeftText = lgInfo->AddItem(QStringLiteral("liLeftText"), lblLeftText, true);
-  liRightText = lgInfo->AddItem(QStringLiteral("liRightText"), lblRightText, true);
 
-  lgPOS = root->AddGroup(QStringLiteral("lgPOS"), TLayoutDirection::Horizontal);
-  lblPOSColor = NewSwatch("lblPOSColor");
-  lblPOSCaption = NewLabel("lblPOSCaption");
-  lblPOSRefPrice = NewLabel("lblPOSRefPrice");
-  lblPOSUpperPrice = NewLabel("lblPOSUpperPrice");
-  lblPOSLowerPrice = NewLabel("lblPOSLowerPrice");
-  lblPOSUpperLimit = NewLabel("lblPOSUpperLimit");
-  lblPOSLowerLimit = NewLabel("lblPOSLowerLimit");
-  liPOSColor = lgPOS->AddItem(QStringLiteral("liPOSColor"), lblPOSColor);
-  liPOSCaption = AddCaptioned(lgPOS, "liPOSCaption", lblPOSCaption, "POS:");
-  liPOSRefPrice = AddCaptioned(lgPOS, "liPOSRefPrice", lblPOSRefPrice, "Ref Px");
-  liPOSUpperPrice = AddCaptioned(lgPOS, "liPOSUpperPrice", lblPOSUpperPrice, "Upper Px");
-  liPOSLowerPrice = AddCaptioned(lgPOS, "liPOSLowerPrice", lblPOSLowerPrice, "Lower Px");
-  liPOSUpperLimit = AddCaptioned(lgPOS, "liPOSUpperLimit", lblPOSUpperLimit, "Buy Up Limit");
-  liPOSLowerLimit = AddCaptioned(lgPOS, "liPOSLowerLimit", lblPOSLowerLimit, "Sell Low Limit");
+  lgPOS = root->AddGroup("lgPOS", TLayoutDirection::Horizontal);
+  AddLabel(lgPOS, "POSColor", lblPOSColor);
+  liPOSCaption = AddLabel(lgPOS, "POSCaption", lblPOSCaption, "POS:");
+  liPOSRefPrice = AddLabel(lgPOS, "POSRefPrice", lblPOSRefPrice, "Ref Px");
+  liPOSUpperPrice = AddLabel(lgPOS, "POSUpperPrice", lblPOSUpperPrice, "Upper Px");
+  liPOSLowerPrice = AddLabel(lgPOS, "POSLowerPrice", lblPOSLowerPrice, "Lower Px");
+  liPOSUpperLimit = AddLabel(lgPOS, "POSUpperLimit", lblPOSUpperLimit, "Buy Up Limit");
+  liPOSLowerLimit = AddLabel(lgPOS, "POSLowerLimit", lblPOSLowerLimit, "Sell Low Limit");
   lgPOS->AddStretch();
 
-  lgVCMCAS = root->AddGroup(QStringLiteral("lgVCMCAS"), TLayoutDirection::Horizontal);
-  lblVCMCASColor = NewSwatch("lblVCMCASColor");
-  lblVCMCAS = NewLabel("lblVCMCAS");
-  lblRefPrice = NewLabel("lblRefPrice");
-  lblUpperPrice = NewLabel("lblUpperPrice");
-  lblLowerPrice = NewLabel("lblLowerPrice");
-  liVCMCASColor = lgVCMCAS->AddItem(QStringLiteral("liVCMCASColor"), lblVCMCASColor);
-  liVCMCAS = AddCaptioned(lgVCMCAS, "liVCMCAS", lblVCMCAS, "VCM:");
-  liRefPrice = AddCaptioned(lgVCMCAS, "liRefPrice", lblRefPrice, "Ref Px");
-  liUpperPrice = AddCaptioned(lgVCMCAS, "liUpperPrice", lblUpperPrice, "Upper Px");
-  liLowerPrice = AddCaptioned(lgVCMCAS, "liLowerPrice", lblLowerPrice, "Lower Px");
+  lgVCMCAS = root->AddGroup("lgVCMCAS", TLayoutDirection::Horizontal);
+  AddLabel(lgVCMCAS, "VCMCASColor", lblVCMCASColor);
+  liVCMCAS = AddLabel(lgVCMCAS, "VCMCAS", lblVCMCAS, "VCM:");
+  liRefPrice = AddLabel(lgVCMCAS, "RefPrice", lblRefPrice, "Ref Px");
+  liUpperPrice = AddLabel(lgVCMCAS, "UpperPrice", lblUpperPrice, "Upper Px");
+  liLowerPrice = AddLabel(lgVCMCAS, "LowerPrice", lblLowerPrice, "Lower Px");
   lgVCMCAS->AddStretch();
 
-  lblDelay = NewLabel("lblDelay", "Delay");
-  lblUpdateTime = NewLabel("lblUpdateTime");
-  liDelay = root->AddItem(QStringLiteral("liDelay"), lblDelay);
-  liUpdateTime = root->AddItem(QStringLiteral("liUpdateTime"), lblUpdateTime);
+  for (auto* swatch : {lblPOSColor, lblVCMCASColor})
+    swatch->setFixedSize(SwatchSize);
+  liDelay = AddLabel(root, "Delay", lblDelay);
+  lblDelay->setText("Delay");
+  liUpdateTime = AddLabel(root, "UpdateTime", lblUpdateTime);
 }
 
 void TQuorPriceForm::BuildQtyButtons() {
-  lgBtn = lcGrid->Root()->AddGroup(QStringLiteral("lgBtn"), TLayoutDirection::Vertical);
+  lgBtn = lcGrid->Root()->AddGroup("lgBtn", TLayoutDirection::Vertical);
   lcGrid->Root()->Align(lgBtn, Qt::AlignLeft);
-  lgBtnTop = lgBtn->AddGroup(QStringLiteral("lgBtnTop"), TLayoutDirection::Horizontal);
-  lgBtnbottom = lgBtn->AddGroup(QStringLiteral("lgBtnbottom"), TLayoutDirection::Horizontal);
-  for (int i = 0; i < QtyButtonCount; ++i) {
-    auto* button = new TcxButton;
-    button->setObjectName(QLatin1String(Constdef::ComponentPrefix_QtyButton) +
-                          QString::number(i + 1));
+  auto* top = lgBtn->AddGroup("lgBtnTop", TLayoutDirection::Horizontal);
+  auto* bottom = lgBtn->AddGroup("lgBtnbottom", TLayoutDirection::Horizontal);
+  int number = 0;
+  for (auto*& button : btnQty) {
+    auto* row = number < QtyButtonCount / 2 ? top : bottom;
+    const auto name = QString::number(++number);
+    button = Named("btnQty" + name, new TcxButton);
     button->setFixedSize(QtyButtonSize);
-    btnQty[static_cast<std::size_t>(i)] = button;
-    auto* row = i < QtyButtonCount / 2 ? lgBtnTop : lgBtnbottom;
-    row->AddItem(QStringLiteral("liBtn%1").arg(i + 1), button);
+    row->AddItem("liBtn" + name, button);
   }
 }
 
@@ -209,21 +174,28 @@ void TQuorPriceForm::BuildMenu() {
   imgList = Named("imgList", new TcxImageList(this));
   AddCaptionImages(*imgList);
 
-  BarMgr = Named("BarMgr", new TdxBarManager(this));
-  mBrokerName = Named(Constdef::Component_BrokerNameItem,
-                      new TdxBarButton(QStringLiteral("Show Broker Name"), BarMgr));
+  auto* manager = Named("BarMgr", new TdxBarManager(this));
+  mBrokerName = Named("mBrokerName", new TdxBarButton("Show Broker Name", manager));
   mBrokerName->setToolTip(mBrokerName->text());
   mBrokerName->setCheckable(true);
-  mDetail =
-      Named(Constdef::Component_DetailItem, new TdxBarButton(QStringLiteral("Detail"), BarMgr));
+  mDetail = Named("mDetail", new TdxBarButton("Detail", manager));
   mDetail->setToolTip(mDetail->text());
-  PopUpMenu = Named("PopUpMenu", new TdxBarPopupMenu(this));
-  PopUpMenu->addAction(mDetail);
-  PopUpMenu->addAction(mBrokerName);
+  auto* menu = Named("PopUpMenu", new TdxBarPopupMenu(this));
+  menu->addAction(mDetail);
+  menu->addAction(mBrokerName);
+  PriceGridView->SetPopupMenu(menu);
 
   HintCtrl = Named("HintCtrl", new TcxHintStyleController(this));
-  HintCtrl->Font = QFont(QStringLiteral("Tahoma"), HintFontSize);
+  HintCtrl->Font = QFont("Tahoma", HintFontSize);
   HintCtrl->CaptionFont = HintCtrl->Font;
+}
+
+void TQuorPriceForm::HideOptionalParts() {
+  for (auto* item : {liLiqProvider, liWarrant, liRelated, liVCM, liCAS, liPOS})
+    item->SetVisibleFlag(false);
+  for (auto* group : {lgInfo, lgVCMCAS, lgPOS})
+    group->SetVisibleFlag(false);
+  mDetail->setVisible(false);
 }
 
 } // namespace Quorpriceview

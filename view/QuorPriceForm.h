@@ -12,56 +12,56 @@
 
 namespace Quorpriceview {
 
-/// The component tree of the price view, as designed: every component under its name (which is
-/// its object name too), with the captions that stand until the first language update. Knows no
-/// data; the frame binds it. Components are owned by the widget tree.
+/// The component tree of the price view, as designed, with the captions that stand until the first
+/// language update. What only some symbols have is hidden. Every component has its name as object
+/// name; those that the pieces of the view work with are members too. Knows no data. Components are
+/// owned by the widget tree.
 class TQuorPriceForm : public QWidget {
 public:
   static constexpr int QtyButtonCount = 10;
 
   TQuorPriceForm();
-  ~TQuorPriceForm() override;
 
-protected:
+  /// The depth grid's view, then those of the per-click form.
+  std::array<Platform::TcxGridTableView*, 3> GridViews() const {
+    return {PriceGridView, PerclickPriceGridView, PerclickInfoGridView};
+  }
+
   Platform::TdxLayoutControl* lcGrid;
 
   // Symbol line.
   Platform::TdxLayoutGroup* lgSymbol;
-  Platform::TdxLayoutItem *liPOS, *liVCM, *liCAS, *liSymbol, *liLiqProvider, *liWarrant, *liRelated;
+  Platform::TdxLayoutItem *liPOS, *liVCM, *liCAS, *liLiqProvider, *liWarrant, *liRelated;
   Platform::TcxLabel *lblPOS, *lblVCM, *lblCAS;
   Platform::TcxPopupEdit* edtSymbol;
   Platform::TcxComboBox *cmbLiqProvider, *cmbWarrant, *cmbRelated;
 
   // Depth grid.
-  Platform::TdxLayoutGroup* lgGrid;
   Platform::TdxLayoutItem* liGrid;
   Platform::TcxGrid* PriceGrid;
-  Platform::TcxGridLevel* PriceGridLv;
   Platform::TcxGridTableView* PriceGridView;
 
   // Per-click form.
   Platform::TdxLayoutGroup *lgPerclick, *lgPrice;
-  Platform::TdxLayoutItem *liLast, *liChange, *liPerclickPriceGrid, *liPerclickInfoGrid;
+  Platform::TdxLayoutItem *liLast, *liChange, *liPerclickPriceGrid;
   Platform::TcxLabel *lblLast, *lblChange;
   Platform::TcxGrid *PerclickPriceGrid, *PerclickInfoGrid;
-  Platform::TcxGridLevel *PerclickPriceGridLv, *PerclickInfoGridLv;
   Platform::TcxGridTableView *PerclickPriceGridView, *PerclickInfoGridView;
 
   // Message line.
   Platform::TdxLayoutGroup* lgInfo;
-  Platform::TdxLayoutItem *liLeftText, *liRightText;
   Platform::TcxLabel *lblLeftText, *lblRightText;
 
   // Pre-opening panel.
   Platform::TdxLayoutGroup* lgPOS;
-  Platform::TdxLayoutItem *liPOSColor, *liPOSCaption, *liPOSRefPrice, *liPOSUpperPrice,
-      *liPOSLowerPrice, *liPOSUpperLimit, *liPOSLowerLimit;
+  Platform::TdxLayoutItem *liPOSCaption, *liPOSRefPrice, *liPOSUpperPrice, *liPOSLowerPrice,
+      *liPOSUpperLimit, *liPOSLowerLimit;
   Platform::TcxLabel *lblPOSColor, *lblPOSCaption, *lblPOSRefPrice, *lblPOSUpperPrice,
       *lblPOSLowerPrice, *lblPOSUpperLimit, *lblPOSLowerLimit;
 
   // Volatility-control and closing-auction panel.
   Platform::TdxLayoutGroup* lgVCMCAS;
-  Platform::TdxLayoutItem *liVCMCASColor, *liVCMCAS, *liRefPrice, *liUpperPrice, *liLowerPrice;
+  Platform::TdxLayoutItem *liVCMCAS, *liRefPrice, *liUpperPrice, *liLowerPrice;
   Platform::TcxLabel *lblVCMCASColor, *lblVCMCAS, *lblRefPrice, *lblUpperPrice, *lblLowerPrice;
 
   // Delay and update time.
@@ -69,14 +69,12 @@ protected:
   Platform::TcxLabel *lblDelay, *lblUpdateTime;
 
   // Quantity buttons.
-  Platform::TdxLayoutGroup *lgBtn, *lgBtnTop, *lgBtnbottom;
+  Platform::TdxLayoutGroup* lgBtn;
   std::array<Platform::TcxButton*, QtyButtonCount> btnQty; ///< btnQty1 to btnQty10
 
   // Not on the form's face.
   Platform::TcxImageList* imgList;
-  Platform::TdxBarManager* BarMgr;
   Platform::TdxBarButton *mBrokerName, *mDetail;
-  Platform::TdxBarPopupMenu* PopUpMenu;
   Platform::TcxHintStyleController* HintCtrl;
 
 private:
@@ -85,6 +83,7 @@ private:
   void BuildPanels();
   void BuildQtyButtons();
   void BuildMenu();
+  void HideOptionalParts();
 };
 
 } // namespace Quorpriceview

@@ -2,236 +2,112 @@
 
 #include "host/BaseConfigManager.h"
 #include "host/BaseGlobalChannelManager.h"
+#include "host/BaseOrderAdapter.h"
 #include "host/BaseTimerControl.h"
-#include "host/BaseVendorDDSModel.h"
+#include "host/BaseUserAppProfile.h"
 #include "host/view/EditorManager.h"
 #include "view/FeedType.h"
-#include "view/ScaleSteps.h"
+#include "view/Texts.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace Quorpriceview {
 
 using namespace Platform;
-using namespace Quorpricedatacontrol;
 using Baseconfigmanager::TCustomConfigManager;
 using Baseglobalchannelmanager::TCustomGlobalChannelManager;
 using Basetimercontrol::TCustomTimerControl;
-using Columninfo::AddColumn;
+using Baseuserappprofile::TCustomUserAppProfile;
 using Editormanager::TEditorManager;
 
-namespace {
-
-constexpr int MinimumUpdateInterval = 50; // milliseconds
-
-} // namespace
+// Binding.
 
 TQuorPriceFrame::TQuorPriceFrame(System::Classes::TComponent* owner) : TIBaseView(owner) {
-  CreateRefreshTimer();
   CreateCaptionButtons();
-  SetQtyButtonCaption();
-  UpdateCaptionButtons();
-  HideOptionalParts();
-  SetLastPriceFonts();
+  grids_.SetLastPriceFonts();
   Initialize();
-  BindForm();
-  CreatePriceControl();
-  CreatePerclickControls();
+  Bind();
   RegisterWithHost();
-  if (!AppliedSymbol().empty())
+  if (!Symbol().empty())
     edtSymbolExit();
   SetLanguage(Constdef::Language_English);
   SetSkin({});
-  ConfigUpdate(this, nullptr);
+  ConfigUpdate();
   auto* channels = TCustomGlobalChannelManager::GetInstance();
-  channels->Subscribe(Constdef::Channel_LayoutLoaded, Handler(&TQuorPriceFrame::LoadLayoutComp),
-                      this);
-  channels->Subscribe(Constdef::Channel_MainFormShown, Handler(&TQuorPriceFrame::MainFormShow),
-                      this);
-  channels->Subscribe(Constdef::Channel_ScaleChanged, Handler(&TQuorPriceFrame::ScaleLayoutComp),
-                      this);
+  channels->Subscribe(Constdef::Channel_LayoutLoaded, On(&TFrame::LoadLayoutComp), this);
+  channels->Subscribe(Constdef::Channel_MainFormShown, On(&TFrame::MainFormShow), this);
+  channels->Subscribe(Constdef::Channel_ScaleChanged, On(&TFrame::ScaleLayoutComp), this);
 }
 
 TQuorPriceFrame::~TQuorPriceFrame() {
-  refreshTimer_.reset();
   UnregisterFromHost();
-  CloseDetailForms();
-  // The grids outlive the sources that they show.
-  for (auto* view : {PriceGridView, PerclickPriceGridView, PerclickInfoGridView})
-    view->SetDataSource(nullptr);
+  detailWindows_.CloseAll();
   // Leaving the box on the way down must not reach a frame that is no longer whole.
   edtSymbol->disconnect(this);
-  priceControl_ = nullptr;
-  perclickPriceControl_ = nullptr;
-  perclickInfoControl_ = nullptr;
-  priceSource_.reset();
-  perclickPriceSource_.reset();
-  perclickInfoSource_.reset();
 }
 
-void TQuorPriceFrame::CreateRefreshTimer() {
-  auto* config = TCustomConfigManager::GetInstance();
-  const int interval = config->ReadInteger(config->CurrentSection(), Constdef::Key_UpdateInterval);
-  refreshTimer_ = std::make_unique<TTimer>();
-  refreshTimer_->setObjectName(QStringLiteral("RefreshTimer"));
-  refreshTimer_->setTimerType(Qt::PreciseTimer); // a coarse one may come early
-  refreshTimer_->setInterval(std::max(interval, MinimumUpdateInterval));
-  connect(refreshTimer_.get(), &TTimer::timeout, this, &TQuorPriceFrame::RefreshTimer);
-  refreshTimer_->start();
-}
-
-void TQuorPriceFrame::HideOptionalParts() {
-  for (auto* item : {liLiqProvider, liWarrant, liRelated, liVCM, liCAS, liPOS})
-    item->SetVisibleFlag(false);
-  for (auto* group : {lgInfo, lgVCMCAS, lgPOS})
-    group->SetVisibleFlag(false);
-  mDetail->setVisible(false);
+void TQuorPriceFrame::CreateCaptionButtons() {
+  state_.HasQueueButton = FeedType() == Constdef::FeedType_Streaming;
+  state_.HasQtyButtons = SetQtyButtonCaptions(*this);
+  lgBtn->SetVisibleFlag(state_.HasQtyButtons);
+  if (IsPerclickFeed())
+    captionButtons_.Add(TCaptionKind::Refresh, On(&TFrame::btnRefreshClick));
+  else
+    captionButtons_.Add(TCaptionKind::DisplayMode, On(&TFrame::btnDisplayModeClick));
+  captionButtons_.Add(TCaptionKind::ShowHide, On(&TFrame::btnShowHideClick));
+  captionButtons_.Add(TCaptionKind::Lock, On(&TFrame::btnLockClick));
+  if (TCustomUserAppProfile::GetInstance()->IsFunctionGranted(Constdef::Function_Chart))
+    captionButtons_.Add(TCaptionKind::Chart, On(&TFrame::btnProChartClick));
+  if (state_.HasQueueButton)
+    captionButtons_.Add(TCaptionKind::BrokerQueue, On(&TFrame::btnHideBrokerQueueClick));
+  if (state_.HasQtyButtons)
+    captionButtons_.Add(TCaptionKind::QtyButtons, On(&TFrame::btnShowHideQtyClick));
+  UpdateCaptionButtons();
 }
 
 void TQuorPriceFrame::Initialize() {
-  struct TColumn {
-    int ID;
-    bool RightAligned;
-  };
-  constexpr TColumn labels[] = {{Column::HeaderCaption, false}, {Column::HeaderValue, true}};
-  constexpr TColumn sides[] = {{Column::BidSize, true},
-                               {Column::BidPrice, true},
-                               {Column::AskSize, true},
-                               {Column::AskPrice, true}};
-  for (const auto& column : labels)
-    AddColumn(priceColumns_, column.ID, ColumnWidth(column.ID), column.RightAligned);
-  for (const auto& column : sides) {
-    AddColumn(priceColumns_, column.ID, ColumnWidth(column.ID), column.RightAligned);
-    AddColumn(perclickPriceColumns_, column.ID, ColumnWidth(column.ID), column.RightAligned);
-  }
-  constexpr int queueColumns[] = {Column::BidQueue1, Column::BidQueue2, Column::BidQueue3,
-                                  Column::BidQueue4, Column::AskQueue1, Column::AskQueue2,
-                                  Column::AskQueue3, Column::AskQueue4};
-  constexpr int infoColumns[] = {Column::InfoOpen, Column::InfoHigh, Column::InfoLow,
-                                 Column::InfoPreviousClose, Column::InfoCurrency};
-  if (!IsDelayedFeed())
-    for (const int queueColumn : queueColumns)
-      AddColumn(priceColumns_, queueColumn, QueueColumnWidth(), false);
-  for (const int infoColumn : infoColumns)
-    AddColumn(perclickInfoColumns_, infoColumn, PerclickInfoMinimumWidth, true);
-
-  AddGridColumns(*PriceGridView, priceColumns_);
-  DetectRowHeight();
-  liDelay->SetVisibleFlag(IsDelayedFeed());
-  InitializePerclick();
-  SetGridWidths(FrameMargin(Constdef::ScalePPI_100));
-}
-
-void TQuorPriceFrame::InitializePerclick() {
+  grids_.CreateColumns(measures_);
+  measures_.DetectRowHeight();
   const bool perclick = IsPerclickFeed();
+  liDelay->SetVisibleFlag(IsDelayedFeed());
   liUpdateTime->SetVisibleFlag(perclick);
   liGrid->SetVisibleFlag(!perclick);
   lgPerclick->SetVisibleFlag(perclick);
-  if (!perclick)
-    return;
-  AddGridColumns(*PerclickPriceGridView, perclickPriceColumns_);
-  AddGridColumns(*PerclickInfoGridView, perclickInfoColumns_);
+  measures_.FitGridWidths();
 }
 
-void TQuorPriceFrame::AddGridColumns(TcxGridTableView& view,
-                                     const std::vector<Columninfo::TColumnInfo>& columns) {
-  view.BeginUpdate();
-  view.ClearColumns();
-  for (const auto& column : columns)
-    view.CreateColumn(column.ID, column.Width, column.RightAligned);
-  view.EndUpdate();
-}
-
-void TQuorPriceFrame::BindForm() {
-  connect(edtSymbol, &TcxPopupEdit::Exited, this, &TQuorPriceFrame::edtSymbolExit);
-  connect(edtSymbol, &TcxPopupEdit::KeyDown, this, &TQuorPriceFrame::edtSymbolKeyDown);
-  connect(edtSymbol, &TcxPopupEdit::KeyPress, this, &TQuorPriceFrame::edtSymbolKeyPress);
-  connect(cmbWarrant, &TcxComboBox::currentIndexChanged, this,
-          &TQuorPriceFrame::cmbWarrantPropertiesChange);
-  connect(cmbRelated, &TcxComboBox::currentIndexChanged, this,
-          &TQuorPriceFrame::cmbRelatedPropertiesChange);
-  connect(mBrokerName, &TdxBarButton::triggered, this, &TQuorPriceFrame::mBrokerNameClick);
-  connect(mDetail, &TdxBarButton::triggered, this, &TQuorPriceFrame::mDetailClick);
+void TQuorPriceFrame::Bind() {
+  connect(edtSymbol, &TcxPopupEdit::Exited, this, &TFrame::edtSymbolExit);
+  connect(edtSymbol, &TcxPopupEdit::KeyDown, this, &TFrame::edtSymbolKeyDown);
+  connect(edtSymbol, &TcxPopupEdit::KeyPress, this, &TFrame::edtSymbolKeyPress);
+  const auto chosen = &TcxComboBox::currentIndexChanged;
+  connect(cmbWarrant, chosen, this, &TFrame::cmbWarrantPropertiesChange);
+  connect(cmbRelated, chosen, this, &TFrame::cmbRelatedPropertiesChange);
+  connect(mBrokerName, &TdxBarButton::triggered, this, &TFrame::mBrokerNameClick);
+  connect(mDetail, &TdxBarButton::triggered, this, &TFrame::mDetailClick);
   for (const auto* button : btnQty)
-    connect(button, &TcxButton::clicked, this, [this, button] { btnQtyClick(button); });
+    connect(button, &TcxButton::clicked, this, [this, button] { btnQtyClick(*button); });
+  connect(PriceGrid, &TcxGrid::Resized, this, &TFrame::PriceGridResize);
+  connect(PriceGridView, &TcxGridTableView::MouseMove, this, [this](const QPoint& position) {
+    hint_.PriceGridViewMouseMove(grids_.Price(), position);
+  });
 
-  connect(PriceGrid, &TcxGrid::Resized, this, &TQuorPriceFrame::PriceGridResize);
-  connect(PriceGridView, &TcxGridTableView::MouseMove, this,
-          &TQuorPriceFrame::PriceGridViewMouseMove);
-  BindClick(*PriceGridView, &TQuorPriceFrame::PriceGridViewCellClick);
-  BindClick(*PerclickPriceGridView, &TQuorPriceFrame::PerclickPriceGridViewCellClick);
-  BindClick(*PerclickInfoGridView, &TQuorPriceFrame::PerclickInfoGridViewCellClick);
-
-  PriceGridView->SetPopupMenu(PopUpMenu);
-  PriceGridView->OnCustomDrawCell = [this](TcxCanvas& canvas, const TcxCellViewInfo& cell,
-                                           bool& done) {
-    PriceGridViewCustomDrawCell(canvas, cell.Record, cell.Column->Tag, done);
-  };
-  PerclickPriceGridView->OnCustomDrawCell = [this](TcxCanvas& canvas, const TcxCellViewInfo& cell,
-                                                   bool& done) {
-    PerclickPriceGridViewCustomDrawCell(canvas, cell.Record, cell.Column->Tag, done);
-  };
-  PerclickInfoGridView->OnCustomDrawCell = [this](TcxCanvas& canvas, const TcxCellViewInfo& cell,
-                                                  bool& done) {
-    PerclickInfoGridViewCustomDrawCell(canvas, cell.Record, cell.Column->Tag, done);
-  };
-  PerclickInfoGridView->OnGetCellHeight = [this](int record, int& height) {
-    PerclickInfoGridViewGetCellHeight(record, height);
-  };
-}
-
-void TQuorPriceFrame::BindClick(TcxGridTableView& view,
-                                void (TQuorPriceFrame::*handler)(int column)) {
-  connect(&view, &TcxGridTableView::CellClick, this,
-          [this, handler](const TcxGridColumn* column, Qt::MouseButton button) {
-            // The other buttons are for menus: they must not send an order.
-            if (button == Qt::LeftButton)
-              (this->*handler)(column->Tag);
-          });
-}
-
-void TQuorPriceFrame::CreatePriceControl() {
-  auto control = std::make_unique<TCustomQuorMarketDataControl>(this);
-  priceControl_ = control.get();
-  priceSource_ = std::make_unique<TGridDataSource>(std::move(control));
-  PriceGridView->SetDataSource(priceSource_.get());
-
-  priceControl_->OnFreeTextChange = Handler(&TQuorPriceFrame::SymbolMessageUpdate);
-  priceControl_->OnRelatedChange = Handler(&TQuorPriceFrame::SymbolRelatedUpdate);
-  priceControl_->OnField22Known = Handler(&TQuorPriceFrame::SymbolProductTypeUpdate);
-  priceControl_->OnCountChange = Handler(&TQuorPriceFrame::HandleRowChanged);
-  priceControl_->OnChange = Handler(&TQuorPriceFrame::HandleRefresh);
-  priceControl_->SetShowBrokerName(false);
-
-  if (HasVendorModel())
-    priceControl_->SetShowBrokerQueue(!IsDelayedFeed());
-  if (!priceControl_->ShowBrokerQueue())
+  auto& price = grids_.Price();
+  price.OnFreeTextChange = On(&TFrame::SymbolMessageUpdate);
+  price.OnRelatedChange = On(&TFrame::SymbolRelatedUpdate);
+  price.OnField22Known = On(&TFrame::SymbolProductTypeUpdate);
+  price.OnCountChange = On(&TFrame::HandleRowChanged);
+  if (!price.ShowBrokerQueue())
     mBrokerName->setVisible(false);
 }
 
-void TQuorPriceFrame::CreatePerclickControls() {
-  if (!IsPerclickFeed())
-    return;
-  auto price = std::make_unique<TPerclickQuorMarketDataControl>(this);
-  perclickPriceControl_ = price.get();
-  perclickPriceSource_ = std::make_unique<TGridDataSource>(std::move(price));
-  PerclickPriceGridView->SetDataSource(perclickPriceSource_.get());
-  perclickPriceControl_->OnRelatedChange = Handler(&TQuorPriceFrame::UpdateLastPrice);
-
-  auto info = std::make_unique<TPerclickQuorInfoMarketDataControl>(this);
-  perclickInfoControl_ = info.get();
-  perclickInfoSource_ = std::make_unique<TGridDataSource>(std::move(info));
-  PerclickInfoGridView->SetDataSource(perclickInfoSource_.get());
-}
-
 void TQuorPriceFrame::RegisterWithHost() {
-  TEditorManager::GetInstance()->RegisterSymbolEditor(edtSymbol, groupID_, true, true);
+  TEditorManager::GetInstance()->RegisterSymbolEditor(edtSymbol, following_.GroupID, true, true);
   auto* channels = TCustomGlobalChannelManager::GetInstance();
-  channels->Subscribe(Constdef::Channel_CopyOrder, Handler(&TQuorPriceFrame::CopyPrice), this);
-  TCustomTimerControl::GetInstance()->Register(this, Handler(&TQuorPriceFrame::ShowHintTimer));
-  channels->RegisterCopySymbol(Handler(&TQuorPriceFrame::UpdateCopySymbol), this);
-  TCustomConfigManager::GetInstance()->RegisterListener(Handler(&TQuorPriceFrame::ConfigUpdate),
-                                                        this);
+  channels->Subscribe(Constdef::Channel_CopyOrder, On(&TFrame::CopyPrice), this);
+  TCustomTimerControl::GetInstance()->Register(this, [this](TObject*) { hint_.ShowHintTimer(); });
+  channels->RegisterCopySymbol(On(&TFrame::UpdateCopySymbol), this);
+  TCustomConfigManager::GetInstance()->RegisterListener(On(&TFrame::ConfigUpdate), this);
 }
 
 void TQuorPriceFrame::UnregisterFromHost() {
@@ -240,92 +116,159 @@ void TQuorPriceFrame::UnregisterFromHost() {
   auto* channels = TCustomGlobalChannelManager::GetInstance();
   channels->Unsubscribe(Constdef::Channel_CopyOrder, this);
   channels->UnregisterCopySymbol(this);
-  if (!groupID_.empty())
-    channels->LeaveGroup(groupID_, this);
+  if (!following_.GroupID.empty())
+    channels->LeaveGroup(following_.GroupID, this);
   TCustomConfigManager::GetInstance()->UnregisterListener(this);
   for (const int message : {Constdef::Channel_LayoutLoaded, Constdef::Channel_MainFormShown,
                             Constdef::Channel_ScaleChanged})
     channels->Unsubscribe(message, this);
 }
 
+// Symbol and linking group.
+
 void TQuorPriceFrame::SetSymbol(const std::string& symbol) {
-  if (symbol == symbol_ || !priceControl_)
+  if (symbol == grids_.Price().Symbol())
     return;
-  hintRow_ = -1;
-  symbol_ = symbol;
-  priceControl_->SetSymbol(symbol);
-  if (perclickPriceControl_)
-    perclickPriceControl_->SetSymbol(symbol);
-  if (perclickInfoControl_)
-    perclickInfoControl_->SetSymbol(symbol);
-  Baseview::SendViewNotify(this, Constdef::Notify_SymbolChanged);
-  SymbolMessageUpdate(this);
-  SymbolRelatedUpdate(this);
-  SymbolProductTypeUpdate(this);
+  hint_.ForgetRow();
+  for (auto* control : grids_.Controls())
+    control->SetSymbol(symbol);
+  Notify(Constdef::Notify_SymbolChanged);
+  SymbolMessageUpdate();
+  SymbolRelatedUpdate();
+  SymbolProductTypeUpdate();
 }
 
 bool TQuorPriceFrame::SetGroupID(const std::string& group) {
-  if (group == groupID_)
+  if (group == following_.GroupID)
     return true;
   auto* channels = TCustomGlobalChannelManager::GetInstance();
-  if (!groupID_.empty())
-    channels->LeaveGroup(groupID_, this);
-  groupID_ = group;
-  TEditorManager::GetInstance()->RegisterSymbolEditor(edtSymbol, groupID_, true, true);
-  if (!groupID_.empty())
-    channels->JoinGroup(groupID_, Handler(&TQuorPriceFrame::UpdateCopySymbol), this);
-  priceControl_->GroupID = groupID_;
-  if (perclickPriceControl_)
-    perclickPriceControl_->GroupID = groupID_;
-  if (perclickInfoControl_)
-    perclickInfoControl_->GroupID = groupID_;
+  if (!following_.GroupID.empty())
+    channels->LeaveGroup(following_.GroupID, this);
+  following_.GroupID = group;
+  TEditorManager::GetInstance()->RegisterSymbolEditor(edtSymbol, group, true, true);
+  if (!group.empty())
+    channels->JoinGroup(group, On(&TFrame::UpdateCopySymbol), this);
+  for (auto* control : grids_.Controls())
+    control->GroupID = group;
   return true;
 }
 
 bool TQuorPriceFrame::ExecuteShortcutAction(int action) {
   if (action == 0)
-    Baseview::SendViewNotify(this, Constdef::Notify_Shortcut);
+    Notify(Constdef::Notify_Shortcut);
   return true;
 }
 
-std::string TQuorPriceFrame::AppliedSymbol() const { return edtSymbol->Hint().toStdString(); }
+// Layout data and buttons.
 
-void TQuorPriceFrame::EnterSymbol(const std::string& symbol) {
-  edtSymbol->setText(QString::fromStdString(symbol));
-  edtSymbol->PerformExit();
+std::string TQuorPriceFrame::GetLayoutData() {
+  TLayoutData layout;
+  layout.Add("Symbol", Symbol());
+  state_.Write(layout);
+  return layout.CommaText();
 }
 
-void TQuorPriceFrame::edtSymbolExit() { SetSymbol(AppliedSymbol()); }
-
-void TQuorPriceFrame::edtSymbolKeyDown(int key) {
-  if (key == TcxPopupEdit::EnterKey)
-    edtSymbolExit();
+bool TQuorPriceFrame::SetLayoutData(const std::string& text) {
+  const TLayoutData layout(text);
+  if (const auto symbol = layout.Value("Symbol"); !symbol.empty())
+    EnterSymbol(*edtSymbol, symbol);
+  state_.ReadDisplayMode(layout);
+  grids_.Price().SetDisplayMode(state_.DisplayMode);
+  if (const auto show = state_.ReadShowBrokerName(layout))
+    SetShowBrokerName(*show);
+  state_.ReadSwitches(layout);
+  UpdateCaptionButtons();
+  Notify(Constdef::Notify_LayoutChanged);
+  return true;
 }
 
-void TQuorPriceFrame::edtSymbolKeyPress(int character) {
-  if (character == TcxPopupEdit::EnterKey)
-    edtSymbol->selectAll();
+void TQuorPriceFrame::SetShowBrokerName(bool show) {
+  state_.ShowBrokerName = show;
+  mBrokerName->setChecked(show);
+  grids_.Price().SetShowBrokerName(show);
+  measures_.SetQueueColumnWidth();
 }
 
-void TQuorPriceFrame::HandleRefresh(TObject*) { refreshPending_ = true; }
+void TQuorPriceFrame::btnDisplayModeClick() {
+  state_.SwitchLevels();
+  grids_.Price().SetDisplayMode(state_.DisplayMode);
+  UpdateCaptionButtons();
+  Notify(Constdef::Notify_LayoutChanged);
+  Notify(Constdef::Notify_SizeChanged);
+}
 
-void TQuorPriceFrame::RefreshTimer() {
-  if (!refreshPending_)
+void TQuorPriceFrame::btnHideBrokerQueueClick() {
+  state_.QueueHidden.Toggle();
+  UpdateCaptionButtons();
+  measures_.ShowHideBrokerQueue();
+  ResetSize();
+  Notify(Constdef::Notify_LayoutChanged);
+}
+
+void TQuorPriceFrame::btnProChartClick() {
+  if (Symbol().empty())
     return;
-  refreshPending_ = false;
-  PriceGridView->Refresh();
+  const auto parameters = Baseorderadapter::TCustomOrderAdapter::GetInstance()->NewViewParameters();
+  parameters->SetSymbol(Symbol());
+  Baseview::OpenCustomView(this, Constdef::View_Chart, 0, parameters.get(), 0, true);
 }
 
-void TQuorPriceFrame::MeasureWhenReady() {
+// Size, language, skin and configuration.
+
+int TQuorPriceFrame::GetWidth() {
+  ResetSize();
+  if (std::exchange(firstWidthRequest_, false)) {
+    edtSymbol->setCursorPosition(0);
+    edtSymbol->selectAll();
+  }
+  return measures_.FrameWidth();
+}
+
+void TQuorPriceFrame::LoadLayoutComp() {
   if (!TCustomConfigManager::GetInstance()->IsLayoutReady())
     return;
-  DetectRowHeight();
-  ResetSize();
-  Baseview::SendViewNotify(this, Constdef::Notify_SizeChanged);
+  Measure();
+  Notify(Constdef::Notify_SizeChanged);
 }
 
-void TQuorPriceFrame::LoadLayoutComp(TObject*, TObject*) { MeasureWhenReady(); }
+void TQuorPriceFrame::ConfigUpdate() {
+  if (measures_.ReadScale()) {
+    Measure();
+    hint_.SetFontSize(HintFontSize(measures_.Scale()));
+    grids_.SetLastPriceFonts();
+  }
+  following_.ReadConfiguration();
+  if (highlight_.ReadConfiguration())
+    PriceGridView->Repaint();
+}
 
-void TQuorPriceFrame::MainFormShow(TObject*, TObject*) { MeasureWhenReady(); }
+std::string TQuorPriceFrame::GetViewCaption() {
+  const auto symbol = Symbol();
+  return Translated("Res_QuorPrice").toStdString() + (symbol.empty() ? "" : " - " + symbol);
+}
+
+bool TQuorPriceFrame::SetLanguage(int language) {
+  for (auto* control : grids_.Controls())
+    control->UpdateLanguage();
+  SymbolMessageUpdate();
+  grids_.UpdateLastPrice();
+  edtSymbol->setPlaceholderText(Translated("Res_Symbol"));
+  mBrokerName->setText(Translated("Res_ShowBrokerName"));
+  mDetail->setText(Translated("Res_DetailInfo"));
+  lblDelay->setText(Translated("Res_MktDataDelayHint"));
+  SetRelatedTexts(*this, grids_.Price());
+  SetMechanismTexts(*this);
+  PriceGridView->Repaint();
+  UpdateCaptionButtons();
+  Notify(Constdef::Notify_LayoutChanged);
+  detailWindows_.SetLanguage(language);
+  return true;
+}
+
+bool TQuorPriceFrame::SetSkin(const std::string&) {
+  SetMarkerColours(*this);
+  grids_.SetSkin();
+  return true;
+}
 
 } // namespace Quorpriceview

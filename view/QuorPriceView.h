@@ -1,37 +1,25 @@
 #pragma once
 
-#include "host/ConstDef.h"
 #include "host/view/BaseView.h"
-#include "host/view/ColumnInfo.h"
-#include "host/view/GridDataSource.h"
-#include "model/QuorPerclickDataControl.h"
-#include "model/QuorPriceDataControl.h"
-#include "view/BrokerColours.h"
-#include "view/CellPainting.h"
-#include "view/QuorPriceForm.h"
+#include "view/BrokerHint.h"
+#include "view/CaptionButtons.h"
+#include "view/DetailWindows.h"
+#include "view/MechanismPanels.h"
+#include "view/PriceGrids.h"
+#include "view/QtyButtons.h"
+#include "view/RelatedInstruments.h"
 #include "view/SymbolFollowing.h"
+#include "view/ViewMeasures.h"
 
-#include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
-namespace Quordetailview {
-class TQuorDetailFrame;
-}
-
 namespace Quorpriceview {
 
-/// What becomes of a window that is closing.
-enum class TCloseAction { Hide, Free };
-
 /// The price view: one dockable frame that follows one symbol. Construction binds it to the
-/// host's services, destruction undoes every binding. User-interface thread only.
-///
-/// The handlers stand in one file per subject: QuorPriceView (lifecycle, symbol, group),
-/// ...Toolbar (layout data, caption and quantity buttons), ...Sizing, ...Updates (language, skin,
-/// configuration), ...Painting (cells, clicks, hints), ...Panels (market mechanisms), ...Linking
-/// (related instruments, followed symbols, per-click lines) and ...Details (pop-ups).
+/// host's services, destruction undoes every binding. It joins the named pieces of the view, each
+/// in a file of its own: what happens is decided here, how it is done there. User-interface thread
+/// only.
 class TQuorPriceFrame : public TQuorPriceForm, public Baseview::TIBaseView {
 public:
   explicit TQuorPriceFrame(System::Classes::TComponent* owner);
@@ -53,193 +41,139 @@ public:
   QWidget* Widget() override { return this; }
   void Initialize() override;
   int GetWidth() override;
-  int GetHeight() override;
+  int GetHeight() override { return measures_.FrameHeight(RowCount()); }
   std::string GetViewCaption() override;
-  std::vector<Viewinterface::TCaptionButton*> GetViewCaptionButtons() override;
+  std::vector<Viewinterface::TCaptionButton*> GetViewCaptionButtons() override {
+    return captionButtons_.List();
+  }
   Platform::TcxImageList* GetViewCaptionButtonImageList() override { return imgList; }
   bool SetSkin(const std::string& skin) override;
   bool SetLanguage(int language) override;
   std::string GetLayoutData() override;
-  bool SetLayoutData(const std::string& data) override;
+  bool SetLayoutData(const std::string& text) override;
   bool SetGroupID(const std::string& group) override;
-  std::string GetGroupID() override { return groupID_; }
+  std::string GetGroupID() override { return following_.GroupID; }
   bool ExecuteShortcutAction(int action) override;
 
   /// Shows a resolved symbol; nothing happens when the view shows it already.
   void SetSymbol(const std::string& symbol);
 
 protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-  void hideEvent(QHideEvent* event) override;
-
-private:
-  using TObject = System::TObject;
-  using TPriceControl = Quorpricedatacontrol::TCustomQuorMarketDataControl;
-  using TPerclickPriceControl = Quorpricedatacontrol::TPerclickQuorMarketDataControl;
-  using TPerclickInfoControl = Quorpricedatacontrol::TPerclickQuorInfoMarketDataControl;
-  using TGridDataSource = Griddatasource::TCustomGridDataSource;
-  using TCaptionButton = Viewinterface::TCaptionButton;
-
-  /// A handler of the frame as an event of the host or of a control.
-  template <typename... TArguments> auto Handler(void (TQuorPriceFrame::*handler)(TArguments...)) {
-    return [this, handler](TArguments... arguments) { (this->*handler)(arguments...); };
+  void hideEvent(QHideEvent* event) override {
+    hint_.Hide(); // it is a window of its own and would stay on the screen
+    TQuorPriceForm::hideEvent(event);
   }
 
-  // Lifecycle.
-  void CreateRefreshTimer();
-  void HideOptionalParts();
-  void BindForm();
-  void BindClick(Platform::TcxGridTableView& view, void (TQuorPriceFrame::*handler)(int column));
-  void CreatePriceControl();
-  void CreatePerclickControls();
+private:
+  using TFrame = TQuorPriceFrame;
+  using TObject = System::TObject;
+
+  /// A handler as an event of the host, of a control or of a caption button.
+  auto On(void (TFrame::*handler)()) {
+    return [this, handler](auto&&...) { (this->*handler)(); };
+  }
+  auto On(void (TFrame::*handler)(TObject* message)) {
+    return [this, handler](TObject*, TObject* message) { (this->*handler)(message); };
+  }
+  void CreateCaptionButtons();
+  void Bind();
   void RegisterWithHost();
   void UnregisterFromHost();
-  void AddGridColumns(Platform::TcxGridTableView& view,
-                      const std::vector<Columninfo::TColumnInfo>& columns);
-  void InitializePerclick();
 
-  // Symbol box, refresh and host messages.
-  void edtSymbolExit();
-  void edtSymbolKeyDown(int key);
-  void edtSymbolKeyPress(int character);
-  /// Lets the symbol box resolve and apply a symbol as if it had been typed.
-  void EnterSymbol(const std::string& symbol);
-  /// The symbol box's resolved symbol.
-  std::string AppliedSymbol() const;
-  void HandleRefresh(TObject* sender);
-  void RefreshTimer();
-  void LoadLayoutComp(TObject* sender, TObject* data);
-  void MainFormShow(TObject* sender, TObject* data);
-  void ScaleLayoutComp(TObject* sender, TObject* data);
-
-  // Toolbar.
-  void CreateCaptionButtons();
-  TCaptionButton* AddCaptionButton(std::string_view name, void (TQuorPriceFrame::*handler)());
-  void SetQtyButtonCaption();
-  void UpdateCaptionButtons();
-  void ShowHideBrokerQueue();
-  void btnDisplayModeClick();
-  void btnShowHideClick();
-  void btnLockClick();
-  void btnHideBrokerQueueClick();
-  void btnShowHideQtyClick();
-  void btnProChartClick();
-  void btnRefreshClick();
-  void btnQtyClick(const Platform::TcxButton* sender);
-  void mBrokerNameClick();
-  void SetDisplayMode(Quorpricedatacontrol::TQuorMode mode);
+  void Notify(int code) { Baseview::SendViewNotify(this, code); }
+  std::string Symbol() const { return AppliedSymbol(*edtSymbol); }
+  int RowCount() const { return grids_.Price().GetCount(); }
   void SetShowBrokerName(bool show);
+  void UpdateCaptionButtons() {
+    captionButtons_.Update(state_);
+    measures_.SetDisplayModeHeight(RowCount());
+  }
+  void Toggle(TSwitch& state) {
+    state.Toggle();
+    UpdateCaptionButtons();
+    Notify(Constdef::Notify_LayoutChanged);
+  }
+  void ToggleAndResize(TSwitch& state) {
+    Toggle(state);
+    Notify(Constdef::Notify_SizeChanged);
+  }
+  void Measure() {
+    measures_.DetectRowHeight();
+    ResetSize();
+  }
+  void ResetSize() {
+    if (measures_.ResetSize())
+      Notify(Constdef::Notify_SizeChanged);
+  }
 
-  // Sizing.
-  static constexpr int PerclickInfoMinimumWidth = 80;
-  int DetectColWidth(int minimum, const QString& sample) const;
-  void DetectRowHeight();
-  int ColumnWidth(int tag) const;
-  int QueueColumnWidth() const;
-  void SetQueueColumnWidth();
-  void ResetSize();
-  /// Fits the frame and the grids to the columns. `margin`: what the frame is wider, in pixels.
-  void SetGridWidths(int margin);
-  void PriceGridResize();
-  void SetGridHeights();
-  void SetDisplayModeHeight();
-  void SetDataRowHeight(int height);
-  int PriceGridHeight(int rows) const;
-  int RowCount() const;
-  void MeasureWhenReady();
+  // Events of the depth control.
+  void SymbolMessageUpdate() {
+    if (UpdateMechanismPanels(*this, grids_.Price()))
+      Notify(Constdef::Notify_SizeChanged);
+  }
+  void SymbolRelatedUpdate() { UpdateRelatedInstruments(*this, grids_.Price()); }
+  void SymbolProductTypeUpdate() { mDetail->setVisible(AreDetailsOffered(grids_.Price())); }
+  void HandleRowChanged() {
+    GetHeight();
+    Notify(Constdef::Notify_SizeChanged);
+  }
 
-  // Updates.
-  void ConfigUpdate(TObject* sender, TObject* data);
-  void UpdateScale();
-  void InitBrokerColor();
-  void SetLastPriceFonts();
-  void SetTexts();
+  // Messages of the host.
+  void LoadLayoutComp();
+  void MainFormShow() { LoadLayoutComp(); }
+  void ScaleLayoutComp() {
+    if (measures_.HasHostsScale())
+      Measure();
+  }
+  void ConfigUpdate();
+  void UpdateCopySymbol(TObject* message) {
+    if (!state_.IsLocked())
+      following_.Follow(*edtSymbol, message);
+  }
+  void CopyPrice(TObject* message) {
+    if (!state_.IsLocked())
+      following_.FollowOrder(*edtSymbol, message, grids_.Price().Symbol());
+  }
 
-  // Painting, clicks and hints.
-  void PriceGridViewCustomDrawCell(Platform::TcxCanvas& canvas, int row, int column, bool& done);
-  void PerclickPriceGridViewCustomDrawCell(Platform::TcxCanvas& canvas, int row, int column,
-                                           bool& done);
-  void PerclickInfoGridViewCustomDrawCell(Platform::TcxCanvas& canvas, int row, int column,
-                                          bool& done);
-  void ApplyCellStyle(const TCellStyle& style, const TPriceControl* control,
-                      Platform::TcxCanvas& canvas, int row, int column, bool& done) const;
-  void PerclickInfoGridViewGetCellHeight(int row, int& height) const;
-  void PriceGridViewCellClick(int column);
-  void PerclickPriceGridViewCellClick(int column);
-  void PerclickInfoGridViewCellClick(int column);
-  void PriceGridViewMouseMove(const QPoint& position);
-  void ShowHintTimer(TObject* sender);
-  void HideHint();
-  void HandleRowChanged(TObject* sender);
+  // What a user does.
+  void edtSymbolExit() { SetSymbol(Symbol()); }
+  void edtSymbolKeyDown(int key) {
+    if (key == Platform::TcxPopupEdit::EnterKey)
+      edtSymbolExit();
+  }
+  void edtSymbolKeyPress(int character) {
+    if (character == Platform::TcxPopupEdit::EnterKey)
+      edtSymbol->selectAll();
+  }
+  void cmbWarrantPropertiesChange() { EnterChosen(*this, *cmbWarrant); }
+  void cmbRelatedPropertiesChange() { EnterChosen(*this, *cmbRelated); }
+  void PriceGridResize() { measures_.PriceGridResize(RowCount()); }
+  void btnDisplayModeClick();
+  void btnShowHideClick() { ToggleAndResize(state_.SymbolLineHidden); }
+  void btnLockClick() { Toggle(state_.Lock); }
+  void btnHideBrokerQueueClick();
+  void btnShowHideQtyClick() { ToggleAndResize(state_.QtyButtonsHidden); }
+  void btnProChartClick();
+  void btnRefreshClick() {
+    if (!Symbol().empty())
+      grids_.RefreshPrice();
+  }
+  void btnQtyClick(const Platform::TcxButton& sender) {
+    if (const int quantity = QuantityOfCaption(sender.text().toStdString()); quantity > 0)
+      grids_.Price().CopyQty(quantity);
+  }
+  void mBrokerNameClick() { SetShowBrokerName(!state_.ShowBrokerName); }
+  void mDetailClick() { detailWindows_.Open(Baseview::GetDialogForm(this, this), grids_.Price()); }
 
-  // Market-mechanism panels.
-  void SymbolMessageUpdate(TObject* sender);
-  void ClearMessageTexts();
-  void ShowMessageTexts();
-
-  // Related instruments and linking.
-  void SymbolRelatedUpdate(TObject* sender);
-  void cmbWarrantPropertiesChange();
-  void cmbRelatedPropertiesChange();
-  void EnterChosen(const Platform::TcxComboBox* box);
-  void UpdateCopySymbol(TObject* sender, TObject* data);
-  void CopyPrice(TObject* sender, TObject* data);
-  void UpdateLastPrice(TObject* sender);
-  bool IsLocked() const;
-  /// Language key of the warrant box: it lists the linked instruments of a warrant.
-  const char* WarrantHintKey() const;
-  TSymbolFollowing Following() const { return {groupID_, defaultGroupDataMode_}; }
-
-  // Details.
-  void SymbolProductTypeUpdate(TObject* sender);
-  void mDetailClick();
-  void CloseDetailForm(QWidget* sender, TCloseAction& action);
-  void SetDetailLanguage(int language);
-  void CloseDetailForms();
-
-  std::vector<Columninfo::TColumnInfo> priceColumns_;
-  std::vector<Columninfo::TColumnInfo> perclickPriceColumns_;
-  std::vector<Columninfo::TColumnInfo> perclickInfoColumns_;
-
-  // Each control belongs to its data source.
-  std::unique_ptr<TGridDataSource> priceSource_;
-  TPriceControl* priceControl_ = nullptr; ///< null only while constructing
-  std::unique_ptr<TGridDataSource> perclickPriceSource_;
-  TPerclickPriceControl* perclickPriceControl_ = nullptr; ///< per-click form only
-  std::unique_ptr<TGridDataSource> perclickInfoSource_;
-  TPerclickInfoControl* perclickInfoControl_ = nullptr; ///< per-click form only
-
-  Quorpricedatacontrol::TQuorMode displayMode_{};
-  std::string groupID_;
-  TColourTable colours_;
-
-  std::vector<std::unique_ptr<TCaptionButton>> captionButtons_; ///< in the order shown
-  TCaptionButton* btnShowHide_ = nullptr;
-  TCaptionButton* btnDisplayMode_ = nullptr; ///< not in the per-click form
-  TCaptionButton* btnLock_ = nullptr;
-  TCaptionButton* btnProChart_ = nullptr;        ///< when the chart is granted
-  TCaptionButton* btnRefresh_ = nullptr;         ///< per-click form only
-  TCaptionButton* btnHideBrokerQueue_ = nullptr; ///< when the feed has a broker queue
-  TCaptionButton* btnShowHideQty_ = nullptr;     ///< when a quantity button has a caption
-
-  bool showBrokerName_ = false;
-  std::map<std::int64_t, Quordetailview::TQuorDetailFrame*> detailFrames_; ///< by window
-  std::map<std::int64_t, QWidget*> detailForms_;                           ///< by window
-  int frameWidth_ = 0;
-  int hintRow_ = -1;
-  bool hintShown_ = false;
-  int hintTicks_ = 0;
-  int defaultGroupDataMode_ = -1;
-  bool highlightEnabled_ = false;
-  std::string specialBrokers_;
-  std::string specialBrokerColours_;
-  TBrokerColours brokerColours_;
-  int scale_ = 0; ///< snapped, in per cent; 0 until read
+  TViewState state_;
+  TSymbolFollowing following_;
   bool firstWidthRequest_ = true;
-  std::string symbol_; ///< last passed to the data controls
-  int rowHeight_ = 0;  ///< unscaled; 0 until measured
-  std::unique_ptr<Platform::TTimer> refreshTimer_;
-  bool refreshPending_ = false;
+  TBrokerHighlight highlight_;
+  TPriceGrids grids_{*this, highlight_, this};
+  TViewMeasures measures_{*this, state_};
+  TBrokerHint hint_{*this};
+  TCaptionButtons captionButtons_{*this};
+  TDetailWindows detailWindows_;
 };
 
 } // namespace Quorpriceview

@@ -1,11 +1,13 @@
 // How a cell is painted, decided without a widget.
 
+#include "view/CellPainting.h"
 #include "view/PaintingFixture.h"
 
 using namespace PaintingExpectations;
 using Quorpriceview::DepthCellStyle;
 using Quorpriceview::IsPerclickInfoValueRow;
 using Quorpriceview::PerclickInfoCellStyle;
+using Quorpriceview::PerclickInfoRowHeight;
 using Quorpriceview::PerclickPriceCellStyle;
 
 namespace {
@@ -191,6 +193,15 @@ TEST(PerclickInfoCellTest, EveryRow) {
 TEST(PerclickInfoCellTest, ValueRowsAreTheHighOnes) {
   for (int row = -1; row < 6; ++row)
     EXPECT_EQ(IsPerclickInfoValueRow(row), row == 1 || row == 3) << row;
+}
+
+TEST(PerclickInfoCellTest, ValueRowsTakeHalfAsMuchAgainHalvesToEven) {
+  for (const auto& [height, high] : {std::pair{20, 30}, {17, 26}, {19, 28}, {21, 32}}) {
+    EXPECT_EQ(PerclickInfoRowHeight(0, height), height);
+    EXPECT_EQ(PerclickInfoRowHeight(1, height), high) << height;
+    EXPECT_EQ(PerclickInfoRowHeight(2, height), height);
+    EXPECT_EQ(PerclickInfoRowHeight(3, height), high) << height;
+  }
 }
 
 } // namespace

@@ -1,8 +1,9 @@
 // What a view reads again when the host's configuration changes. The scale stands in ScaleTest.
 
-#include "view/ViewFixture.h"
+#include "view/PaintingFixture.h"
 
 using namespace Platform;
+using System::clWindow;
 
 namespace {
 
@@ -139,6 +140,75 @@ TEST_F(TBrokersTest, AClosedViewHearsNoMoreChanges) {
   host.config.Announce();
   EXPECT_EQ(host.config.ListenerCount(), 0);
   EXPECT_TRUE(host.viewHost.notifications.empty());
+}
+
+// Highlighted brokers on the screen.
+
+class TBrokerColoursTest : public TPaintingTest {
+protected:
+  /// Announced at once, as a preference page's values are.
+  void Configure(const char* enabled, const char* brokers, const char* colours) {
+    host.config.SetCurrent("SpecBrokerChecked", enabled);
+    host.config.SetCurrent("DetailSpecialBroker", brokers);
+    host.config.SetCurrent("DetailSpecialBrokerColor", colours);
+    host.config.Announce();
+  }
+
+  bool IsHighlighted(int row, int column) { return Cell(row, column).Bold; }
+};
+
+TEST_F(TBrokerColoursTest, TwoBrokersAndOneColour) {
+  PaintingExpectations::FillBook(host.Record("700"));
+  Configure("Y", "1234, 5678", "255");
+  Show();
+  EXPECT_EQ(Cell(1, 55).Text, "1234");
+  EXPECT_TRUE(Cell(1, 55).Bold);
+  EXPECT_EQ(Cell(1, 55).Color, qRgb(255, 0, 0));
+  EXPECT_EQ(Cell(1, 65).Text, "5678");
+  EXPECT_TRUE(Cell(1, 65).Bold);
+  EXPECT_EQ(Cell(1, 65).Color, Rgb(clWindow));
+  EXPECT_EQ(Cell(4, 55).Text, "0056");
+  EXPECT_FALSE(Cell(4, 55).Bold);
+  EXPECT_EQ(Cell(4, 55).Color, Rgb(PaintingExpectations::Skin.BidText));
+}
+
+TEST_F(TBrokerColoursTest, EachOfTheThreeKeysRepaintsTheGridAtOnce) {
+  PaintingExpectations::FillBook(host.Record("700"));
+  Configure("N", "1234", "255");
+  Show();
+  EXPECT_FALSE(IsHighlighted(1, 55));
+  Configure("Y", "1234", "255");
+  EXPECT_TRUE(IsHighlighted(1, 55));
+  Configure("Y", "5678", "255");
+  EXPECT_FALSE(IsHighlighted(1, 55));
+  EXPECT_TRUE(IsHighlighted(1, 65));
+  Configure("Y", "5678", "$00FF0000");
+  EXPECT_EQ(Cell(1, 65).Color, qRgb(0, 0, 255));
+  Configure("N", "5678", "$00FF0000");
+  EXPECT_FALSE(IsHighlighted(1, 65));
+}
+
+TEST_F(TBrokerColoursTest, TheListsComeFromTheSectionThatIsCurrentThen) {
+  PaintingExpectations::FillBook(host.Record("700"));
+  Configure("Y", "1234", "255");
+  Show();
+  EXPECT_TRUE(IsHighlighted(1, 55));
+  host.config.currentSection = "OTHER";
+  Configure("Y", "5678", "255");
+  EXPECT_FALSE(IsHighlighted(1, 55));
+  EXPECT_TRUE(IsHighlighted(1, 65));
+}
+
+TEST_F(TBrokerColoursTest, AnotherChangeKeepsTheHighlight) {
+  PaintingExpectations::FillBook(host.Record("700"));
+  Configure("Y", "1234", "255");
+  Show();
+  host.config.SetCurrent("CopyPriceStyle", "N");
+  host.config.Announce();
+  host.Record("700").Set(120, "1234,1234").Update();
+  TickRefresh();
+  EXPECT_TRUE(IsHighlighted(1, 55));
+  EXPECT_TRUE(IsHighlighted(2, 55));
 }
 
 } // namespace

@@ -1,43 +1,14 @@
 // Whose symbols a view follows: broadcasts of lists, its linking group, orders in order entry.
 
 #include "host/DataDef.h"
-#include "view/SymbolFollowing.h"
+#include "view/FollowingRules.h"
 #include "view/ViewFixture.h"
 
+using FollowingRules::Rules;
+using FollowingRules::TRule;
 using Platform::TcxPopupEdit;
-using Quorpriceview::TSymbolFollowing;
 
 namespace {
-
-/// What a view in `group` ("" for none) with a default group data mode does with a broadcast, and
-/// with group messages and orders of group A, of group B and of none.
-struct TRule {
-  const char* group;
-  const char* mode; ///< as configured
-  int value;        ///< as a number
-  bool broadcast;
-  bool groupA, groupB, groupNone;
-  bool orderA, orderB, orderNone;
-};
-
-constexpr TRule Rules[] = {
-    // Unset, or below 0: everything.
-    {"", "", -1, true, true, true, true, true, true, true},
-    {"A", "", -1, true, true, true, true, true, true, true},
-    {"A", "x", -1, true, true, true, true, true, true, true},
-    {"A", "-1", -1, true, true, true, true, true, true, true},
-    {"", "-2", -2, true, true, true, true, true, true, true},
-    // Linked: the own group only, whatever bit 0 says.
-    {"A", "0", 0, false, true, false, false, true, false, false},
-    {"A", "1", 1, false, true, false, false, true, false, false},
-    {"A", "2", 2, false, true, false, false, true, false, false},
-    {"A", "3", 3, false, true, false, false, true, false, false},
-    // Not linked: broadcasts and orders by bit 0.
-    {"", "0", 0, false, false, false, true, false, false, false},
-    {"", "1", 1, true, false, false, true, true, true, true},
-    {"", "2", 2, false, false, false, true, false, false, false},
-    {"", "3", 3, true, false, false, true, true, true, true},
-};
 
 class TRuleTest : public TViewTest, public testing::WithParamInterface<TRule> {
 protected:
@@ -61,17 +32,6 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(Modes, TRuleTest, testing::ValuesIn(Rules));
-
-TEST_P(TRuleTest, Decides) {
-  const TSymbolFollowing following{GetParam().group, GetParam().value};
-  EXPECT_EQ(following.FollowsBroadcast(), GetParam().broadcast);
-  EXPECT_EQ(following.FollowsGroup("A"), GetParam().groupA);
-  EXPECT_EQ(following.FollowsGroup("B"), GetParam().groupB);
-  EXPECT_EQ(following.FollowsGroup(""), GetParam().groupNone);
-  EXPECT_EQ(following.FollowsOrder("A"), GetParam().orderA);
-  EXPECT_EQ(following.FollowsOrder("B"), GetParam().orderB);
-  EXPECT_EQ(following.FollowsOrder(""), GetParam().orderNone);
-}
 
 TEST_P(TRuleTest, HoldsForTheLiveView) {
   Follow();

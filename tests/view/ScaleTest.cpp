@@ -1,45 +1,18 @@
-// Scale steps, and what a change of the host's scale does to an open view.
+// What a change of the host's scale does to an open view.
 
 #include "platform/HintController.h"
 #include "view/ScaleSteps.h"
 #include "view/ViewFixture.h"
+#include "view/ViewMeasures.h"
 
 using namespace Platform;
 using namespace Quorpriceview;
+using ScaleSteps::Steps;
+using ScaleSteps::TStep;
 
 namespace {
 
-struct TSnapped {
-  int configured;
-  int scale;
-};
-
-class TSnappedTest : public testing::TestWithParam<TSnapped> {};
-
-TEST_P(TSnappedTest, ToTheNextStep) {
-  EXPECT_EQ(SnappedScale(GetParam().configured), GetParam().scale);
-}
-
-constexpr TSnapped Snapped[] = {{-50, 100}, {0, 100},   {99, 100},  {100, 100}, {101, 115},
-                                {110, 115}, {115, 115}, {116, 125}, {125, 125}, {126, 135},
-                                {135, 135}, {136, 150}, {150, 150}, {200, 150}};
-
-INSTANTIATE_TEST_SUITE_P(Scale, TSnappedTest, testing::ValuesIn(Snapped));
-
-struct TStep {
-  int scale;
-  int columnFont;
-  int hintFont;
-  int margin;
-};
-
 class TStepTest : public TViewTest, public testing::WithParamInterface<TStep> {};
-
-TEST_P(TStepTest, HasItsFontsAndItsMargin) {
-  EXPECT_EQ(ColumnFontSize(GetParam().scale), GetParam().columnFont);
-  EXPECT_EQ(HintFontSize(GetParam().scale), GetParam().hintFont);
-  EXPECT_EQ(FrameMargin(GetParam().scale), GetParam().margin);
-}
 
 TEST_P(TStepTest, ReachesAnOpenViewWithTheConfiguration) {
   Open();
@@ -70,35 +43,7 @@ TEST_P(TStepTest, IsThatOfAViewThatOpensAtIt) {
   EXPECT_EQ(Find<TcxHintStyleController>("HintCtrl").Font.pointSize(), GetParam().hintFont);
 }
 
-constexpr TStep Steps[] = {
-    {100, 9, 8, 20}, {115, 11, 10, 23}, {125, 12, 11, 25}, {135, 13, 12, 27}, {150, 14, 13, 30}};
-
 INSTANTIATE_TEST_SUITE_P(Scale, TStepTest, testing::ValuesIn(Steps));
-
-TEST(TScaleStepsTest, AnyOtherScaleMeasuresAsAHundred) {
-  for (const int scale : {0, 110, 200})
-    EXPECT_EQ(ColumnFontSize(scale), 9) << scale;
-}
-
-struct TRow {
-  int height;
-  int scale;
-  int scaled;
-};
-
-class TRowHeightTest : public testing::TestWithParam<TRow> {};
-
-TEST_P(TRowHeightTest, GrowsByPerCentAndRoundsHalvesToEven) {
-  EXPECT_EQ(ScaledRowHeight(GetParam().height, GetParam().scale), GetParam().scaled);
-}
-
-constexpr TRow Rows[] = {{16, 0, 16},   {16, 100, 16}, {16, 115, 18}, {16, 125, 20}, {16, 135, 22},
-                         {16, 150, 24}, {10, 125, 12}, {14, 125, 18}, {18, 125, 22}, {17, 150, 25},
-                         {19, 150, 29}, {21, 150, 31}, {20, 115, 23}, {20, 135, 27}, {0, 150, 0}};
-
-INSTANTIATE_TEST_SUITE_P(Scale, TRowHeightTest, testing::ValuesIn(Rows));
-
-// An open view.
 
 class TScaleTest : public TViewTest {
 protected:

@@ -1,7 +1,7 @@
 // Column widths, grid heights and the size that a view asks its host for.
 
-#include "view/ScaleSteps.h"
 #include "view/ViewFixture.h"
+#include "view/ViewMeasures.h"
 
 #include <QCoreApplication>
 #include <QResizeEvent>

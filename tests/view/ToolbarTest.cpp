@@ -1,12 +1,11 @@
 // Caption buttons, the broker-name menu item, and which quantity buttons there are.
 
+#include "view/QtyCaptions.h"
 #include "view/ViewFixture.h"
 
-#include <QImage>
 #include <QPushButton>
 
 #include <optional>
-#include <set>
 
 using namespace Platform;
 
@@ -326,33 +325,23 @@ TEST_F(TToolbarTest, OneCaptionIsEnoughForTheButtons) {
   EXPECT_EQ(host.channels.sentOrders[0].quantity, 2'000);
 }
 
-TEST_F(TToolbarTest, AnAmpersandInACaptionIsNoKey) {
-  ConfigureQtyButton("Btn1", "R&D");
+class TQtyClickTest : public TToolbarTest,
+                      public testing::WithParamInterface<QtyCaptions::TCaption> {};
+
+TEST_P(TQtyClickTest, AClickCopiesWhatTheCaptionSays) {
+  ConfigureQtyButton("Btn3", GetParam().caption);
   Open();
-  EXPECT_EQ(Find<QPushButton>("btnQty1").text(), "R&&D");
-  EXPECT_TRUE(Find<QPushButton>("btnQty1").shortcut().isEmpty());
+  Type("700");
+  Find<QPushButton>("btnQty3").click();
+  const auto& orders = host.channels.sentOrders;
+  ASSERT_EQ(orders.size(), GetParam().quantity > 0 ? 1u : 0u);
+  if (orders.empty())
+    return;
+  EXPECT_EQ(orders[0].symbol, "700");
+  EXPECT_EQ(orders[0].quantity, GetParam().quantity);
+  EXPECT_EQ(orders[0].price, std::nullopt);
 }
 
-// Images.
-
-TEST_F(TToolbarTest, EveryImageShowsSomethingOfItsOwn) {
-  Open();
-  auto* images = frame->GetViewCaptionButtonImageList();
-  for (const int size : {16, 24, 32}) {
-    std::set<std::vector<uchar>> seen;
-    for (int index = 0; index < images->Count(); ++index) {
-      const auto picture = images->Image(index)
-                               .pixmap(QSize(size, size), 1.0)
-                               .toImage()
-                               .convertToFormat(QImage::Format_ARGB32);
-      ASSERT_EQ(picture.size(), QSize(size, size)) << index;
-      const std::vector<uchar> pixels(picture.constBits(),
-                                      picture.constBits() + picture.sizeInBytes());
-      EXPECT_NE(std::count(pixels.begin(), pixels.end(), 0), std::ssize(pixels)) << index;
-      EXPECT_TRUE(seen.insert(pixels).second) << index;
-    }
-    EXPECT_EQ(seen.size(), 12u);
-  }
-}
+INSTANTIATE_TEST_SUITE_P(Configured, TQtyClickTest, testing::ValuesIn(QtyCaptions::Captions));
 
 } // namespace

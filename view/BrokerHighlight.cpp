@@ -1,7 +1,11 @@
-#include "view/BrokerColours.h"
+#include "view/BrokerHighlight.h"
 
+#include "host/BaseConfigManager.h"
+#include "host/ConstDef.h"
 #include "model/RecordText.h"
 #include "platform/ColourText.h"
+
+#include <utility>
 
 namespace Quorpriceview {
 
@@ -26,6 +30,22 @@ TBrokerColours ParseBrokerColours(std::string_view brokers, std::string_view col
       parsed.insert_or_assign(std::string(broker), colour.value_or(System::clWindow));
   }
   return parsed;
+}
+
+bool TBrokerHighlight::ReadConfiguration() {
+  auto* config = Baseconfigmanager::TCustomConfigManager::GetInstance();
+  const auto section = config->CurrentSection();
+  bool changed = false;
+  const auto take = [&changed](auto& field, auto value) {
+    changed = changed || field != value;
+    field = std::move(value);
+  };
+  take(enabled_, config->ReadBoolean(section, Constdef::Key_SpecBrokerChecked));
+  take(brokers_, config->ReadString(section, Constdef::Key_DetailSpecialBroker));
+  take(brokerColours_, config->ReadString(section, Constdef::Key_DetailSpecialBrokerColor));
+  if (changed)
+    colours_ = ParseBrokerColours(brokers_, brokerColours_);
+  return changed;
 }
 
 } // namespace Quorpriceview

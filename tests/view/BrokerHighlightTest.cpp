@@ -1,8 +1,11 @@
 // Highlighted brokers: how the two configured lists are read, and how a view takes them over.
 
-#include "view/BrokerColours.h"
+#include "view/BrokerHighlight.h"
+
+#include "fakes/HostFakes.h"
 #include "platform/ColourText.h"
-#include "view/PaintingFixture.h"
+
+#include <gtest/gtest.h>
 
 using namespace Quorpriceview;
 using System::clWindow;
@@ -64,71 +67,55 @@ TEST(ColourTextTest, IsReadBackAsItWasWritten) {
     EXPECT_EQ(Platform::ParseColour(Platform::ColourText(colour)), colour);
 }
 
-class TBrokerColoursTest : public TPaintingTest {
+// What a view takes over from the configuration.
+
+class TBrokerHighlightTest : public testing::Test {
 protected:
-  /// Announced at once, as a preference page's values are.
-  void Configure(const char* enabled, const char* brokers, const char* colours) {
+  /// Whether that changed anything.
+  bool Configure(const char* enabled, const char* brokers, const char* colours) {
     host.config.SetCurrent("SpecBrokerChecked", enabled);
     host.config.SetCurrent("DetailSpecialBroker", brokers);
     host.config.SetCurrent("DetailSpecialBrokerColor", colours);
-    host.config.Announce();
+    return highlight.ReadConfiguration();
   }
 
-  bool IsHighlighted(int row, int column) { return Cell(row, column).Bold; }
+  Fakes::THostFakes host;
+  TBrokerHighlight highlight;
 };
 
-TEST_F(TBrokerColoursTest, TwoBrokersAndOneColour) {
-  PaintingExpectations::FillBook(host.Record("700"));
-  Configure("Y", "1234, 5678", "255");
-  Show();
-  EXPECT_EQ(Cell(1, 55).Text, "1234");
-  EXPECT_TRUE(Cell(1, 55).Bold);
-  EXPECT_EQ(Cell(1, 55).Color, qRgb(255, 0, 0));
-  EXPECT_EQ(Cell(1, 65).Text, "5678");
-  EXPECT_TRUE(Cell(1, 65).Bold);
-  EXPECT_EQ(Cell(1, 65).Color, Rgb(clWindow));
-  EXPECT_EQ(Cell(4, 55).Text, "0056");
-  EXPECT_FALSE(Cell(4, 55).Bold);
-  EXPECT_EQ(Cell(4, 55).Color, Rgb(PaintingExpectations::Skin.BidText));
+TEST_F(TBrokerHighlightTest, WhileItIsOffThereIsNone) {
+  EXPECT_EQ(highlight.Colours(), nullptr);
+  EXPECT_FALSE(highlight.ReadConfiguration()) << "nothing is configured";
+  EXPECT_TRUE(Configure("N", "1234", "255"));
+  EXPECT_EQ(highlight.Colours(), nullptr);
+  EXPECT_TRUE(Configure("Y", "1234", "255"));
+  ASSERT_NE(highlight.Colours(), nullptr);
+  EXPECT_EQ(*highlight.Colours(), (TBrokerColours{{"1234", 255}}));
+  EXPECT_TRUE(Configure("N", "1234", "255"));
+  EXPECT_EQ(highlight.Colours(), nullptr);
 }
 
-TEST_F(TBrokerColoursTest, EachOfTheThreeKeysRepaintsTheGridAtOnce) {
-  PaintingExpectations::FillBook(host.Record("700"));
-  Configure("N", "1234", "255");
-  Show();
-  EXPECT_FALSE(IsHighlighted(1, 55));
+TEST_F(TBrokerHighlightTest, EachOfTheThreeKeysIsAChangeAndNothingElse) {
   Configure("Y", "1234", "255");
-  EXPECT_TRUE(IsHighlighted(1, 55));
-  Configure("Y", "5678", "255");
-  EXPECT_FALSE(IsHighlighted(1, 55));
-  EXPECT_TRUE(IsHighlighted(1, 65));
-  Configure("Y", "5678", "$00FF0000");
-  EXPECT_EQ(Cell(1, 65).Color, qRgb(0, 0, 255));
-  Configure("N", "5678", "$00FF0000");
-  EXPECT_FALSE(IsHighlighted(1, 65));
-}
-
-TEST_F(TBrokerColoursTest, TheListsComeFromTheSectionThatIsCurrentThen) {
-  PaintingExpectations::FillBook(host.Record("700"));
-  Configure("Y", "1234", "255");
-  Show();
-  EXPECT_TRUE(IsHighlighted(1, 55));
-  host.config.currentSection = "OTHER";
-  Configure("Y", "5678", "255");
-  EXPECT_FALSE(IsHighlighted(1, 55));
-  EXPECT_TRUE(IsHighlighted(1, 65));
-}
-
-TEST_F(TBrokerColoursTest, AnotherChangeKeepsTheHighlight) {
-  PaintingExpectations::FillBook(host.Record("700"));
-  Configure("Y", "1234", "255");
-  Show();
+  EXPECT_FALSE(Configure("Y", "1234", "255"));
   host.config.SetCurrent("CopyPriceStyle", "N");
-  host.config.Announce();
-  host.Record("700").Set(120, "1234,1234").Update();
-  TickRefresh();
-  EXPECT_TRUE(IsHighlighted(1, 55));
-  EXPECT_TRUE(IsHighlighted(2, 55));
+  EXPECT_FALSE(highlight.ReadConfiguration());
+  EXPECT_EQ(*highlight.Colours(), (TBrokerColours{{"1234", 255}}));
+  EXPECT_TRUE(Configure("Y", "5678", "255"));
+  EXPECT_EQ(*highlight.Colours(), (TBrokerColours{{"5678", 255}}));
+  EXPECT_TRUE(Configure("Y", "5678", "$00FF0000"));
+  EXPECT_EQ(*highlight.Colours(), (TBrokerColours{{"5678", 0xFF0000}}));
+  EXPECT_TRUE(Configure("Y", " 5678", "$00FF0000")) << "as a text, though it means the same";
+  EXPECT_EQ(*highlight.Colours(), (TBrokerColours{{"5678", 0xFF0000}}));
+}
+
+TEST_F(TBrokerHighlightTest, IsThatOfTheSectionThatIsCurrentThen) {
+  Configure("Y", "1234", "255");
+  host.config.currentSection = "OTHER";
+  EXPECT_TRUE(highlight.ReadConfiguration());
+  EXPECT_EQ(highlight.Colours(), nullptr);
+  EXPECT_TRUE(Configure("Y", "5678", "1"));
+  EXPECT_EQ(*highlight.Colours(), (TBrokerColours{{"5678", 1}}));
 }
 
 } // namespace

@@ -16,4 +16,18 @@ using TBrokerColours = std::map<std::string, System::TColor, std::less<>>;
 /// one broker the later holds; blank IDs are skipped.
 TBrokerColours ParseBrokerColours(std::string_view brokers, std::string_view colours);
 
+/// The brokers that the user wants to see at once in the queue.
+class TBrokerHighlight {
+public:
+  /// Reads them from the configuration; true when anything of it changed.
+  bool ReadConfiguration();
+  /// Null while highlighting is off.
+  const TBrokerColours* Colours() const { return enabled_ ? &colours_ : nullptr; }
+
+private:
+  bool enabled_ = false;
+  std::string brokers_, brokerColours_; ///< the lists as they are configured
+  TBrokerColours colours_;
+};
+
 } // namespace Quorpriceview

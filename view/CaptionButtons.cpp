@@ -1,0 +1,73 @@
+#include "view/CaptionButtons.h"
+
+#include "view/CaptionImages.h"
+#include "view/QuorPriceForm.h"
+#include "view/Texts.h"
+
+#include <utility>
+
+namespace Quorpriceview {
+
+using namespace Quorpricedatacontrol;
+using Viewinterface::TCaptionButton;
+
+namespace {
+
+struct TFace {
+  TCaptionImage Image;
+  const char* Key; ///< of the text
+};
+
+/// The face of a button while its switch is off, and while it is on.
+struct TLook {
+  TSwitch TViewState::*Switch; ///< null: none
+  TFace Off, On;
+};
+
+/// In the order of TCaptionKind.
+constexpr TLook Looks[] = {
+    {nullptr, {im10Levels, "Res_PriceDepth10"}, {im5Levels, "Res_PriceDepth5"}},
+    {nullptr, {imRefresh, "Res_QuoteRefresh"}, {}},
+    {&TViewState::SymbolLineHidden, {imLess, "Res_Less"}, {imMore, "Res_More"}},
+    {&TViewState::Lock, {imLock, "Res_Lock"}, {imUnlock, "Res_Unlock"}},
+    {nullptr, {imChart, "Res_ProChart"}, {}},
+    {&TViewState::QueueHidden,
+     {imHideBrokerQueue, "Res_HideBrokerQueue"},
+     {imShowBrokerQueue, "Res_ShowBrokerQueue"}},
+    {&TViewState::QtyButtonsHidden, {imHideQty, "Res_HideQtyBtn"}, {imShowQty, "Res_ShowQtyBtn"}},
+};
+
+} // namespace
+
+void TCaptionButtons::Add(TCaptionKind kind, System::TNotifyEvent onClick) {
+  auto& button = buttons_[kind] = std::make_unique<TCaptionButton>();
+  button->OnClick = std::move(onClick);
+}
+
+std::vector<TCaptionButton*> TCaptionButtons::List() const {
+  std::vector<TCaptionButton*> list;
+  for (const auto& [kind, button] : buttons_)
+    list.push_back(button.get());
+  return list;
+}
+
+void TCaptionButtons::Update(const TViewState& state) {
+  for (const auto& [kind, button] : buttons_) {
+    const auto& look = Looks[static_cast<std::size_t>(kind)];
+    button->State = look.Switch ? (state.*look.Switch).Number : 0;
+    const bool levels = kind == TCaptionKind::DisplayMode;
+    if (levels && state.DisplayMode == qm10Simple)
+      continue; // as it was
+    const bool on = levels ? state.DisplayMode == qm10Full : button->State != 0;
+    const auto& face = on ? look.On : look.Off;
+    button->ImageIndex = face.Image;
+    button->Hint = Translated(face.Key).toStdString();
+  }
+  form_.lgSymbol->SetVisibleFlag(!state.SymbolLineHidden.IsOn());
+  if (state.HasQueueButton)
+    form_.mBrokerName->setVisible(!state.QueueHidden.IsOn());
+  if (state.HasQtyButtons)
+    form_.lgBtn->SetVisibleFlag(!state.QtyButtonsHidden.IsOn());
+}
+
+} // namespace Quorpriceview
