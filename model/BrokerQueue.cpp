@@ -3,6 +3,7 @@
 #include "host/BaseLanguageManager.h"
 #include "host/BaseMarketAdapter.h"
 #include "model/RecordText.h"
+#include "text/Strings.h"
 
 #include <algorithm>
 
@@ -23,7 +24,7 @@ bool BeginsWithSign(std::string_view entry) {
 std::string_view WithoutFirstCharacter(std::string_view text) {
   do
     text.remove_prefix(1);
-  while (!text.empty() && IsContinuation(text.front()));
+  while (!text.empty() && Text::IsContinuation(text.front()));
   return text;
 }
 
@@ -86,8 +87,8 @@ void TBrokerQueue::TEntries::Update(std::string_view text) {
     return;
   Text = text;
   Pieces.clear();
-  ForEachPiece(Text, [this](std::string_view piece) {
-    if (const auto entry = Trim(piece); !entry.empty())
+  Text::ForEachPiece(Text, [this](std::string_view piece) {
+    if (const auto entry = Text::Trim(piece); !entry.empty())
       Pieces.push_back(entry);
   });
 }

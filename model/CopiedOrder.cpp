@@ -5,6 +5,7 @@
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
 #include "model/HeaderRows.h"
+#include "text/Numbers.h"
 
 namespace Quorpricedatacontrol {
 
@@ -27,7 +28,7 @@ double SizeDownTo(const TCustomSubItem& record, TLevelPosition position) {
 /// level lies below it in the book.
 std::optional<double> PriceFromBest(const TCustomSubItem& record, TLevelPosition position) {
   const auto* table = ReadySpreadTable(record);
-  const auto best = ParseNumber(record.GetText(FieldsOf(position.Side)->Price.front()));
+  const auto best = Text::ParseNumber(record.GetText(FieldsOf(position.Side)->Price.front()));
   if (!table || !best)
     return std::nullopt;
   const int steps = position.Side == Side::Bid ? -position.Level : position.Level;

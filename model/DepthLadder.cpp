@@ -4,6 +4,7 @@
 #include "host/BaseMarketAdapter.h"
 #include "host/ConstDef.h"
 #include "model/ResourceText.h"
+#include "text/Numbers.h"
 
 namespace Quorpricedatacontrol {
 
@@ -27,7 +28,7 @@ TMarketDataType DetectOnSide(const TCustomSubItem& record, const Field::TSideFie
 }
 
 std::string OrderCountText(const TCustomSubItem* record, int field) {
-  const int count = IsReady(record) ? ParseInteger(record->GetText(field)).value_or(0) : 0;
+  const int count = IsReady(record) ? Text::ParseInteger(record->GetText(field)).value_or(0) : 0;
   if (count <= 0)
     return {};
   return '(' + TCustomFormatter::GetInstance()->FormatNumber(count, 0) + ')';

@@ -4,6 +4,7 @@
 #include "host/ConstDef.h"
 #include "model/QuorTypes.h"
 #include "model/ResourceText.h"
+#include "text/Numbers.h"
 
 #include <cmath>
 
@@ -154,7 +155,8 @@ const TDetailRow* LineOf(TInstrumentKind kind, int field) {
 }
 
 TInstrumentKind KindOf(const TCustomSubItem* record, bool isCBBC) {
-  switch (IsReady(record) ? ParseInteger(record->GetText(Field::ProductType)).value_or(0) : 0) {
+  switch (IsReady(record) ? Text::ParseInteger(record->GetText(Field::ProductType)).value_or(0)
+                          : 0) {
   case Constdef::ProductType_Stock:
     return ikStock;
   case Constdef::ProductType_Warrant:

@@ -1,6 +1,7 @@
 #include "model/InstrumentFigures.h"
 
 #include "model/QuorTypes.h"
+#include "text/Strings.h"
 
 #include <cmath>
 
@@ -15,7 +16,7 @@ constexpr int CategoryPosition = 8;
 /// First byte of the character at a position counted in characters; 0 beyond the end.
 char CharacterAt(std::string_view text, int position) {
   for (const char c : text)
-    if (!IsContinuation(c) && position-- == 0)
+    if (!Text::IsContinuation(c) && position-- == 0)
       return c;
   return 0;
 }

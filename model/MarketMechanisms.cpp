@@ -3,6 +3,7 @@
 #include "host/BaseFormatter.h"
 #include "model/QuorTypes.h"
 #include "model/ResourceText.h"
+#include "text/Strings.h"
 
 namespace Quorpricedatacontrol {
 
@@ -89,7 +90,7 @@ TConcealedExchanges ParseConcealedExchanges(std::string_view value) {
   TConcealedExchanges exchanges;
   if (value.empty())
     return exchanges;
-  ForEachPiece(value, [&exchanges](std::string_view piece) {
+  Text::ForEachPiece(value, [&exchanges](std::string_view piece) {
     std::string code(piece);
     for (char& c : code)
       if (c >= 'a' && c <= 'z')

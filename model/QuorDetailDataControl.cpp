@@ -2,6 +2,7 @@
 
 #include "host/BaseSubscribeAdapter.h"
 #include "host/ConstDef.h"
+#include "text/Strings.h"
 
 namespace Quorpricedatacontrol {
 
@@ -23,7 +24,7 @@ void TCustomQuorDetailDataControl::SetSymbol(std::string symbol) {
   instrument_.Record = Subscribe(symbol_);
   if (IsReady(instrument_.Record))
     // A copy: subscribing may update the record.
-    if (const std::string underlying(Trim(instrument_.Record->GetText(Field::Underlying)));
+    if (const std::string underlying(Text::Trim(instrument_.Record->GetText(Field::Underlying)));
         !underlying.empty())
       instrument_.Underlying = Subscribe(underlying);
   InitDataList();

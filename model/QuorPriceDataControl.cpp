@@ -6,6 +6,7 @@
 #include "host/BaseSubscribeAdapter.h"
 #include "host/MarketTradeSideDetector.h"
 #include "model/ResourceText.h"
+#include "text/Numbers.h"
 
 namespace Quorpricedatacontrol {
 
@@ -231,7 +232,8 @@ void TCustomQuorMarketDataControl::DetectMarketDataType() {
 }
 
 void TCustomQuorMarketDataControl::ReadField22() {
-  field22Value_ = ParseInteger(record_->GetText(Field::ProductType)).value_or(UnknownProductType);
+  field22Value_ =
+      Text::ParseInteger(record_->GetText(Field::ProductType)).value_or(UnknownProductType);
 }
 
 void TCustomQuorMarketDataControl::UpdateSymbolHeader() {

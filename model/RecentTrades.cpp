@@ -3,6 +3,7 @@
 #include "host/BaseFormatter.h"
 #include "host/MarketTradeSideDetector.h"
 #include "model/RecordText.h"
+#include "text/Strings.h"
 
 namespace Quorpricedatacontrol {
 
@@ -31,7 +32,7 @@ TTradeInfo TradeInfoAt(std::string_view symbol, int row) {
   const auto* trade = trades ? trades->GetTrade(row - FirstTradeRow) : nullptr;
   if (!trade)
     return {};
-  const std::string_view time = Trim(trade->Time);
+  const std::string_view time = Text::Trim(trade->Time);
   if (time.empty())
     return {};
   return {true, MarkedTime(time, trade->Side), trade->Quantity,

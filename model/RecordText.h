@@ -1,8 +1,6 @@
 #pragma once
 
 #include "host/BaseSubscribeData.h"
-#include "text/Numbers.h"
-#include "text/Strings.h"
 
 #include <string>
 #include <string_view>
@@ -24,11 +22,5 @@ std::string PriceText(const TCustomSubItem* record, int field);
 std::string VolumeText(const TCustomSubItem* record, int field);
 /// The field as a quantity in shares; empty when the record does not give it.
 std::string QuantityText(const TCustomSubItem* record, int field);
-
-using Text::ForEachPiece;
-using Text::IsContinuation;
-using Text::ParseInteger;
-using Text::ParseNumber;
-using Text::Trim;
 
 } // namespace Quorpricedatacontrol

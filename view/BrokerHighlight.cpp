@@ -4,6 +4,7 @@
 #include "host/ConstDef.h"
 #include "model/RecordText.h"
 #include "platform/ColourText.h"
+#include "text/Strings.h"
 
 #include <utility>
 
@@ -16,7 +17,7 @@ std::string_view TakeElement(std::string_view& list) {
   const auto comma = list.find(',');
   const auto element = list.substr(0, comma);
   list.remove_prefix(comma == std::string_view::npos ? list.size() : comma + 1);
-  return Quorpricedatacontrol::Trim(element);
+  return Text::Trim(element);
 }
 
 } // namespace

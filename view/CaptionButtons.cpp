@@ -1,5 +1,6 @@
 #include "view/CaptionButtons.h"
 
+#include "host/ConstDef.h"
 #include "view/CaptionImages.h"
 #include "view/QuorPriceForm.h"
 #include "view/Texts.h"
@@ -20,27 +21,41 @@ struct TFace {
 
 /// The face of a button while its switch is off, and while it is on.
 struct TLook {
+  std::string_view Name;
   TSwitch TViewState::*Switch; ///< null: none
   TFace Off, On;
 };
 
 /// In the order of TCaptionKind.
 constexpr TLook Looks[] = {
-    {nullptr, {im10Levels, "Res_PriceDepth10"}, {im5Levels, "Res_PriceDepth5"}},
-    {nullptr, {imRefresh, "Res_QuoteRefresh"}, {}},
-    {&TViewState::SymbolLineHidden, {imLess, "Res_Less"}, {imMore, "Res_More"}},
-    {&TViewState::Lock, {imLock, "Res_Lock"}, {imUnlock, "Res_Unlock"}},
-    {nullptr, {imChart, "Res_ProChart"}, {}},
-    {&TViewState::QueueHidden,
+    {Constdef::Button_DisplayMode,
+     nullptr,
+     {im10Levels, "Res_PriceDepth10"},
+     {im5Levels, "Res_PriceDepth5"}},
+    {Constdef::Button_Refresh, nullptr, {imRefresh, "Res_QuoteRefresh"}, {}},
+    {Constdef::Button_ShowHide,
+     &TViewState::SymbolLineHidden,
+     {imLess, "Res_Less"},
+     {imMore, "Res_More"}},
+    {Constdef::Button_Lock, &TViewState::Lock, {imLock, "Res_Lock"}, {imUnlock, "Res_Unlock"}},
+    {Constdef::Button_Chart, nullptr, {imChart, "Res_ProChart"}, {}},
+    {Constdef::Button_BrokerQueue,
+     &TViewState::QueueHidden,
      {imHideBrokerQueue, "Res_HideBrokerQueue"},
      {imShowBrokerQueue, "Res_ShowBrokerQueue"}},
-    {&TViewState::QtyButtonsHidden, {imHideQty, "Res_HideQtyBtn"}, {imShowQty, "Res_ShowQtyBtn"}},
+    {Constdef::Button_Quantity,
+     &TViewState::QtyButtonsHidden,
+     {imHideQty, "Res_HideQtyBtn"},
+     {imShowQty, "Res_ShowQtyBtn"}},
 };
+
+const TLook& LookOf(TCaptionKind kind) { return Looks[static_cast<std::size_t>(kind)]; }
 
 } // namespace
 
 void TCaptionButtons::Add(TCaptionKind kind, System::TNotifyEvent onClick) {
   auto& button = buttons_[kind] = std::make_unique<TCaptionButton>();
+  button->Name = LookOf(kind).Name;
   button->OnClick = std::move(onClick);
 }
 
@@ -53,7 +68,7 @@ std::vector<TCaptionButton*> TCaptionButtons::List() const {
 
 void TCaptionButtons::Update(const TViewState& state) {
   for (const auto& [kind, button] : buttons_) {
-    const auto& look = Looks[static_cast<std::size_t>(kind)];
+    const TLook& look = LookOf(kind);
     button->State = look.Switch ? (state.*look.Switch).Number : 0;
     const bool levels = kind == TCaptionKind::DisplayMode;
     if (levels && state.DisplayMode == qm10Simple)

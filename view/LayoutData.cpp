@@ -1,15 +1,17 @@
 #include "view/LayoutData.h"
 
 #include "model/RecordText.h"
+#include "text/Numbers.h"
+#include "text/Strings.h"
 
 #include <algorithm>
 #include <cctype>
 
 namespace Quorpriceview {
 
-using Quorpricedatacontrol::ParseInteger;
-using Quorpricedatacontrol::ParseNumber;
-using Quorpricedatacontrol::Trim;
+using Text::ParseInteger;
+using Text::ParseNumber;
+using Text::Trim;
 
 int IntegerOf(const TLayoutData& layout, std::string_view name) {
   return ParseInteger(layout.Value(name)).value_or(0);

@@ -3,6 +3,7 @@
 #include "host/BaseConfigManager.h"
 #include "host/ConstDef.h"
 #include "model/RecordText.h"
+#include "text/Numbers.h"
 #include "view/QuorPriceForm.h"
 
 #include <cctype>
@@ -23,9 +24,8 @@ int QuantityOfCaption(std::string_view caption) {
     multiplier = last == 'K' ? 1'000 : 1'000'000;
     text.pop_back();
   }
-  return static_cast<int>(
-      static_cast<std::uint32_t>(Quorpricedatacontrol::ParseInteger(text).value_or(0)) *
-      multiplier);
+  return static_cast<int>(static_cast<std::uint32_t>(Text::ParseInteger(text).value_or(0)) *
+                          multiplier);
 }
 
 bool SetQtyButtonCaptions(TQuorPriceForm& form) {

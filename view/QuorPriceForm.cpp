@@ -1,5 +1,6 @@
 #include "view/QuorPriceForm.h"
 
+#include "host/ConstDef.h"
 #include "view/CaptionImages.h"
 
 #include <QVBoxLayout>
@@ -92,7 +93,7 @@ void TQuorPriceForm::BuildSymbolLine() {
   lblPOS->setText(" P ");
   lblVCM->setText(" V ");
   lblCAS->setText(" C ");
-  edtSymbol = Named("edtSymbol", new TcxPopupEdit);
+  edtSymbol = Named(Constdef::Component_SymbolBox, new TcxPopupEdit);
   edtSymbol->setMinimumWidth(SymbolMinimumWidth);
   edtSymbol->setPlaceholderText("Symbol");
   lgSymbol->AddItem("liSymbol", edtSymbol, true);
@@ -103,7 +104,7 @@ void TQuorPriceForm::BuildSymbolLine() {
 
 void TQuorPriceForm::BuildGrids() {
   auto* lgGrid = lcGrid->Root()->AddGroup("lgGrid", TLayoutDirection::Horizontal);
-  PriceGrid = NewGrid("PriceGrid", {585, 200});
+  PriceGrid = NewGrid(Constdef::Component_PriceGrid, {585, 200});
   PriceGridView = PriceGrid->View();
   liGrid = lgGrid->AddItem("liGrid", PriceGrid);
   lgGrid->AddStretch();
@@ -164,7 +165,7 @@ void TQuorPriceForm::BuildQtyButtons() {
   for (auto*& button : btnQty) {
     auto* row = number < QtyButtonCount / 2 ? top : bottom;
     const auto name = QString::number(++number);
-    button = Named("btnQty" + name, new TcxButton);
+    button = Named(Constdef::ComponentPrefix_QtyButton + name, new TcxButton);
     button->setFixedSize(QtyButtonSize);
     row->AddItem("liBtn" + name, button);
   }
@@ -175,10 +176,11 @@ void TQuorPriceForm::BuildMenu() {
   AddCaptionImages(*imgList);
 
   auto* manager = Named("BarMgr", new TdxBarManager(this));
-  mBrokerName = Named("mBrokerName", new TdxBarButton("Show Broker Name", manager));
+  mBrokerName =
+      Named(Constdef::Component_BrokerNameItem, new TdxBarButton("Show Broker Name", manager));
   mBrokerName->setToolTip(mBrokerName->text());
   mBrokerName->setCheckable(true);
-  mDetail = Named("mDetail", new TdxBarButton("Detail", manager));
+  mDetail = Named(Constdef::Component_DetailItem, new TdxBarButton("Detail", manager));
   mDetail->setToolTip(mDetail->text());
   auto* menu = Named("PopUpMenu", new TdxBarPopupMenu(this));
   menu->addAction(mDetail);

@@ -163,14 +163,14 @@ bool TQuorPriceFrame::ExecuteShortcutAction(int action) {
 
 std::string TQuorPriceFrame::GetLayoutData() {
   TLayoutData layout;
-  layout.Add("Symbol", Symbol());
+  layout.Add(Constdef::Layout_Symbol, Symbol());
   state_.Write(layout);
   return layout.CommaText();
 }
 
 bool TQuorPriceFrame::SetLayoutData(const std::string& text) {
   const TLayoutData layout(text);
-  if (const auto symbol = layout.Value("Symbol"); !symbol.empty())
+  if (const auto symbol = layout.Value(Constdef::Layout_Symbol); !symbol.empty())
     EnterSymbol(*edtSymbol, symbol);
   state_.ReadDisplayMode(layout);
   grids_.Price().SetDisplayMode(state_.DisplayMode);

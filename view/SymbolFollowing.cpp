@@ -6,6 +6,7 @@
 #include "host/ConstDef.h"
 #include "host/DataDef.h"
 #include "model/RecordText.h"
+#include "text/Numbers.h"
 
 namespace Quorpriceview {
 
@@ -23,7 +24,7 @@ void EnterSymbol(Platform::TcxPopupEdit& box, const std::string& symbol) {
 void TSymbolFollowing::ReadConfiguration() {
   const auto mode = Baseconfigmanager::TCustomConfigManager::GetInstance()->ReadString(
       Constdef::Section_TradePlatform, Constdef::Key_DefaultGroupDataMode);
-  GroupDataMode = Quorpricedatacontrol::ParseInteger(mode).value_or(-1);
+  GroupDataMode = Text::ParseInteger(mode).value_or(-1);
 }
 
 bool TSymbolFollowing::FollowsBroadcast() const {

@@ -1,5 +1,7 @@
 #include "view/ViewState.h"
 
+#include "host/ConstDef.h"
+
 #include <stdexcept>
 
 namespace Quorpriceview {
@@ -9,24 +11,24 @@ using namespace Quorpricedatacontrol;
 void TViewState::SwitchLevels() { DisplayMode = DisplayMode == qm5Full ? qm10Full : qm5Full; }
 
 void TViewState::Write(TLayoutData& layout) const {
-  layout.Add("DisplayMode", DisplayMode);
-  layout.Add("ShowHideState", SymbolLineHidden.Number);
-  layout.Add("ShowBrokerName", ShowBrokerName ? -1 : 0);
-  layout.Add("LockState", Lock.Number);
+  layout.Add(Constdef::Layout_DisplayMode, DisplayMode);
+  layout.Add(Constdef::Layout_ShowHideState, SymbolLineHidden.Number);
+  layout.Add(Constdef::Layout_ShowBrokerName, ShowBrokerName ? -1 : 0);
+  layout.Add(Constdef::Layout_LockState, Lock.Number);
   if (HasQueueButton)
-    layout.Add("BrokerQueueState", QueueHidden.Number);
+    layout.Add(Constdef::Layout_BrokerQueueState, QueueHidden.Number);
   if (HasQtyButtons)
-    layout.Add("QtyButtonState", QtyButtonsHidden.Number);
+    layout.Add(Constdef::Layout_QtyButtonState, QtyButtonsHidden.Number);
 }
 
 void TViewState::ReadDisplayMode(const TLayoutData& layout) {
-  const int ordinal = layout.Integer("DisplayMode");
+  const int ordinal = IntegerOf(layout, Constdef::Layout_DisplayMode);
   const bool known = ordinal >= qm5Full && ordinal <= qm10Full;
   DisplayMode = known ? static_cast<TQuorMode>(ordinal) : qm5Full;
 }
 
 std::optional<bool> TViewState::ReadShowBrokerName(const TLayoutData& layout) {
-  const auto value = layout.Value("ShowBrokerName");
+  const auto value = layout.Value(Constdef::Layout_ShowBrokerName);
   const auto show = ParseBoolean(value);
   if (!value.empty() && !show)
     throw std::invalid_argument("\"" + value + "\" is not a value of ShowBrokerName");
@@ -34,12 +36,12 @@ std::optional<bool> TViewState::ReadShowBrokerName(const TLayoutData& layout) {
 }
 
 void TViewState::ReadSwitches(const TLayoutData& layout) {
-  SymbolLineHidden.Number = layout.Integer("ShowHideState");
-  Lock.Number = layout.Integer("LockState");
+  SymbolLineHidden.Number = IntegerOf(layout, Constdef::Layout_ShowHideState);
+  Lock.Number = IntegerOf(layout, Constdef::Layout_LockState);
   if (HasQueueButton)
-    QueueHidden.Number = layout.Integer("BrokerQueueState");
+    QueueHidden.Number = IntegerOf(layout, Constdef::Layout_BrokerQueueState);
   if (HasQtyButtons)
-    QtyButtonsHidden.Number = layout.Integer("QtyButtonState");
+    QtyButtonsHidden.Number = IntegerOf(layout, Constdef::Layout_QtyButtonState);
 }
 
 } // namespace Quorpriceview

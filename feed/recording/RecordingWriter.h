@@ -31,6 +31,6 @@ private:
 
 /// Records `length` of a market from its first moment on. Empty when everything is in the file.
 std::optional<Data::TProblem> WriteRecording(const TChangeStream& market, TTimeOfDay length,
-                           const std::filesystem::path& path);
+                                             const std::filesystem::path& path);
 
 } // namespace Feed

@@ -5,7 +5,7 @@
 #include "fuzz/Fuzz.h"
 #include "model/RecordText.h"
 #include "preferences/BrokerList.h"
-#include "view/BrokerColours.h"
+#include "view/BrokerHighlight.h"
 
 namespace {
 

@@ -14,7 +14,8 @@ inline const Feed::TSourceKind& KindOf(const std::string& option) {
   throw std::invalid_argument(option);
 }
 
-inline std::optional<Data::TProblem> Open(Terminal::TMarketPlayer& player, const QString& recording) {
+inline std::optional<Data::TProblem> Open(Terminal::TMarketPlayer& player,
+                                          const QString& recording) {
   return player.Open(KindOf("--replay"), {{"--replay", recording.toStdString()}});
 }
 

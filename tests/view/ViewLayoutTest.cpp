@@ -1,7 +1,7 @@
 // How a view writes and reads its layout data.
 
-#include "view/LayoutData.h"
 #include "host/TroublesomeText.h"
+#include "view/LayoutData.h"
 #include "view/ViewFixture.h"
 
 #include <stdexcept>
@@ -233,8 +233,8 @@ TEST_F(TViewLayoutTest, NoTextBreaksAView) {
       ++refused;
     }
     const TLayoutData now(frame->GetLayoutData());
-    ASSERT_GE(now.Integer("DisplayMode"), 0);
-    ASSERT_LE(now.Integer("DisplayMode"), 2);
+    ASSERT_GE(IntegerOf(now, "DisplayMode"), 0);
+    ASSERT_LE(IntegerOf(now, "DisplayMode"), 2);
     ASSERT_TRUE(now.Value("Symbol").empty() || host.editors.listed.contains(now.Value("Symbol")));
   }
   EXPECT_GT(refused, 0);

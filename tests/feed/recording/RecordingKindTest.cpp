@@ -28,14 +28,16 @@ std::string Recorded(const std::string& content, TTimeOfDay length) {
   const TemporaryFile copy;
   const auto opened = ReadRecording(OptionsFor(file));
   const auto& stream = std::get<TChangeStream>(opened);
-  EXPECT_EQ(WriteRecording(stream, length, copy.Path()), "");
+  EXPECT_FALSE(WriteRecording(stream, length, copy.Path()));
   return Content(copy.Path());
 }
 
 TEST(RecordingKind, SaysWhyItCannotOpen) {
   const TSourceOptions nowhere{{ReplayOption, "/nowhere/at/all.jsonl"}};
-  EXPECT_EQ(std::get<std::string>(OpenRecording(nowhere, [] {})), "The file does not exist.");
-  EXPECT_EQ(std::get<std::string>(ReadRecording(nowhere)), "The file does not exist.");
+  EXPECT_EQ(std::get<Data::TProblem>(OpenRecording(nowhere, [] {})),
+            Data::TProblem{Data::TProblemCode::FileMissing});
+  EXPECT_EQ(std::get<Data::TProblem>(ReadRecording(nowhere)),
+            Data::TProblem{Data::TProblemCode::FileMissing});
 }
 
 TEST(RecordingKind, OpensTheFileAskedFor) {

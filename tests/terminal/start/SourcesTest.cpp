@@ -69,8 +69,8 @@ TEST_F(EverySource, IsKnownToTheCommandLineAndItsHelp) {
       EXPECT_EQ(line.SourceOptions.at(option.Name), ValueFor(option.Name));
       const bool isAskedFor = &option == &kind.Options.front() && !kind.IsDefault;
       EXPECT_EQ(line.Source, isAskedFor ? &kind : &Feed::DefaultSource()) << option.Name;
-      EXPECT_EQ(std::get<std::string>(ParseCommandLine({option.Name, ""})),
-                "The option " + option.Name + " does not take the value \"\".");
+      const Data::TProblem refused{Data::TProblemCode::OptionValueUnknown, {option.Name, ""}};
+      EXPECT_EQ(std::get<Data::TProblem>(ParseCommandLine({option.Name, ""})), refused);
       EXPECT_NE(CommandLineHelp().find("\n  " + option.Name + " " + option.Value + " "),
                 std::string::npos)
           << option.Name;
@@ -83,7 +83,7 @@ TEST_F(EverySource, HasItsTextsInEveryLanguage) {
   for (const auto& kind : Feed::SourceKinds()) {
     ExpectTextInEveryLanguage(kind.MenuText);
     TMarketPlayer player;
-    ASSERT_EQ(player.Open(kind, OptionsFor(kind)), QString());
+    ASSERT_FALSE(player.Open(kind, OptionsFor(kind)));
     ExpectTextInEveryLanguage(player.Traits().Mark);
   }
 }
@@ -97,7 +97,7 @@ TEST_F(EverySource, DoesWhatItsTraitsSay) {
     desk.Follow(player);
     int resets = 0;
     QObject::connect(&player, &TMarketPlayer::Reset, [&resets] { ++resets; });
-    ASSERT_EQ(player.Open(kind, OptionsFor(kind)), QString());
+    ASSERT_FALSE(player.Open(kind, OptionsFor(kind)));
     const auto traits = player.Traits();
     player.Step(0);
     ASSERT_NE(player.Index(), nullptr);
@@ -130,7 +130,7 @@ TEST_F(EverySource, ThatHasAnEndFinishesThere) {
     TMarketPlayer player;
     bool isFinished = false;
     QObject::connect(&player, &TMarketPlayer::Finished, [&isFinished] { isFinished = true; });
-    ASSERT_EQ(player.Open(kind, OptionsFor(kind)), QString());
+    ASSERT_FALSE(player.Open(kind, OptionsFor(kind)));
     if (!player.Traits().HasEnd)
       continue;
     constexpr int wholeDay = 24 * 60 * 60 * 1000;
@@ -144,7 +144,7 @@ TEST_F(EverySource, CanBeReadAheadOfAnyClock) {
   for (const auto& kind : Feed::SourceKinds()) {
     SCOPED_TRACE(kind.MenuText);
     TMarketPlayer player;
-    ASSERT_EQ(player.Open(kind, OptionsFor(kind)), QString());
+    ASSERT_FALSE(player.Open(kind, OptionsFor(kind)));
     player.Step(0);
     const auto opened = kind.Read(OptionsFor(kind));
     const auto& stream = std::get<Feed::TChangeStream>(opened);

@@ -70,9 +70,10 @@ TEST(CommandLine, SaysWhichOptionIsWrong) {
                                                            "value \"") +
                                                    value + "\".");
   for (const char* time : {"08:59:59", "16:10:01", "ten", ""})
-    EXPECT_EQ(OptionError({"--start", time}), std::string("The option --start does not take the value "
-                                                       "\"") +
-                                               time + "\".");
+    EXPECT_EQ(OptionError({"--start", time}),
+              std::string("The option --start does not take the value "
+                          "\"") +
+                  time + "\".");
   EXPECT_EQ(OptionError({"--seed", "-1"}), "The option --seed does not take the value \"-1\".");
   EXPECT_EQ(OptionError({"--replay", ""}), "The option --replay does not take the value \"\".");
   EXPECT_EQ(OptionError({"--mode", "7"}), "The option --mode does not take the value \"7\".");
