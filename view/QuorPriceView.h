@@ -20,7 +20,7 @@ namespace Quorpriceview {
 /// host's services, destruction undoes every binding. It joins the named pieces of the view, each
 /// in a file of its own: what happens is decided here, how it is done there. User-interface thread
 /// only.
-class TQuorPriceFrame : public TQuorPriceForm, public Baseview::TIBaseView {
+class TQuorPriceFrame final : public TQuorPriceForm, public Baseview::TIBaseView {
 public:
   explicit TQuorPriceFrame(System::Classes::TComponent* owner);
   ~TQuorPriceFrame() override;
