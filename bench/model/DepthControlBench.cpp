@@ -130,7 +130,7 @@ std::string CellFromScratch(const TMarket& market, int row, int column) {
   if (column != Column::HeaderCaption && column != Column::HeaderValue)
     return market.control.GetDisplayValue(row, column);
   THeaderRows header;
-  header.Update(&market.record);
+  header.SetHeaderAttribute(&market.record);
   header.UpdateCaptions(nullptr);
   return column == Column::HeaderCaption ? header.Caption(row)
                                          : HeaderValueText(&market.record, header.Attribute(row));

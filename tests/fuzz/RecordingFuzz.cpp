@@ -29,8 +29,7 @@ std::string ReadFile(const std::filesystem::path& path) {
 
 TRecordingSource Opened(const std::filesystem::path& path) {
   TRecordingSource source;
-  const std::string error = source.Open(path);
-  Fuzz::Expect(error.empty(), "The recording does not open", error);
+  Fuzz::Expect(!source.Open(path), "The recording does not open");
   return source;
 }
 
@@ -38,11 +37,13 @@ struct TRecording {
   TReferenceData Header;
   std::vector<TRecordedEvent> Events;
   std::uint64_t Malformed = 0;
+  std::uint64_t LastMalformed = 0; ///< its number
 
   void operator()(TReferenceData& header) { Header = std::move(header); }
   void operator()(TRecordedEvent& event) { Events.push_back(std::move(event)); }
-  void operator()(TMalformedLine& line) {
-    Fuzz::Expect(!line.Sentence.empty(), "A line is refused without a reason");
+  void operator()(const TMalformedLine& line) {
+    Fuzz::Expect(line.Number > LastMalformed, "A line is refused out of order");
+    LastMalformed = line.Number;
     ++Malformed;
   }
 };
@@ -73,7 +74,7 @@ std::string Written(const TRecording& recording) {
   writer.Open(path, recording.Header);
   for (const auto& event : recording.Events)
     writer.Write(event.Time, event.Change);
-  Fuzz::Expect(writer.Close().empty(), "The recording could not be written");
+  Fuzz::Expect(!writer.Close(), "The recording could not be written");
   return ReadFile(path);
 }
 
@@ -110,8 +111,8 @@ void CheckLine(const std::string& text) {
   static TRecordingParser parser;
   const std::string padded = text + std::string(TRecordingParser::Padding, '"');
   const auto parsed = parser.Parse(std::string_view(padded).substr(0, text.size()));
-  if (const auto* error = std::get_if<TParseError>(&parsed))
-    Fuzz::Expect(!error->Sentence.empty(), "A line is refused without a reason");
+  if (const auto* event = std::get_if<TRecordedEvent>(&parsed))
+    Fuzz::Expect(!event->Change.Symbol.empty(), "An event names no symbol");
 }
 
 } // namespace

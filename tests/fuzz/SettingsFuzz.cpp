@@ -43,10 +43,17 @@ void Store(const QString& file, const TStored& stored) {
   state.StoreLayout(stored.Layout);
 }
 
+std::string ProblemOf(const TSavedState& state) {
+  std::string parts;
+  if (state.Problem())
+    for (const auto& part : state.Problem()->Parts)
+      parts += part + "\n";
+  return parts;
+}
+
 void ExpectKept(const QString& file, const TStored& stored) {
   TSavedState state(file);
-  Fuzz::Expect(state.Status() == TStoreStatus::Kept, "The store is not kept",
-               state.Detail().toStdString());
+  Fuzz::Expect(!state.Problem(), "The store is not kept", ProblemOf(state));
   TConfigStore config, expected;
   state.Follow(config);
   for (const auto& value : stored.Values)
@@ -93,8 +100,8 @@ void Fuzz::Check(const std::string& text) {
     TConfigStore config;
     state.Follow(config);
     state.Layout();
-    Expect(state.Status() != TStoreStatus::Unusable, "A damaged store is not set aside",
-           state.Detail().toStdString());
+    Expect(!state.Problem() || state.Problem()->Code != Data::TProblemCode::StoreUnusable,
+           "A damaged store is not set aside", ProblemOf(state));
   }
   Store(file, stored);
   ExpectKept(file, stored);

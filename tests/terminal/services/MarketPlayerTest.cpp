@@ -280,7 +280,7 @@ TEST(MarketPlayer, NothingMoreIsToldOfARecordingThatASlotHasReplaced) {
 TEST(MarketPlayer, TakesNoNoticeOfWhatItsSourceCannotDo) {
   TMarketPlayer player;
   Listener listener(player);
-  ASSERT_EQ(player.Open(FeedTest::QuietKind, {}), "");
+  ASSERT_FALSE(player.Open(FeedTest::QuietKind, {}));
   player.Step(0);
   EXPECT_EQ(listener.Taken(), "header ");
   player.Seek(10h + 500ms);

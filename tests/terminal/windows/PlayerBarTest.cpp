@@ -104,7 +104,7 @@ TEST_F(PlayerBar, SeeksOnlyWhereTheSourceCan) {
     else
       OpenRecording();
     EXPECT_TRUE(position->isEnabled());
-    ASSERT_EQ(Player.Open(FeedTest::QuietKind, {}), QString());
+    ASSERT_FALSE(Player.Open(FeedTest::QuietKind, {}));
     Player.Step(0);
     EXPECT_FALSE(position->isEnabled());
   }
