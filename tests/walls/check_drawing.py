@@ -24,7 +24,7 @@ def matching(rooms, patterns):
 def check(root, layers):
     """What is wrong, a sentence each."""
     rooms = house.rooms_of_tree(root)
-    drawn_rooms, drawn = house.read_drawing(root)
+    drawn_rooms, drawn, _ = house.read_drawing(root)
     arrows = house.arrows_of_tree(root, rooms)
     reached = house.reached(arrows)
     yield from (f"{room} has no target." for room in sorted(rooms - set(layers)))

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """check_walls.py ROOT LAYERS COMPILER FOLDER: sources of FOLDER can include the headers of those
-folders that the arrows of the drawing lead to, and of no others."""
+folders that the arrows of the drawing lead to, and of no others; a dotted one leads there only from
+where it begins."""
 
 import re
 import subprocess
@@ -22,7 +23,8 @@ def compile_includes(compiler, layer, names):
 
 def check(root, layers, compiler, folder):
     """What is wrong, a sentence each."""
-    allowed = house.reached(house.read_drawing(root)[1]).get(folder, set())
+    _, arrows, dotted = house.read_drawing(root)
+    allowed = house.seen_from(folder, arrows, dotted)
     doors = {other: house.headers(root, other)[0] for other in layers if other != folder}
     doors[house.QT] = "QString"
     seen = sorted(allowed & set(doors))

@@ -87,15 +87,26 @@ def without_detours(arrows):
     return result
 
 
+def seen_from(folder, arrows, dotted):
+    """What `folder` sees: all that it reaches, but for what lies behind a dotted arrow of others."""
+    solid = reached(arrows - dotted)
+    direct = {to for room, to in arrows if room == folder}
+    return direct.union(*(solid.get(to, ()) for to in direct))
+
+
 def read_drawing(root):
-    """Rooms and arrows of the graph in the page, by the names that stand in its boxes."""
+    """Rooms, arrows and those of them that are dotted, of the graph in the page, by the names that
+    stand in its boxes."""
     text = pathlib.Path(root, DRAWING).read_text(encoding="utf-8")
     graph = re.search(r"```mermaid\n(.*?)```", text, re.DOTALL)[1]
     names = dict(re.findall(r'^ *(\w+)[(\[]+"([^"<]+)', graph, re.MULTILINE))
-    arrows = set()
+    arrows, dotted = set(), set()
     for line in graph.splitlines():
-        if "-->" in line:
-            steps = [step.split("&") for step in line.split("-->")]
+        arrow = "-.->" if "-.->" in line else "-->"
+        if arrow in line:
+            steps = [step.split("&") for step in line.split(arrow)]
             for froms, tos in zip(steps, steps[1:]):
                 arrows |= {(names[a.strip()], names[b.strip()]) for a in froms for b in tos}
-    return set(names.values()), arrows
+                if arrow == "-.->":
+                    dotted |= {(names[a.strip()], names[b.strip()]) for a in froms for b in tos}
+    return set(names.values()), arrows, dotted
