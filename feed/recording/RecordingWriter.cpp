@@ -133,7 +133,7 @@ std::optional<Data::TProblem> TRecordingWriter::Close() {
 }
 
 std::optional<Data::TProblem> WriteRecording(const TChangeStream& market, TTimeOfDay length,
-                           const std::filesystem::path& path) {
+                                             const std::filesystem::path& path) {
   TRecordingWriter writer;
   if (auto problem = writer.Open(path, market.Header))
     return problem;
