@@ -82,8 +82,10 @@ TPriceGrids::TPriceGrids(TQuorPriceForm& form, const TBrokerHighlight& highlight
 
 TPriceGrids::~TPriceGrids() {
   // The grids outlive the sources that they show.
-  for (auto* view : form_.GridViews())
+  for (auto* view : form_.GridViews()) {
     view->SetDataSource(nullptr);
+    view->OnCustomDrawCell = nullptr;
+  }
 }
 
 void TPriceGrids::JoinPerclick(System::TObject* owner) {
@@ -117,12 +119,12 @@ TControl* TPriceGrids::Join(TcxGridTableView* view, System::TObject* owner, TSty
     canvas.DrawText(control->GetDisplayValue(cell.Record, cell.Column->Tag), style.DrawFlags);
     done = true;
   };
-  QObject::connect(view, &TcxGridTableView::CellClick, view,
-                   [view, control](const TcxGridColumn* column, Qt::MouseButton button) {
-                     // The other buttons are for menus: they must not send an order.
-                     if (button == Qt::LeftButton)
-                       control->CopyPrice(view->FocusedRecordIndex(), column->Tag);
-                   });
+  connect(view, &TcxGridTableView::CellClick, this,
+          [view, control](const TcxGridColumn* column, Qt::MouseButton button) {
+            // The other buttons are for menus: they must not send an order.
+            if (button == Qt::LeftButton)
+              control->CopyPrice(view->FocusedRecordIndex(), column->Tag);
+          });
   return control;
 }
 
@@ -169,7 +171,7 @@ void TPriceGrids::StartRefreshTimer() {
   const int interval = config->ReadInteger(config->CurrentSection(), Constdef::Key_UpdateInterval);
   timer_.setObjectName("RefreshTimer");
   timer_.setTimerType(Qt::PreciseTimer); // a coarse one may come early
-  QObject::connect(&timer_, &TTimer::timeout, &timer_, [this] {
+  connect(&timer_, &TTimer::timeout, this, [this] {
     if (std::exchange(refreshPending_, false))
       form_.PriceGridView->Refresh();
   });

@@ -17,14 +17,14 @@ class TViewMeasures;
 /// and what a click copies; and the lines over the per-click grids. The depth grid is refreshed at
 /// most once per tick of a timer, however many updates arrive between two ticks; what comes per
 /// click is shown at once.
-class TPriceGrids {
+class TPriceGrids : public QObject {
 public:
   using TPriceControl = Quorpricedatacontrol::TCustomQuorMarketDataControl;
   using TPerclickPriceControl = Quorpricedatacontrol::TPerclickQuorMarketDataControl;
 
   /// `form` and `highlight` must outlive it; `owner` is the view that the controls serve.
   TPriceGrids(TQuorPriceForm& form, const TBrokerHighlight& highlight, System::TObject* owner);
-  ~TPriceGrids();
+  ~TPriceGrids() override;
 
   /// The depth grid's control.
   TPriceControl& Price() const { return *price_; }
@@ -53,7 +53,7 @@ private:
   bool refreshPending_ = false;
   std::vector<std::unique_ptr<Griddatasource::TCustomGridDataSource>> sources_;
   std::vector<TPriceControl*> controls_; ///< the sources'
-  TPriceControl* price_;
+  TPriceControl* price_ = nullptr;
   TPerclickPriceControl* perclickPrice_ = nullptr; ///< unless the quotes come per click
 };
 

@@ -106,8 +106,12 @@ TEST_F(TPriceGridsTest, ControlsServeTheirOwnerAndGoWithTheGrids) {
   grids.reset();
   EXPECT_EQ(host.Registrations(), before);
   Repaint();
-  for (const auto* view : form.GridViews())
+  for (const auto* view : form.GridViews()) {
     EXPECT_EQ(view->RecordCount(), 0) << "the grids outlive what they showed";
+    EXPECT_FALSE(view->OnCustomDrawCell);
+  }
+  emit form.PriceGridView->CellClick(ColumnOf(form.PriceGridView, 1), Qt::LeftButton);
+  EXPECT_TRUE(host.channels.sentOrders.empty());
 }
 
 TEST_F(TPriceGridsTest, CellsAreStyledByTheSkin) {
