@@ -171,9 +171,9 @@ TActs ActsUntil(TCrowdRun& run, std::size_t position, TTimeOfDay time) {
 }
 
 /// The number is the seed.
-class CrowdInCoolingOff : public testing::TestWithParam<std::uint64_t> {};
+class TCrowdInCoolingOffTest : public testing::TestWithParam<std::uint64_t> {};
 
-TEST_P(CrowdInCoolingOff, KeepsBiddingOfferingAndCancellingWithinTheLimits) {
+TEST_P(TCrowdInCoolingOffTest, KeepsBiddingOfferingAndCancellingWithinTheLimits) {
   TCrowdRun run(GetParam());
   const TShock shock = run.Crowd->Shocks().front();
   TInstrumentMarket& market = *run.Owned[shock.Instrument];
@@ -200,7 +200,7 @@ TEST_P(CrowdInCoolingOff, KeepsBiddingOfferingAndCancellingWithinTheLimits) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(UpAndDown, CrowdInCoolingOff, testing::Values(4, 700));
+INSTANTIATE_TEST_SUITE_P(UpAndDown, TCrowdInCoolingOffTest, testing::Values(4, 700));
 
 TEST(Crowd, ACalledContractStopsTrading) {
   TCrowdRun run(4);

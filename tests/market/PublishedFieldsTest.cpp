@@ -21,9 +21,9 @@ struct TNoListener : TMarketListener {
 };
 
 /// One share with a board lot of 500 whose prices move in steps of 0.01.
-class RecordFields : public testing::Test {
+class TPublishedFieldsTest : public testing::Test {
 protected:
-  RecordFields() {
+  TPublishedFieldsTest() {
     Listed.Symbol = "5";
     Listed.YearHigh = 5'600;
     Listed.YearLow = 4'950;
@@ -74,7 +74,7 @@ protected:
   TOrderId LastId = 0;
 };
 
-TEST_F(RecordFields, DepthIsReadOffTheBookLevelByLevel) {
+TEST_F(TPublishedFieldsTest, DepthIsReadOffTheBookLevelByLevel) {
   Instrument.AdvanceTo(10h);
   Enter(TSide::Bid, 4'990, 1'000, 120);
   Enter(TSide::Bid, 4'990, 500, 8088);
@@ -93,7 +93,7 @@ TEST_F(RecordFields, DepthIsReadOffTheBookLevelByLevel) {
                             {Field::AskQueue, "0077"}}));
 }
 
-TEST_F(RecordFields, TenLevelsASideAreSaid) {
+TEST_F(TPublishedFieldsTest, TenLevelsASideAreSaid) {
   Instrument.AdvanceTo(10h);
   for (int level = 0; level < 12; ++level) {
     Enter(TSide::Bid, 4'990 - 10 * level, 500 * (level + 1), 1000 + level);
@@ -114,7 +114,7 @@ TEST_F(RecordFields, TenLevelsASideAreSaid) {
             "+9,2009,+10,2010,+11,2011");
 }
 
-TEST_F(RecordFields, TradesMakeTheDaysFigures) {
+TEST_F(TPublishedFieldsTest, TradesMakeTheDaysFigures) {
   Instrument.AdvanceTo(10h);
   Enter(TSide::Ask, 5'050, 1'000, 1);
   Enter(TSide::Ask, 5'060, 1'000, 1);
@@ -131,7 +131,7 @@ TEST_F(RecordFields, TradesMakeTheDaysFigures) {
                            {Field::Open, "5.05"}}));
 }
 
-TEST_F(RecordFields, NominalPriceIsThePreviousCloseBeforeAnyTrade) {
+TEST_F(TPublishedFieldsTest, NominalPriceIsThePreviousCloseBeforeAnyTrade) {
   Instrument.AdvanceTo(9h);
   EXPECT_EQ(Day(), (TTexts{{Field::Nominal, "5"},
                            {Field::Volume, "0"},
@@ -140,7 +140,7 @@ TEST_F(RecordFields, NominalPriceIsThePreviousCloseBeforeAnyTrade) {
                            {Field::Low52Weeks, "4.95"}}));
 }
 
-TEST_F(RecordFields, NewHighsAndLowsWidenTheYears) {
+TEST_F(TPublishedFieldsTest, NewHighsAndLowsWidenTheYears) {
   Listed.YearHigh = 5'010;
   Listed.YearLow = 5'005;
   Instrument.AdvanceTo(10h);
@@ -150,7 +150,7 @@ TEST_F(RecordFields, NewHighsAndLowsWidenTheYears) {
   EXPECT_EQ(Day().at(132), "5.005");
 }
 
-TEST_F(RecordFields, OpeningSessionSaysReferenceLimitsAndImbalanceAndNoBook) {
+TEST_F(TPublishedFieldsTest, OpeningSessionSaysReferenceLimitsAndImbalanceAndNoBook) {
   Instrument.AdvanceTo(9h + 5min);
   Enter(TSide::Bid, 5'100, 3'000, 1);
   Enter(TSide::Ask, 4'900, 1'000, 2);
@@ -168,7 +168,7 @@ TEST_F(RecordFields, OpeningSessionSaysReferenceLimitsAndImbalanceAndNoBook) {
   EXPECT_EQ(Day().at(3), "5.1") << "the equilibrium price";
 }
 
-TEST_F(RecordFields, ImbalanceOfSellersAndOfNobody) {
+TEST_F(TPublishedFieldsTest, ImbalanceOfSellersAndOfNobody) {
   Instrument.AdvanceTo(9h + 5min);
   Enter(TSide::Bid, 5'000, 1'000, 1);
   EXPECT_FALSE(Sessions().contains(3514)) << "nothing would trade";
@@ -180,13 +180,13 @@ TEST_F(RecordFields, ImbalanceOfSellersAndOfNobody) {
   EXPECT_EQ(Sessions().at(3515), "500");
 }
 
-TEST_F(RecordFields, OpeningSessionIsOverOnceItIsMatched) {
+TEST_F(TPublishedFieldsTest, OpeningSessionIsOverOnceItIsMatched) {
   Instrument.AdvanceTo(9h + 25min);
   EXPECT_EQ(Sessions(),
             (TTexts{{Field::VcmMarker, "1"}, {Field::PosMarker, "0"}, {Field::CasMarker, "1"}}));
 }
 
-TEST_F(RecordFields, ClosingSessionSaysReferenceLimitsAndImbalance) {
+TEST_F(TPublishedFieldsTest, ClosingSessionSaysReferenceLimitsAndImbalance) {
   Instrument.AdvanceTo(15h);
   Enter(TSide::Ask, 5'010, 500, 1);
   Enter(TSide::Bid, 5'010, 500, 2);
@@ -208,7 +208,7 @@ TEST_F(RecordFields, ClosingSessionSaysReferenceLimitsAndImbalance) {
             (TTexts{{Field::VcmMarker, "1"}, {Field::PosMarker, "0"}, {Field::CasMarker, "0"}}));
 }
 
-TEST_F(RecordFields, CoolingOffSaysItsTimesAndPrices) {
+TEST_F(TPublishedFieldsTest, CoolingOffSaysItsTimesAndPrices) {
   Instrument.AdvanceTo(10h);
   Enter(TSide::Ask, 5'000, 500, 1);
   Enter(TSide::Bid, 5'000, 500, 2);
@@ -228,7 +228,7 @@ TEST_F(RecordFields, CoolingOffSaysItsTimesAndPrices) {
             (TTexts{{Field::VcmMarker, "0"}, {Field::PosMarker, "0"}, {Field::CasMarker, "1"}}));
 }
 
-TEST_F(RecordFields, SuspensionIsSaidAndNothingElseOfABook) {
+TEST_F(TPublishedFieldsTest, SuspensionIsSaidAndNothingElseOfABook) {
   Instrument.AdvanceTo(10h);
   Enter(TSide::Bid, 4'990, 500, 1);
   EXPECT_FALSE(Day().contains(5));

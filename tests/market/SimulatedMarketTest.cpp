@@ -209,7 +209,7 @@ TEST(SimulatedMarket, InstrumentWithoutDataSaysSo) {
 }
 
 /// Follows a quarter of an hour of trading, change by change.
-class PublishedMarket : public testing::Test {
+class TPublishedMarketTest : public testing::Test {
 protected:
   using TRecord = std::map<int, std::string>;
 
@@ -257,7 +257,7 @@ protected:
   TPublishedState State;
 };
 
-TEST_F(PublishedMarket, BookIsNeverCrossedAndEveryLevelIsInItsPlace) {
+TEST_F(TPublishedMarketTest, BookIsNeverCrossedAndEveryLevelIsInItsPlace) {
   int checked = 0;
   ForEachChange(9h + 30min, 9h + 32min, [&](const TRecordChange& change, const TRecord& record) {
     if (!record.contains(1) || !record.contains(2))
@@ -271,7 +271,7 @@ TEST_F(PublishedMarket, BookIsNeverCrossedAndEveryLevelIsInItsPlace) {
   EXPECT_GT(checked, 1000);
 }
 
-TEST_F(PublishedMarket, VolumeIsTheSumOfTheTradesAndTheFiguresFollowThem) {
+TEST_F(TPublishedMarketTest, VolumeIsTheSumOfTheTradesAndTheFiguresFollowThem) {
   std::map<std::string, double> volume;
   int trades = 0;
   ForEachChange(9h, 9h + 33min, [&](const TRecordChange& change, const TRecord& record) {
@@ -290,7 +290,7 @@ TEST_F(PublishedMarket, VolumeIsTheSumOfTheTradesAndTheFiguresFollowThem) {
   EXPECT_GT(trades, 500);
 }
 
-TEST_F(PublishedMarket, BrokerQueueHasKnownBrokersBetweenGrowingMarkers) {
+TEST_F(TPublishedMarketTest, BrokerQueueHasKnownBrokersBetweenGrowingMarkers) {
   std::set<std::string> brokers;
   for (const auto& broker : BrokerDirectory())
     brokers.insert(broker.Id);
@@ -320,7 +320,7 @@ TEST_F(PublishedMarket, BrokerQueueHasKnownBrokersBetweenGrowingMarkers) {
   EXPECT_GT(queues, 500);
 }
 
-TEST_F(PublishedMarket, NoOrdinaryBookIsPublishedBeforeTheOpening) {
+TEST_F(TPublishedMarketTest, NoOrdinaryBookIsPublishedBeforeTheOpening) {
   int equilibria = 0;
   ForEachChange(9h, 9h + 29min, [&](const TRecordChange&, const TRecord& record) {
     for (const int field : {1, 2, 16, 19, 55, 65, 120, 121})

@@ -11,9 +11,9 @@ using namespace std::chrono_literals;
 using TSession = TSnapshot::TSession;
 
 /// Twelve bids, one a level from 49.90 down, as many asks from 50.00 up, at ten o'clock.
-class Snapshot : public testing::Test {
+class TSnapshotTest : public testing::Test {
 protected:
-  Snapshot() {
+  TSnapshotTest() {
     Rig.Market.AdvanceTo(10h);
     for (int level = 0; level < 12; ++level) {
       Rig.Bid(49'900 - 50 * level, 200, 1000 + level);
@@ -26,7 +26,7 @@ protected:
   TMarketRig Rig{TMarketRig::Volatile()};
 };
 
-TEST_F(Snapshot, HoldsTheTenBestLevelsASide) {
+TEST_F(TSnapshotTest, HoldsTheTenBestLevelsASide) {
   const TSnapshot shown = Now();
   ASSERT_EQ(shown.Bid.Levels.size(), 10u);
   ASSERT_EQ(shown.Ask.Levels.size(), 10u);
@@ -35,7 +35,7 @@ TEST_F(Snapshot, HoldsTheTenBestLevelsASide) {
   EXPECT_EQ(shown.Ask.Queue.back().Number, 2011) << "the queue goes on behind them";
 }
 
-TEST_F(Snapshot, WhatHappensBehindLevelsAndQueueIsNotSeen) {
+TEST_F(TSnapshotTest, WhatHappensBehindLevelsAndQueueIsNotSeen) {
   for (int order = 0; order < 30; ++order)
     Rig.Bid(49'900, 100, 3000);
   const TSnapshot before = Now();
@@ -46,7 +46,7 @@ TEST_F(Snapshot, WhatHappensBehindLevelsAndQueueIsNotSeen) {
   EXPECT_NE(Now(), before);
 }
 
-TEST_F(Snapshot, EveryOrderInFrontIsSeenAndItsRefusalIsNot) {
+TEST_F(TSnapshotTest, EveryOrderInFrontIsSeenAndItsRefusalIsNot) {
   const TSnapshot before = Now();
   EXPECT_NE(Rig.Bid(49'900, 150).Rejection, TRejection::None); // no whole lots
   EXPECT_EQ(Now(), before);
@@ -54,7 +54,7 @@ TEST_F(Snapshot, EveryOrderInFrontIsSeenAndItsRefusalIsNot) {
   EXPECT_NE(Now(), before);
 }
 
-TEST_F(Snapshot, TwoOrdersThatChangePlacesAreSeenInTheQueueAlone) {
+TEST_F(TSnapshotTest, TwoOrdersThatChangePlacesAreSeenInTheQueueAlone) {
   Rig.Bid(49'900, 200, 4000);
   const TSnapshot before = Now();
   ASSERT_EQ(Rig.Market.Change(1, 49'850, 200).Open, 200);
@@ -63,7 +63,7 @@ TEST_F(Snapshot, TwoOrdersThatChangePlacesAreSeenInTheQueueAlone) {
   EXPECT_NE(Now().Bid.Queue, before.Bid.Queue);
 }
 
-TEST_F(Snapshot, HasNoBookInAnAuctionButWhatItWouldTradeAt) {
+TEST_F(TSnapshotTest, HasNoBookInAnAuctionButWhatItWouldTradeAt) {
   Rig.Bid(50'000, 200, 1);
   Rig.Market.AdvanceTo(16h + 2min);
   Rig.Bid(50'100, 300, 1);
@@ -81,7 +81,7 @@ TEST_F(Snapshot, HasNoBookInAnAuctionButWhatItWouldTradeAt) {
   EXPECT_TRUE(Now().IsClosed);
 }
 
-TEST_F(Snapshot, OpeningSessionIsOnUntilItIsMatched) {
+TEST_F(TSnapshotTest, OpeningSessionIsOnUntilItIsMatched) {
   TMarketRig morning;
   morning.Market.AdvanceTo(9h + 5min);
   EXPECT_EQ(SnapshotOf(morning.Market).Session, TSession::Opening);
@@ -90,7 +90,7 @@ TEST_F(Snapshot, OpeningSessionIsOnUntilItIsMatched) {
   EXPECT_EQ(SnapshotOf(morning.Market).Session, TSession::None);
 }
 
-TEST_F(Snapshot, SuspensionIsSeen) {
+TEST_F(TSnapshotTest, SuspensionIsSeen) {
   EXPECT_FALSE(Now().IsSuspended);
   Rig.Market.Suspend();
   EXPECT_TRUE(Now().IsSuspended);

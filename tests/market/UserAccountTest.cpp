@@ -10,9 +10,9 @@ using namespace Market;
 using namespace std::chrono_literals;
 
 /// The user's account and one instrument, at 10:00.
-class UserAccount : public testing::Test, private TMarketListener {
+class TUserAccountTest : public testing::Test, private TMarketListener {
 protected:
-  UserAccount() { Instrument.AdvanceTo(10h); }
+  TUserAccountTest() { Instrument.AdvanceTo(10h); }
 
   static TInstrumentSettings Settings() {
     TInstrumentSettings settings;
@@ -58,7 +58,7 @@ private:
   }
 };
 
-TEST_F(UserAccount, OrderRestsUnderTheUsersOwnBroker) {
+TEST_F(TUserAccountTest, OrderRestsUnderTheUsersOwnBroker) {
   Submit(1, TSide::Bid, 4'990, 1'000);
   const auto order = Only<TUserOrder>();
   EXPECT_EQ(order.Number, 1);
@@ -70,7 +70,7 @@ TEST_F(UserAccount, OrderRestsUnderTheUsersOwnBroker) {
   EXPECT_EQ(Instrument.Book().Front(TSide::Bid)->Quantity, 1'000);
 }
 
-TEST_F(UserAccount, RestingOrderIsFilledByOthersStepByStep) {
+TEST_F(TUserAccountTest, RestingOrderIsFilledByOthersStepByStep) {
   Submit(1, TSide::Bid, 4'990, 1'500);
   Account.TakeReports();
   Other(TSide::Ask, 4'990, 500);
@@ -87,7 +87,7 @@ TEST_F(UserAccount, RestingOrderIsFilledByOthersStepByStep) {
   EXPECT_EQ(std::get<TUserOrder>(reports[0]).Status, TOrderStatus::Filled);
 }
 
-TEST_F(UserAccount, OrderThatTradesAtOnceTellsItselfFirstAndItsAveragePrice) {
+TEST_F(TUserAccountTest, OrderThatTradesAtOnceTellsItselfFirstAndItsAveragePrice) {
   Other(TSide::Ask, 5'000, 500);
   Other(TSide::Ask, 5'020, 500);
   Submit(7, TSide::Bid, 5'020, 1'500);
@@ -102,7 +102,7 @@ TEST_F(UserAccount, OrderThatTradesAtOnceTellsItselfFirstAndItsAveragePrice) {
   EXPECT_EQ(std::get<TUserTrade>(reports[2]).Order, 7);
 }
 
-TEST_F(UserAccount, OthersTradesAreNotTheUsers) {
+TEST_F(TUserAccountTest, OthersTradesAreNotTheUsers) {
   Submit(1, TSide::Bid, 4'900, 500);
   Account.TakeReports();
   Other(TSide::Ask, 5'000, 500);
@@ -110,7 +110,7 @@ TEST_F(UserAccount, OthersTradesAreNotTheUsers) {
   EXPECT_TRUE(Account.TakeReports().empty());
 }
 
-TEST_F(UserAccount, ChangeMovesTheOrderAndKeepsWhatIsFilled) {
+TEST_F(TUserAccountTest, ChangeMovesTheOrderAndKeepsWhatIsFilled) {
   Submit(1, TSide::Bid, 4'990, 1'500);
   Other(TSide::Ask, 4'990, 500);
   Account.TakeReports();
@@ -124,7 +124,7 @@ TEST_F(UserAccount, ChangeMovesTheOrderAndKeepsWhatIsFilled) {
   EXPECT_EQ(Instrument.Book().LevelAt(TSide::Bid, 4'990).Quantity, 0);
 }
 
-TEST_F(UserAccount, RefusedChangeLeavesTheOrderAsItWas) {
+TEST_F(TUserAccountTest, RefusedChangeLeavesTheOrderAsItWas) {
   Submit(1, TSide::Bid, 4'990, 1'500);
   Other(TSide::Ask, 4'990, 500);
   Account.TakeReports();
@@ -137,7 +137,7 @@ TEST_F(UserAccount, RefusedChangeLeavesTheOrderAsItWas) {
   EXPECT_EQ(Instrument.Book().LevelAt(TSide::Bid, 4'990).Quantity, 1'000);
 }
 
-TEST_F(UserAccount, CancelTakesTheOrderOffTheBookOnce) {
+TEST_F(TUserAccountTest, CancelTakesTheOrderOffTheBookOnce) {
   Submit(1, TSide::Ask, 5'010, 500);
   Account.TakeReports();
   Cancel(1);
@@ -149,7 +149,7 @@ TEST_F(UserAccount, CancelTakesTheOrderOffTheBookOnce) {
   EXPECT_EQ(Only<TOrderRefusal>().Number, 2);
 }
 
-TEST_F(UserAccount, RejectionsSayWhy) {
+TEST_F(TUserAccountTest, RejectionsSayWhy) {
   Other(TSide::Ask, 5'000, 500);
   struct TCase {
     TPrice Price;
@@ -170,7 +170,7 @@ TEST_F(UserAccount, RejectionsSayWhy) {
   EXPECT_EQ(Instrument.Book().BestPrice(TSide::Bid), std::nullopt);
 }
 
-TEST_F(UserAccount, NoOrderIsTakenAtLunchButOneMayBeCancelled) {
+TEST_F(TUserAccountTest, NoOrderIsTakenAtLunchButOneMayBeCancelled) {
   Submit(1, TSide::Bid, 4'990, 500);
   Account.TakeReports();
   Instrument.AdvanceTo(12h + 30min);
@@ -180,7 +180,7 @@ TEST_F(UserAccount, NoOrderIsTakenAtLunchButOneMayBeCancelled) {
   EXPECT_EQ(Only<TUserOrder>().Status, TOrderStatus::Cancelled);
 }
 
-TEST_F(UserAccount, NumberThatIsUsedAgainStartsAfresh) {
+TEST_F(TUserAccountTest, NumberThatIsUsedAgainStartsAfresh) {
   Submit(1, TSide::Bid, 4'990, 1'000);
   Other(TSide::Ask, 4'990, 500);
   Cancel(1);
@@ -192,7 +192,7 @@ TEST_F(UserAccount, NumberThatIsUsedAgainStartsAfresh) {
   EXPECT_EQ(order.AveragePrice, 0);
 }
 
-TEST_F(UserAccount, OrderThatIsLeftAtTheEndOfTheDayIsCancelled) {
+TEST_F(TUserAccountTest, OrderThatIsLeftAtTheEndOfTheDayIsCancelled) {
   Submit(1, TSide::Bid, 4'990, 500);
   Account.TakeReports();
   Instrument.AdvanceTo(16h + 10min);

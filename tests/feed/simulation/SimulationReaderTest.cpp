@@ -31,7 +31,7 @@ TPublishedState StateAt(TTimeOfDay time) {
   return state;
 }
 
-class SimulationReaderTest : public testing::Test {
+class TSimulationReaderTest : public testing::Test {
 protected:
   /// Takes what there is after going on by `by`.
   TReaderNews Step(std::chrono::milliseconds by = 0ms) {
@@ -73,7 +73,7 @@ protected:
   Feed::TSimulationReader Reader{{seed, 9h + 31min}, [this] { ++Wakes; }};
 };
 
-TEST_F(SimulationReaderTest, BeginsPausedAtItsStartWithTheWholeMarket) {
+TEST_F(TSimulationReaderTest, BeginsPausedAtItsStartWithTheWholeMarket) {
   const auto news = Step();
   ASSERT_TRUE(news.Index);
   EXPECT_TRUE(news.Index->Header.Simulated);
@@ -87,14 +87,14 @@ TEST_F(SimulationReaderTest, BeginsPausedAtItsStartWithTheWholeMarket) {
   EXPECT_TRUE(State == direct) << Differences(direct, State);
 }
 
-TEST_F(SimulationReaderTest, StepsLeadToTheStateOfTheirMoment) {
+TEST_F(TSimulationReaderTest, StepsLeadToTheStateOfTheirMoment) {
   for (int i = 0; i < 50; ++i)
     Step(211ms);
   const auto direct = StateAt(9h + 31min + 50 * 211ms);
   EXPECT_TRUE(State == direct) << Differences(direct, State);
 }
 
-TEST_F(SimulationReaderTest, NothingIsToldOfTheWayToWhereARunLeads) {
+TEST_F(TSimulationReaderTest, NothingIsToldOfTheWayToWhereARunLeads) {
   Reader.SetDelay(0s);
   TakeUntil([this](const TReaderNews& news) {
     EXPECT_TRUE(news.Changes.empty() || news.Time == 9h + 31min) << news.Time.count();
@@ -102,7 +102,7 @@ TEST_F(SimulationReaderTest, NothingIsToldOfTheWayToWhereARunLeads) {
   });
 }
 
-TEST_F(SimulationReaderTest, GoesBackToTheSameDay) {
+TEST_F(TSimulationReaderTest, GoesBackToTheSameDay) {
   Step();
   const auto before = State;
   Step(20s);
@@ -114,7 +114,7 @@ TEST_F(SimulationReaderTest, GoesBackToTheSameDay) {
   EXPECT_TRUE(State == before) << Differences(before, State);
 }
 
-TEST_F(SimulationReaderTest, JumpsToTheOpeningsAndTheClosingAuctionAndPlaysToTheEnd) {
+TEST_F(TSimulationReaderTest, JumpsToTheOpeningsAndTheClosingAuctionAndPlaysToTheEnd) {
   Step();
   Reader.Jump(TJump::Opening);
   EXPECT_TRUE(Step().Reset);
@@ -133,7 +133,7 @@ TEST_F(SimulationReaderTest, JumpsToTheOpeningsAndTheClosingAuctionAndPlaysToThe
   EXPECT_EQ(Reader.Position(), 9h + 30min) << "of the day begun anew";
 }
 
-TEST_F(SimulationReaderTest, JumpsToWhereACoolingOffIsInForceAndNamesIt) {
+TEST_F(TSimulationReaderTest, JumpsToWhereACoolingOffIsInForceAndNamesIt) {
   Step();
   Reader.Jump(TJump::CoolingOff);
   const auto news = Step();
@@ -146,7 +146,7 @@ TEST_F(SimulationReaderTest, JumpsToWhereACoolingOffIsInForceAndNamesIt) {
   EXPECT_EQ(Step(100ms).CoolingOff, "") << "named once";
 }
 
-TEST_F(SimulationReaderTest, DelayedChangesComeFromThatMuchEarlier) {
+TEST_F(TSimulationReaderTest, DelayedChangesComeFromThatMuchEarlier) {
   Reader.SetDelay(15min);
   Step();
   EXPECT_EQ(Reader.Position(), 9h + 31min);
@@ -159,7 +159,7 @@ TEST_F(SimulationReaderTest, DelayedChangesComeFromThatMuchEarlier) {
   EXPECT_TRUE(State == StateAt(9h + 31min + 7s));
 }
 
-TEST_F(SimulationReaderTest, DelayedMarketHasTheUsersOrdersToo) {
+TEST_F(TSimulationReaderTest, DelayedMarketHasTheUsersOrdersToo) {
   Step();
   const std::string symbol = State.Records.begin()->first;
   Reader.Request({TOrderAction::Submit, 1, symbol, TSide::Bid, 1'000'000'000, 1});
@@ -175,7 +175,7 @@ TEST_F(SimulationReaderTest, DelayedMarketHasTheUsersOrdersToo) {
   EXPECT_TRUE(State == live) << Differences(live, State);
 }
 
-TEST_F(SimulationReaderTest, SlowOwnerIsToldOnceAndFindsOneChangeASymbol) {
+TEST_F(TSimulationReaderTest, SlowOwnerIsToldOnceAndFindsOneChangeASymbol) {
   Step();
   TSimulatedMarket market(seed);
   market.AdvanceTo(9h + 31min);
@@ -198,7 +198,7 @@ TEST_F(SimulationReaderTest, SlowOwnerIsToldOnceAndFindsOneChangeASymbol) {
   EXPECT_TRUE(State == direct) << Differences(direct, State);
 }
 
-TEST_F(SimulationReaderTest, StartsTheSameDayOverAtItsEndWithoutTheUsersOrders) {
+TEST_F(TSimulationReaderTest, StartsTheSameDayOverAtItsEndWithoutTheUsersOrders) {
   Step();
   const auto opening = State;
   const auto [symbol, price, lot] = LivelyBid();
@@ -237,7 +237,7 @@ TEST_F(SimulationReaderTest, StartsTheSameDayOverAtItsEndWithoutTheUsersOrders) 
   EXPECT_EQ(std::get<TOrderRefusal>(reports[0]).Reason, Refused_Done);
 }
 
-TEST_F(SimulationReaderTest, ResetIsNeverTakenWithoutTheStateThatFollowsIt) {
+TEST_F(TSimulationReaderTest, ResetIsNeverTakenWithoutTheStateThatFollowsIt) {
   Step();
   const auto takeReset = [this] {
     TReaderNews news;
@@ -253,7 +253,7 @@ TEST_F(SimulationReaderTest, ResetIsNeverTakenWithoutTheStateThatFollowsIt) {
   EXPECT_EQ(takeReset().Changes.size(), State.Records.size());
 }
 
-TEST_F(SimulationReaderTest, CoolingOffIsNotNamedBeforeTheDelayedStateComes) {
+TEST_F(TSimulationReaderTest, CoolingOffIsNotNamedBeforeTheDelayedStateComes) {
   Step();
   Reader.Jump(TJump::CoolingOff);
   Reader.Step(0ms);
@@ -264,7 +264,7 @@ TEST_F(SimulationReaderTest, CoolingOffIsNotNamedBeforeTheDelayedStateComes) {
   EXPECT_NE(early.CoolingOff.empty(), late.CoolingOff.empty());
 }
 
-TEST_F(SimulationReaderTest, ProgressOfARunThatIsBrokenOffEndsAllTheSame) {
+TEST_F(TSimulationReaderTest, ProgressOfARunThatIsBrokenOffEndsAllTheSame) {
   Step();
   Reader.Jump(TJump::ClosingAuction);
   TakeUntil([](const TReaderNews& news) {
@@ -277,7 +277,7 @@ TEST_F(SimulationReaderTest, ProgressOfARunThatIsBrokenOffEndsAllTheSame) {
   EXPECT_EQ(news.Progress.back().PerCent, 100);
 }
 
-TEST_F(SimulationReaderTest, RequestToADayThatIsOverHasNoAnswerInTheNext) {
+TEST_F(TSimulationReaderTest, RequestToADayThatIsOverHasNoAnswerInTheNext) {
   const auto request = [this](int number) {
     Reader.Request({TOrderAction::Submit, number, "nothing", TSide::Bid, 1, 1});
   };
@@ -293,14 +293,14 @@ TEST_F(SimulationReaderTest, RequestToADayThatIsOverHasNoAnswerInTheNext) {
   EXPECT_EQ(std::get<TUserOrder>(reports[0]).Number, 1);
 }
 
-TEST_F(SimulationReaderTest, JumpWaitsForTheSeekThatWasAskedForBefore) {
+TEST_F(TSimulationReaderTest, JumpWaitsForTheSeekThatWasAskedForBefore) {
   Reader.Seek(9h + 40min);
   Reader.Jump(TJump::Opening);
   Step();
   EXPECT_EQ(Reader.Position(), 13h);
 }
 
-TEST_F(SimulationReaderTest, SeekTakesBackWhatWasNotToldYet) {
+TEST_F(TSimulationReaderTest, SeekTakesBackWhatWasNotToldYet) {
   Step();
   Reader.Jump(TJump::CoolingOff);
   Reader.Step(0ms);
@@ -316,7 +316,7 @@ TEST_F(SimulationReaderTest, SeekTakesBackWhatWasNotToldYet) {
   EXPECT_FALSE(news.Finished);
 }
 
-TEST_F(SimulationReaderTest, NoChangeOfTheMarketComesOnceItIsToBeDelayed) {
+TEST_F(TSimulationReaderTest, NoChangeOfTheMarketComesOnceItIsToBeDelayed) {
   Step();
   Reader.Step(1s);
   Reader.SetDelay(15min);

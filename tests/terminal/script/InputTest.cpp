@@ -51,9 +51,9 @@ protected:
   }
 };
 
-class ScriptInput : public testing::Test {
+class TScriptInputTest : public testing::Test {
 protected:
-  ScriptInput() {
+  TScriptInputTest() {
     auto* column = new QVBoxLayout(&Window);
     for (auto* widget : {static_cast<QWidget*>(Edit), static_cast<QWidget*>(Recorder)})
       column->addWidget(widget);
@@ -67,7 +67,7 @@ protected:
   TRecorder* Recorder = new TRecorder;
 };
 
-TEST_F(ScriptInput, AClickIsAPressAndAReleaseOfTheWindowSystem) {
+TEST_F(TScriptInputTest, AClickIsAPressAndAReleaseOfTheWindowSystem) {
   Input::Click(Recorder, {7, 9});
   ASSERT_EQ(Recorder->Mouse.size(), 2u);
   EXPECT_EQ(Recorder->Mouse[0].Type, QEvent::MouseButtonPress);
@@ -80,7 +80,7 @@ TEST_F(ScriptInput, AClickIsAPressAndAReleaseOfTheWindowSystem) {
   EXPECT_TRUE(Recorder->hasFocus());
 }
 
-TEST_F(ScriptInput, AClickReachesWhatTheWindowCutsOff) {
+TEST_F(TScriptInputTest, AClickReachesWhatTheWindowCutsOff) {
   Recorder->setFixedSize(300, 300);
   Window.setFixedSize(100, 100);
   Input::Deliver();
@@ -94,7 +94,7 @@ TEST_F(ScriptInput, AClickReachesWhatTheWindowCutsOff) {
   EXPECT_EQ(QWidget::mouseGrabber(), nullptr);
 }
 
-TEST_F(ScriptInput, TwoClicksAreNoDoubleClick) {
+TEST_F(TScriptInputTest, TwoClicksAreNoDoubleClick) {
   Input::Click(Recorder);
   Input::Click(Recorder);
   ASSERT_EQ(Recorder->Mouse.size(), 4u);
@@ -103,7 +103,7 @@ TEST_F(ScriptInput, TwoClicksAreNoDoubleClick) {
             Recorder->Mouse[0].Time + static_cast<quint64>(QApplication::doubleClickInterval()));
 }
 
-TEST_F(ScriptInput, TheMouseMovesOverWhatFollowsItAgainAndAgain) {
+TEST_F(TScriptInputTest, TheMouseMovesOverWhatFollowsItAgainAndAgain) {
   Input::MoveMouse(Recorder, {5, 5});
   EXPECT_TRUE(Recorder->Mouse.empty());
   Recorder->setMouseTracking(true);
@@ -115,7 +115,7 @@ TEST_F(ScriptInput, TheMouseMovesOverWhatFollowsItAgainAndAgain) {
   EXPECT_EQ(Recorder->FromProgram, 0);
 }
 
-TEST_F(ScriptInput, AKeyIsOfTheWindowSystemAndGoesWhereTheFocusIs) {
+TEST_F(TScriptInputTest, AKeyIsOfTheWindowSystemAndGoesWhereTheFocusIs) {
   Recorder->setFocus();
   Input::PressKey(Recorder, Qt::Key_Return);
   ASSERT_EQ(Recorder->Keys.size(), 3u);
@@ -127,7 +127,7 @@ TEST_F(ScriptInput, AKeyIsOfTheWindowSystemAndGoesWhereTheFocusIs) {
   EXPECT_EQ(Recorder->FromProgram, 0);
 }
 
-TEST_F(ScriptInput, AShortcutIsBeforeTheFocus) {
+TEST_F(TScriptInputTest, AShortcutIsBeforeTheFocus) {
   int asked = 0;
   QShortcut shortcut(QKeySequence(Qt::Key_F4), &Window);
   QObject::connect(&shortcut, &QShortcut::activated, [&asked] { ++asked; });
@@ -138,7 +138,7 @@ TEST_F(ScriptInput, AShortcutIsBeforeTheFocus) {
     EXPECT_NE(key.Type, QEvent::KeyPress);
 }
 
-TEST_F(ScriptInput, TypingReplacesWhatIsThereWithAnyCharacter) {
+TEST_F(TScriptInputTest, TypingReplacesWhatIsThereWithAnyCharacter) {
   for (const char* text : {"0700.hk", "騰訊 a,\"B\"", "é~{", ""}) {
     Edit->setText(QStringLiteral("old"));
     Input::Type(Edit, QString::fromUtf8(text));
@@ -147,7 +147,7 @@ TEST_F(ScriptInput, TypingReplacesWhatIsThereWithAnyCharacter) {
   EXPECT_EQ(QGuiApplication::keyboardModifiers(), Qt::NoModifier);
 }
 
-TEST_F(ScriptInput, AContextMenuIsChosenFromAndGoes) {
+TEST_F(TScriptInputTest, AContextMenuIsChosenFromAndGoes) {
   int chosen = 0;
   QAction other;
   QAction* first = Recorder->addAction(QString(), [&chosen] { chosen = 1; });

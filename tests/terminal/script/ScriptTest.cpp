@@ -15,7 +15,7 @@ namespace {
 
 namespace Field = Host::Field;
 
-class Script : public testing::Test {
+class TScriptTest : public testing::Test {
 protected:
   QJsonObject Do(const char* line) { return Driver.Answer(line); }
   bool Ok(const char* line) { return Do(line)["ok"].toBool(); }
@@ -29,7 +29,7 @@ protected:
   TScriptDriver Driver{Session};
 };
 
-TEST_F(Script, AnswersEveryCommandWithALineAndSkipsWhatIsNone) {
+TEST_F(TScriptTest, AnswersEveryCommandWithALineAndSkipsWhatIsNone) {
   std::istringstream script("# a comment\n\n{\"do\":\"open\"}\r\n  {\"do\":\"fly\"}\n");
   std::ostringstream answers;
   EXPECT_FALSE(Driver.Run(script, answers));
@@ -37,13 +37,13 @@ TEST_F(Script, AnswersEveryCommandWithALineAndSkipsWhatIsNone) {
                            "{\"error\":\"There is no command \\\"fly\\\".\",\"ok\":false}\n");
 }
 
-TEST_F(Script, IsWellWhenEveryAnswerIsOk) {
+TEST_F(TScriptTest, IsWellWhenEveryAnswerIsOk) {
   std::istringstream script("{\"do\":\"open\"}\n{\"do\":\"close\",\"view\":1}");
   std::ostringstream answers;
   EXPECT_TRUE(Driver.Run(script, answers));
 }
 
-TEST_F(Script, TypesIntoTheSymbolBoxInPlaceOfWhatItHolds) {
+TEST_F(TScriptTest, TypesIntoTheSymbolBoxInPlaceOfWhatItHolds) {
   Open();
   View().Symbol->setText(QStringLiteral("old"));
   EXPECT_TRUE(Ok(R"({"do":"type","view":1,"text":"騰訊 a.1"})"));
@@ -51,14 +51,14 @@ TEST_F(Script, TypesIntoTheSymbolBoxInPlaceOfWhatItHolds) {
   EXPECT_EQ(View().Exits, 1);
 }
 
-TEST_F(Script, ClicksTheCellOfTheColumn) {
+TEST_F(TScriptTest, ClicksTheCellOfTheColumn) {
   Open();
   EXPECT_TRUE(Ok(R"({"do":"click","view":1,"grid":"GridOne","row":2,"col":2})"));
   EXPECT_EQ(View().Clicked, std::vector<int>{2});
   EXPECT_EQ(View().Grid->View()->FocusedRecordIndex(), 2);
 }
 
-TEST_F(Script, ChoosesFromTheListWithoutPassingOtherEntries) {
+TEST_F(TScriptTest, ChoosesFromTheListWithoutPassingOtherEntries) {
   Open();
   EXPECT_TRUE(Ok(R"({"do":"choose","view":1,"component":"cmbOne","index":2})"));
   EXPECT_TRUE(Ok(R"({"do":"choose","view":1,"component":"cmbOne","index":0})"));
@@ -66,7 +66,7 @@ TEST_F(Script, ChoosesFromTheListWithoutPassingOtherEntries) {
   EXPECT_FALSE(View().Combo->view()->isVisible());
 }
 
-TEST_F(Script, PressesButtonsAndMenuItems) {
+TEST_F(TScriptTest, PressesButtonsAndMenuItems) {
   Open();
   EXPECT_TRUE(Ok(R"({"do":"press","view":1,"component":"btnOne"})"));
   EXPECT_EQ(View().Pressed, 1);
@@ -75,14 +75,14 @@ TEST_F(Script, PressesButtonsAndMenuItems) {
   EXPECT_FALSE(View().Menu->isVisible());
 }
 
-TEST_F(Script, ChoosesAMenuItemThatNoShownGridOffers) {
+TEST_F(TScriptTest, ChoosesAMenuItemThatNoShownGridOffers) {
   Open();
   View().Grid->hide();
   EXPECT_TRUE(Ok(R"({"do":"press","view":1,"component":"mOne"})"));
   EXPECT_EQ(View().Pressed, 1);
 }
 
-TEST_F(Script, RefusesWhatAPersonCouldNotReach) {
+TEST_F(TScriptTest, RefusesWhatAPersonCouldNotReach) {
   Open();
   View().Button->setEnabled(false);
   EXPECT_EQ(Error(R"({"do":"press","view":1,"component":"btnOne"})"),
@@ -96,7 +96,7 @@ TEST_F(Script, RefusesWhatAPersonCouldNotReach) {
   EXPECT_EQ(View().Pressed, 0);
 }
 
-TEST_F(Script, PressesCaptionButtonsByWhatTheyDo) {
+TEST_F(TScriptTest, PressesCaptionButtonsByWhatTheyDo) {
   Open();
   View().Lock.ImageIndex = 6; // what it shows is the view's affair
   EXPECT_TRUE(Ok(R"({"do":"caption-button","view":1,"button":"lock"})"));
@@ -107,7 +107,7 @@ TEST_F(Script, PressesCaptionButtonsByWhatTheyDo) {
             QStringLiteral("There is no caption button \"eject\"."));
 }
 
-TEST_F(Script, DumpsTheComponentsAsTheyAre) {
+TEST_F(TScriptTest, DumpsTheComponentsAsTheyAre) {
   Open();
   View().Symbol->SetHint(QStringLiteral("700"));
   View().Symbol->setPlaceholderText(QStringLiteral("Symbol"));
@@ -124,7 +124,7 @@ TEST_F(Script, DumpsTheComponentsAsTheyAre) {
   EXPECT_EQ(components["mOne"].toObject(), (QJsonObject{{"caption", "Item"}, {"visible", true}}));
 }
 
-TEST_F(Script, DumpsEveryCellOfTheVisibleColumns) {
+TEST_F(TScriptTest, DumpsEveryCellOfTheVisibleColumns) {
   Open();
   View().Grid->View()->SetColumnVisible(View().Grid->View()->Columns()[0].get(), false);
   const QJsonObject grid =
@@ -138,12 +138,12 @@ TEST_F(Script, DumpsEveryCellOfTheVisibleColumns) {
   EXPECT_EQ(cells[1].toObject()["drawnBy"], "grid");
 }
 
-TEST_F(Script, SaysThatAPackageHasNoPreferencePage) {
+TEST_F(TScriptTest, SaysThatAPackageHasNoPreferencePage) {
   EXPECT_EQ(Error(R"({"do":"preferences","action":"open"})"),
             QStringLiteral("The package has no preference page."));
 }
 
-TEST_F(Script, DefinesSpreadTablesByTheirBands) {
+TEST_F(TScriptTest, DefinesSpreadTablesByTheirBands) {
   ASSERT_TRUE(
       Ok(R"({"do":"spread-table","code":"09","state":1,"bands":[[0,10,0.01],[10,20,0.02]]})"));
   const auto* table = Services.Market.GetSpreadTable("09");
@@ -152,7 +152,7 @@ TEST_F(Script, DefinesSpreadTablesByTheirBands) {
   EXPECT_DOUBLE_EQ(table->PriceStep(10.02), 0.02);
 }
 
-TEST_F(Script, MergesRecordsAndKeepsTextsAsGiven) {
+TEST_F(TScriptTest, MergesRecordsAndKeepsTextsAsGiven) {
   ASSERT_TRUE(Ok(R"({"do":"record","symbol":"1","status":"s","fields":{"1":" 5 ","2":""}})"));
   ASSERT_TRUE(Ok(R"({"do":"record","symbol":"1","fields":{"1":null,"3":"7"}})"));
   const auto* record = Services.Subscriptions.Find("1");
@@ -164,13 +164,13 @@ TEST_F(Script, MergesRecordsAndKeepsTextsAsGiven) {
   EXPECT_EQ(record->GetText(Field::Nominal), "7");
 }
 
-TEST_F(Script, WritesConfigurationInTheCurrentSection) {
+TEST_F(TScriptTest, WritesConfigurationInTheCurrentSection) {
   ASSERT_TRUE(Ok(R"({"do":"config","section":"current","key":"K","value":"V"})"));
   EXPECT_EQ(Services.Config.ReadString(Services.Config.CurrentSection(), "K"), "V");
   EXPECT_EQ(Do(R"({"do":"config-get","section":"current","key":"K"})")["value"], "V");
 }
 
-TEST_F(Script, TickTakesItsTimeAndNothingElseRunsTimers) {
+TEST_F(TScriptTest, TickTakesItsTimeAndNothingElseRunsTimers) {
   int ticks = 0;
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });

@@ -17,9 +17,9 @@ using Platform::TcxPopupEdit;
 using Terminal::TSymbolDirectory;
 using Terminal::TSymbolEditors;
 
-class SymbolBox : public testing::Test {
+class TSymbolBoxTest : public testing::Test {
 protected:
-  SymbolBox() {
+  TSymbolBoxTest() {
     Symbols.Add("700", "HARBOUR TECH");
     Symbols.Add("5", "HSBC HOLDINGS");
     Symbols.Add("09988");
@@ -42,7 +42,7 @@ protected:
     QApplication::setActiveWindow(&window_);
     Edit->setFocus();
   }
-  ~SymbolBox() override { Manager.RemoveSymbolEditor(Edit); }
+  ~TSymbolBoxTest() override { Manager.RemoveSymbolEditor(Edit); }
 
   void Type(const QString& text) {
     Edit->selectAll();
@@ -138,7 +138,7 @@ TEST(SymbolDirectory, NewNamesReplaceTheFormerOnesTogether) {
   EXPECT_EQ(entry.NameIn(Constdef::Language_English), QStringLiteral("OTHER"));
 }
 
-TEST_F(SymbolBox, EnterResolvesWhatWasTyped) {
+TEST_F(TSymbolBoxTest, EnterResolvesWhatWasTyped) {
   Enter("0700.HK");
   EXPECT_EQ(Edit->Hint(), "700");
   EXPECT_EQ(Edit->text(), "700");
@@ -148,7 +148,7 @@ TEST_F(SymbolBox, EnterResolvesWhatWasTyped) {
   EXPECT_EQ(Edit->text(), "09988");
 }
 
-TEST_F(SymbolBox, LeavingTheBoxResolvesWhatWasTyped) {
+TEST_F(TSymbolBoxTest, LeavingTheBoxResolvesWhatWasTyped) {
   Type("harbour tech");
   EXPECT_EQ(Edit->Hint(), "");
   Leave();
@@ -157,7 +157,7 @@ TEST_F(SymbolBox, LeavingTheBoxResolvesWhatWasTyped) {
   EXPECT_EQ(Heard, QStringList{"700"});
 }
 
-TEST_F(SymbolBox, AnUnknownSymbolStaysSelectedAfterEnterAndGivesWayWhenTheBoxIsLeft) {
+TEST_F(TSymbolBoxTest, AnUnknownSymbolStaysSelectedAfterEnterAndGivesWayWhenTheBoxIsLeft) {
   Enter("700");
   Enter("12345");
   EXPECT_EQ(Edit->Hint(), "700");
@@ -168,7 +168,7 @@ TEST_F(SymbolBox, AnUnknownSymbolStaysSelectedAfterEnterAndGivesWayWhenTheBoxIsL
   EXPECT_EQ(Edit->text(), "700");
 }
 
-TEST_F(SymbolBox, AClearedBoxShowsItsSymbolAgainWhenItIsLeft) {
+TEST_F(TSymbolBoxTest, AClearedBoxShowsItsSymbolAgainWhenItIsLeft) {
   Enter("700");
   Edit->selectAll();
   Press(Qt::Key_Delete);
@@ -176,7 +176,7 @@ TEST_F(SymbolBox, AClearedBoxShowsItsSymbolAgainWhenItIsLeft) {
   EXPECT_EQ(Edit->text(), "700");
 }
 
-TEST_F(SymbolBox, ATextThatIsTheHintIsNotResolved) {
+TEST_F(TSymbolBoxTest, ATextThatIsTheHintIsNotResolved) {
   Edit->SetHint("NOT LISTED");
   SetByProgram("NOT LISTED");
   EXPECT_EQ(Edit->Hint(), "NOT LISTED");
@@ -184,14 +184,14 @@ TEST_F(SymbolBox, ATextThatIsTheHintIsNotResolved) {
   EXPECT_EQ(Heard, QStringList{"NOT LISTED"});
 }
 
-TEST_F(SymbolBox, AnUnknownSymbolThatCameByProgramGivesWayAtOnce) {
+TEST_F(TSymbolBoxTest, AnUnknownSymbolThatCameByProgramGivesWayAtOnce) {
   Enter("700");
   SetByProgram("12345");
   EXPECT_EQ(Edit->Hint(), "700");
   EXPECT_EQ(Edit->text(), "700");
 }
 
-TEST_F(SymbolBox, ASymbolThatTheUserEntersGoesOnToTheGroupAfterItsOwnerHeard) {
+TEST_F(TSymbolBoxTest, ASymbolThatTheUserEntersGoesOnToTheGroupAfterItsOwnerHeard) {
   Enter("00700");
   Enter("0700.HK");
   Type("5");
@@ -199,7 +199,7 @@ TEST_F(SymbolBox, ASymbolThatTheUserEntersGoesOnToTheGroupAfterItsOwnerHeard) {
   EXPECT_EQ(Passed, (QStringList{"A:700 after 1", "A:5 after 3"})) << "the same symbol is no news";
 }
 
-TEST_F(SymbolBox, ASymbolThatCameByProgramDoesNotEcho) {
+TEST_F(TSymbolBoxTest, ASymbolThatCameByProgramDoesNotEcho) {
   SetByProgram("00700");
   EXPECT_EQ(Edit->Hint(), "700");
   Type("12");
@@ -208,7 +208,7 @@ TEST_F(SymbolBox, ASymbolThatCameByProgramDoesNotEcho) {
   EXPECT_EQ(Passed, QStringList());
 }
 
-TEST_F(SymbolBox, ABoxOutsideAnyGroupPassesNothingOn) {
+TEST_F(TSymbolBoxTest, ABoxOutsideAnyGroupPassesNothingOn) {
   Manager.RegisterSymbolEditor(Edit, "", true, true);
   EXPECT_EQ(Manager.RegistrationCount(), 1U);
   Enter("700");
@@ -217,7 +217,7 @@ TEST_F(SymbolBox, ABoxOutsideAnyGroupPassesNothingOn) {
   EXPECT_EQ(Passed, QStringList{"B:5 after 2"});
 }
 
-TEST_F(SymbolBox, OffersListedSymbolsAndNamesWhileTheUserTypes) {
+TEST_F(TSymbolBoxTest, OffersListedSymbolsAndNamesWhileTheUserTypes) {
   auto* completer = Edit->completer();
   ASSERT_NE(completer, nullptr);
   Type("hsb");
@@ -228,7 +228,7 @@ TEST_F(SymbolBox, OffersListedSymbolsAndNamesWhileTheUserTypes) {
   EXPECT_EQ(completer->completionCount(), 2) << "a symbol listed since is offered";
 }
 
-TEST_F(SymbolBox, CompletionsHaveTheNamesOfTheLanguage) {
+TEST_F(TSymbolBoxTest, CompletionsHaveTheNamesOfTheLanguage) {
   Symbols.Add("5", "BANK", "銀行", "银行");
   const auto offered = [this] {
     Type("5");
@@ -239,7 +239,7 @@ TEST_F(SymbolBox, CompletionsHaveTheNamesOfTheLanguage) {
   EXPECT_EQ(offered(), QStringLiteral("5  銀行"));
 }
 
-TEST_F(SymbolBox, AnOfferedSymbolIsEnteredByKey) {
+TEST_F(TSymbolBoxTest, AnOfferedSymbolIsEnteredByKey) {
   Type("hsb");
   auto* list = Edit->completer()->popup();
   ASSERT_TRUE(list->isVisible());
@@ -251,7 +251,7 @@ TEST_F(SymbolBox, AnOfferedSymbolIsEnteredByKey) {
   EXPECT_FALSE(list->isVisible());
 }
 
-TEST_F(SymbolBox, AnOfferedSymbolIsEnteredByMouse) {
+TEST_F(TSymbolBoxTest, AnOfferedSymbolIsEnteredByMouse) {
   Type("hsb");
   auto* list = Edit->completer()->popup();
   ASSERT_TRUE(list->isVisible());
@@ -262,7 +262,7 @@ TEST_F(SymbolBox, AnOfferedSymbolIsEnteredByMouse) {
   EXPECT_EQ(Passed, QStringList{"A:5 after 1"});
 }
 
-TEST_F(SymbolBox, IsAnOrdinaryEditOnceItIsRemoved) {
+TEST_F(TSymbolBoxTest, IsAnOrdinaryEditOnceItIsRemoved) {
   Manager.RemoveSymbolEditor(Edit);
   EXPECT_EQ(Manager.RegistrationCount(), 0U);
   EXPECT_EQ(Edit->completer(), nullptr);
@@ -271,7 +271,7 @@ TEST_F(SymbolBox, IsAnOrdinaryEditOnceItIsRemoved) {
   EXPECT_EQ(Edit->text(), "700");
 }
 
-TEST_F(SymbolBox, MayResolveOnEnterOnly) {
+TEST_F(TSymbolBoxTest, MayResolveOnEnterOnly) {
   Manager.RegisterSymbolEditor(Edit, "A", false, false);
   EXPECT_EQ(Edit->completer(), nullptr);
   Type("00700");
@@ -282,7 +282,7 @@ TEST_F(SymbolBox, MayResolveOnEnterOnly) {
   EXPECT_EQ(Edit->Hint(), "700");
 }
 
-TEST_F(SymbolBox, MayBeClosedByWhoTakesItsSymbol) {
+TEST_F(TSymbolBoxTest, MayBeClosedByWhoTakesItsSymbol) {
   auto* second = new TcxPopupEdit;
   Manager.RegisterSymbolEditor(second, "A", true, true);
   Manager.OnUserSymbol = [&](std::string_view, std::string_view) {

@@ -16,9 +16,9 @@ using Terminal::TMarketDataFormatter;
 /// Of which no rule says anything.
 constexpr int AnyField = 5000;
 
-class Formats : public testing::Test {
+class TFormatsTest : public testing::Test {
 protected:
-  Formats() {
+  TFormatsTest() {
     Market.DefineSpreadTables({{"01", 1, {{0, 0.25, 0.001}, {0.25, 100, 0.05}, {100, 500, 0.2}}},
                                {"02", 0, {{0, 500, 0.001}}}});
   }
@@ -77,7 +77,7 @@ private:
   int made_ = 0;
 };
 
-TEST_F(Formats, AWholeNumberIsGroupedAndTwoDecimalsAreOnDemand) {
+TEST_F(TFormatsTest, AWholeNumberIsGroupedAndTwoDecimalsAreOnDemand) {
   EXPECT_EQ(Formatter.FormatNumber(0, 0), "0");
   EXPECT_EQ(Formatter.FormatNumber(999, 0), "999");
   EXPECT_EQ(Formatter.FormatNumber(1000, 0), "1,000");
@@ -91,14 +91,14 @@ TEST_F(Formats, AWholeNumberIsGroupedAndTwoDecimalsAreOnDemand) {
   EXPECT_EQ(Formatter.FormatNumber(std::nan(""), 1), "");
 }
 
-TEST_F(Formats, AQuantityIsGroupedAndKeepsAFraction) {
+TEST_F(TFormatsTest, AQuantityIsGroupedAndKeepsAFraction) {
   EXPECT_EQ(Formatter.FormatQuantity(0), "0");
   EXPECT_EQ(Formatter.FormatQuantity(12000), "12,000");
   EXPECT_EQ(Formatter.FormatQuantity(9556000000), "9,556,000,000");
   EXPECT_EQ(Formatter.FormatQuantity(1234.5), "1,234.5");
 }
 
-TEST_F(Formats, AnAmountHasCentsWhenItHasAFractionAndIsShortenedFromTenMillion) {
+TEST_F(TFormatsTest, AnAmountHasCentsWhenItHasAFractionAndIsShortenedFromTenMillion) {
   EXPECT_EQ(Formatter.FormatAmount("700", 0), "0");
   EXPECT_EQ(Formatter.FormatAmount("700", 999999), "999,999");
   EXPECT_EQ(Formatter.FormatAmount("700", 1234.5), "1,234.50");
@@ -108,7 +108,7 @@ TEST_F(Formats, AnAmountHasCentsWhenItHasAFractionAndIsShortenedFromTenMillion) 
   EXPECT_EQ(Formatter.FormatAmount("700", 3012345678901), "3,012.35B");
 }
 
-TEST_F(Formats, AnAbbreviatedAmountIsInThousandsMillionsOrBillions) {
+TEST_F(TFormatsTest, AnAbbreviatedAmountIsInThousandsMillionsOrBillions) {
   EXPECT_EQ(Formatter.FormatAbbreviatedAmount(0, 2), "0");
   EXPECT_EQ(Formatter.FormatAbbreviatedAmount(950.255, 2), "950.25");
   EXPECT_EQ(Formatter.FormatAbbreviatedAmount(1500, 2), "1.5K");
@@ -121,7 +121,7 @@ TEST_F(Formats, AnAbbreviatedAmountIsInThousandsMillionsOrBillions) {
   EXPECT_EQ(Formatter.FormatAbbreviatedAmount(-1234567, 0), "-1M");
 }
 
-TEST_F(Formats, APriceHasTheDecimalsOfItsStepAtTheNominalPrice) {
+TEST_F(TFormatsTest, APriceHasTheDecimalsOfItsStepAtTheNominalPrice) {
   EXPECT_EQ(PriceOf("318", "01", "318.2"), "318.0");
   EXPECT_EQ(PriceOf("318.2", "01", "318.2"), "318.2");
   EXPECT_EQ(PriceOf("60.1", "01", "60"), "60.10");
@@ -130,13 +130,13 @@ TEST_F(Formats, APriceHasTheDecimalsOfItsStepAtTheNominalPrice) {
   EXPECT_EQ(PriceOf("318.200000", "01", "318.2"), "318.2");
 }
 
-TEST_F(Formats, APriceIsNeverCut) {
+TEST_F(TFormatsTest, APriceIsNeverCut) {
   EXPECT_EQ(PriceOf("318.25", "01", "318.2"), "318.25");
   EXPECT_EQ(PriceOf("60.1234567", "01", "60"), "60.1234567");
   EXPECT_EQ(PriceOf("60.123450", "01", "60"), "60.12345");
 }
 
-TEST_F(Formats, WithoutASpreadTableThatIsReadyAPriceStaysAsTheFeedGaveIt) {
+TEST_F(TFormatsTest, WithoutASpreadTableThatIsReadyAPriceStaysAsTheFeedGaveIt) {
   EXPECT_EQ(PriceOf("318.20"), "318.20");
   EXPECT_EQ(PriceOf("318"), "318");
   EXPECT_EQ(PriceOf("318.2", "02", "318.2"), "318.2") << "table not ready";
@@ -144,7 +144,7 @@ TEST_F(Formats, WithoutASpreadTableThatIsReadyAPriceStaysAsTheFeedGaveIt) {
   EXPECT_EQ(PriceOf("9000.50", "01", "9000"), "9000.50") << "outside the bands";
 }
 
-TEST_F(Formats, TheStepIsThatOfThePreviousCloseOrTheBestPricesUntilThereIsANominal) {
+TEST_F(TFormatsTest, TheStepIsThatOfThePreviousCloseOrTheBestPricesUntilThereIsANominal) {
   EXPECT_EQ(
       Price(Record(
                 {{Field::SpreadCode, "01"}, {Field::PreviousClose, "60"}, {Field::BestBid, "0.2"}}),
@@ -160,7 +160,7 @@ TEST_F(Formats, TheStepIsThatOfThePreviousCloseOrTheBestPricesUntilThereIsANomin
             "60.00");
 }
 
-TEST_F(Formats, APriceTextThatIsNotPlainIsReadAsANumberOrShownAsItStands) {
+TEST_F(TFormatsTest, APriceTextThatIsNotPlainIsReadAsANumberOrShownAsItStands) {
   EXPECT_EQ(PriceOf(" 318.2 "), "318.2");
   EXPECT_EQ(PriceOf("+5.50"), "5.50");
   EXPECT_EQ(PriceOf("-0.35"), "-0.35");
@@ -172,7 +172,7 @@ TEST_F(Formats, APriceTextThatIsNotPlainIsReadAsANumberOrShownAsItStands) {
   EXPECT_EQ(PriceOf("1,234.5"), "1,234.5");
 }
 
-TEST_F(Formats, APriceIsRefusedWithoutAReadyRecordFieldAndText) {
+TEST_F(TFormatsTest, APriceIsRefusedWithoutAReadyRecordFieldAndText) {
   EXPECT_EQ(Price(Record({{Field::BestBid, ""}}), Field::BestBid), "refused");
   EXPECT_EQ(Price(Record({{Field::BestAsk, "5"}}), Field::BestBid), "refused");
   Data::TRecordChange rejected;
@@ -190,7 +190,7 @@ TEST_F(Formats, APriceIsRefusedWithoutAReadyRecordFieldAndText) {
   EXPECT_EQ(ChangePercent(record), "refused");
 }
 
-TEST_F(Formats, APriceOfASymbolFollowsItsSpreadTableOrThePrecisionAskedFor) {
+TEST_F(TFormatsTest, APriceOfASymbolFollowsItsSpreadTableOrThePrecisionAskedFor) {
   Data::TRecordChange change;
   change.Symbol = "700";
   change.Fields = {{Field::SpreadCode, "01"}, {Field::Nominal, "60"}};
@@ -205,7 +205,7 @@ TEST_F(Formats, APriceOfASymbolFollowsItsSpreadTableOrThePrecisionAskedFor) {
   EXPECT_EQ(Formatter.FormatPrice("5", 0, 0), "0");
 }
 
-TEST_F(Formats, AVolumeIsGrouped) {
+TEST_F(TFormatsTest, AVolumeIsGrouped) {
   EXPECT_EQ(VolumeOf("0"), "0");
   EXPECT_EQ(VolumeOf("12000"), "12,000");
   EXPECT_EQ(VolumeOf(" 123 "), "123");
@@ -218,7 +218,7 @@ TEST_F(Formats, AVolumeIsGrouped) {
   EXPECT_EQ(VolumeOf(""), "refused");
 }
 
-TEST_F(Formats, AChangeHasItsSignAndTheDecimalsOfThePrice) {
+TEST_F(TFormatsTest, AChangeHasItsSignAndTheDecimalsOfThePrice) {
   EXPECT_EQ(
       Change(Record({{Field::Change, "1.2"}, {Field::SpreadCode, "01"}, {Field::Nominal, "60"}})),
       "+1.20");
@@ -233,7 +233,7 @@ TEST_F(Formats, AChangeHasItsSignAndTheDecimalsOfThePrice) {
   EXPECT_EQ(Change(Record({{Field::Change, "unch"}})), "unch");
 }
 
-TEST_F(Formats, WithoutItsFieldTheChangeIsTheNominalLessThePreviousClose) {
+TEST_F(TFormatsTest, WithoutItsFieldTheChangeIsTheNominalLessThePreviousClose) {
   EXPECT_EQ(
       Change(Record(
           {{Field::Nominal, "318.2"}, {Field::PreviousClose, "317.0"}, {Field::SpreadCode, "01"}})),
@@ -247,7 +247,7 @@ TEST_F(Formats, WithoutItsFieldTheChangeIsTheNominalLessThePreviousClose) {
       << "nothing traded yet";
 }
 
-TEST_F(Formats, AChangePercentHasItsSignAndTwoDecimals) {
+TEST_F(TFormatsTest, AChangePercentHasItsSignAndTwoDecimals) {
   EXPECT_EQ(ChangePercent(Record({{Field::ChangePercent, "0.379"}})), "+0.38%");
   EXPECT_EQ(ChangePercent(Record({{Field::ChangePercent, "-1.5%"}})), "-1.50%");
   EXPECT_EQ(ChangePercent(Record({{Field::ChangePercent, "0"}})), "0.00%");

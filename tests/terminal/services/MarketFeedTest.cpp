@@ -28,9 +28,9 @@ constexpr const char* market =
     R"({"t":"09:30:08","s":"700","f":{"1":null}})"
     "\n";
 
-class MarketFeed : public testing::Test {
+class TMarketFeedTest : public testing::Test {
 protected:
-  MarketFeed() {
+  TMarketFeedTest() {
     QObject::connect(&Feed, &TMarketFeed::Started,
                      [this](const QString& symbol) { Started.append(symbol); });
   }
@@ -85,7 +85,7 @@ protected:
   QStringList Started;
 };
 
-TEST_F(MarketFeed, HandsTheMarketToTheServices) {
+TEST_F(TMarketFeedTest, HandsTheMarketToTheServices) {
   Play(market);
   EXPECT_FALSE(Feed.Age());
   Player.Step(6000);
@@ -96,7 +96,7 @@ TEST_F(MarketFeed, HandsTheMarketToTheServices) {
   EXPECT_EQ(Record().GetText(Field::BestAsk), "6");
 }
 
-TEST_F(MarketFeed, NamesInstrumentsInEveryLanguageThatTheHeaderHas) {
+TEST_F(TMarketFeedTest, NamesInstrumentsInEveryLanguageThatTheHeaderHas) {
   Play("{\"quorprice\":1,\"instruments\":[{\"symbol\":\"5\",\"name\":\"BANK\","
        "\"name1\":\"銀行\",\"name2\":\"银行\",\"currency\":\"HKD\"},"
        "{\"symbol\":\"6\",\"name\":\"OLD\",\"currency\":\"HKD\"}]}\n");
@@ -107,7 +107,7 @@ TEST_F(MarketFeed, NamesInstrumentsInEveryLanguageThatTheHeaderHas) {
   EXPECT_EQ(entries[1].NameIn(Constdef::Language_TraditionalChinese), QStringLiteral("OLD"));
 }
 
-TEST_F(MarketFeed, ForgetsTheMarketOnAJump) {
+TEST_F(TMarketFeedTest, ForgetsTheMarketOnAJump) {
   Play(market);
   Player.Step(6000);
   Player.Seek(Player.Start());
@@ -117,25 +117,25 @@ TEST_F(MarketFeed, ForgetsTheMarketOnAJump) {
   EXPECT_EQ(Record().GetState(), Constdef::RecordState_Ready);
 }
 
-TEST_F(MarketFeed, TellsTheFirstSymbolOnce) {
+TEST_F(TMarketFeedTest, TellsTheFirstSymbolOnce) {
   Play(market);
   Player.Step(6000);
   EXPECT_EQ(Started, QStringList{"700"});
 }
 
-TEST_F(MarketFeed, TakesTheFirstSymbolFromTheDataWhereNoHeaderNamesOne) {
+TEST_F(TMarketFeedTest, TakesTheFirstSymbolFromTheDataWhereNoHeaderNamesOne) {
   Play("{\"t\":\"09:30:00\",\"s\":\"ABC\",\"f\":{\"1\":\"5\"}}\n");
   Player.Step(0);
   EXPECT_EQ(Started, QStringList{"ABC"});
 }
 
-TEST_F(MarketFeed, StartsOnARecordingThatHoldsNothing) {
+TEST_F(TMarketFeedTest, StartsOnARecordingThatHoldsNothing) {
   Play("");
   Player.Step(0);
   EXPECT_EQ(Started, QStringList{QString()});
 }
 
-TEST_F(MarketFeed, TellsTheLinesThatWereSkipped) {
+TEST_F(TMarketFeedTest, TellsTheLinesThatWereSkipped) {
   Play(QByteArray(market) + "nonsense\n");
   Player.Step(0);
   const auto lines = SkippedLines(*Player.Index());
@@ -144,7 +144,7 @@ TEST_F(MarketFeed, TellsTheLinesThatWereSkipped) {
   EXPECT_EQ(lines[1], "Lines skipped: 1");
 }
 
-TEST_F(MarketFeed, TellsTheFirstOfManySkippedLinesAndTheirNumber) {
+TEST_F(TMarketFeedTest, TellsTheFirstOfManySkippedLinesAndTheirNumber) {
   Play(QByteArray("nonsense\n").repeated(25));
   Player.Step(0);
   const auto lines = SkippedLines(*Player.Index());
@@ -152,7 +152,7 @@ TEST_F(MarketFeed, TellsTheFirstOfManySkippedLinesAndTheirNumber) {
   EXPECT_EQ(lines.back(), "Lines skipped: 25");
 }
 
-TEST_F(MarketFeed, RecordsTheMarketAsItStandsAndEveryChange) {
+TEST_F(TMarketFeedTest, RecordsTheMarketAsItStandsAndEveryChange) {
   Play(market);
   TMarketRecorder recorder(Player, Feed);
   Player.Step(6000);
@@ -170,7 +170,7 @@ TEST_F(MarketFeed, RecordsTheMarketAsItStandsAndEveryChange) {
   EXPECT_FALSE(Record().HasValue(Field::BestBid));
 }
 
-TEST_F(MarketFeed, AJumpEndsTheRecording) {
+TEST_F(TMarketFeedTest, AJumpEndsTheRecording) {
   Play(market);
   TMarketRecorder recorder(Player, Feed);
   bool ended = false;
@@ -186,7 +186,7 @@ TEST_F(MarketFeed, AJumpEndsTheRecording) {
 constexpr std::uint64_t seed = 5;
 constexpr auto start = 9h + 31min;
 
-TEST_F(MarketFeed, SimulationThatWasRecordedPlaysBackTheSameScreensAtAHundredInstants) {
+TEST_F(TMarketFeedTest, SimulationThatWasRecordedPlaysBackTheSameScreensAtAHundredInstants) {
   const auto file = File("day.jsonl");
   const auto day = Feed::DefaultSource().Read(Markets::Simulation(seed, start));
   ASSERT_FALSE(Feed::WriteRecording(std::get<Feed::TChangeStream>(day), 11s, file.toStdString()));
@@ -202,7 +202,7 @@ TEST_F(MarketFeed, SimulationThatWasRecordedPlaysBackTheSameScreensAtAHundredIns
   EXPECT_NE(simulated[0], simulated[99]);
 }
 
-TEST_F(MarketFeed, RecorderWritesTheSimulatedMarketAsItIsShown) {
+TEST_F(TMarketFeedTest, RecorderWritesTheSimulatedMarketAsItIsShown) {
   TMarketRecorder recorder(Player, Feed);
   Markets::Simulate(Player, seed, start);
   Player.Step(0);
@@ -219,7 +219,7 @@ TEST_F(MarketFeed, RecorderWritesTheSimulatedMarketAsItIsShown) {
   EXPECT_NE(simulated[0], simulated[99]);
 }
 
-TEST_F(MarketFeed, SnapshotsComeOnRequestOnlyAndAreCounted) {
+TEST_F(TMarketFeedTest, SnapshotsComeOnRequestOnlyAndAreCounted) {
   Feed.SetFeedType(Constdef::FeedType_PerClick);
   EXPECT_EQ(Services.Vendor.FeedType(), Constdef::FeedType_PerClick);
   QList<int> counts;
@@ -244,7 +244,7 @@ TEST_F(MarketFeed, SnapshotsComeOnRequestOnlyAndAreCounted) {
   EXPECT_EQ(Feed.SnapshotCount(), 3);
 }
 
-TEST_F(MarketFeed, SaysThatTheDayHasBegunWhenARecordGetsItsOpeningPrice) {
+TEST_F(TMarketFeedTest, SaysThatTheDayHasBegunWhenARecordGetsItsOpeningPrice) {
   int begun = 0;
   System::TObject owner;
   Services.Channels.Subscribe(
@@ -261,7 +261,7 @@ TEST_F(MarketFeed, SaysThatTheDayHasBegunWhenARecordGetsItsOpeningPrice) {
   Services.Channels.Unsubscribe(Constdef::Channel_BeginningOfDay, &owner);
 }
 
-TEST_F(MarketFeed, StreamsAgainWithAllThatNobodyAskedFor) {
+TEST_F(TMarketFeedTest, StreamsAgainWithAllThatNobodyAskedFor) {
   Play(market);
   Player.Step(0);
   Feed.SetFeedType(Constdef::FeedType_PerClick);
@@ -274,7 +274,7 @@ TEST_F(MarketFeed, StreamsAgainWithAllThatNobodyAskedFor) {
   EXPECT_EQ(Feed.SnapshotCount(), 0);
 }
 
-TEST_F(MarketFeed, DelayedQuotesAreAQuarterOfAnHourOldAndHaveNoQueue) {
+TEST_F(TMarketFeedTest, DelayedQuotesAreAQuarterOfAnHourOldAndHaveNoQueue) {
   Markets::Simulate(Player, seed, 9h + 40min);
   Player.Step(0);
   auto early = Feed.Present();
@@ -296,7 +296,7 @@ TEST_F(MarketFeed, DelayedQuotesAreAQuarterOfAnHourOldAndHaveNoQueue) {
   EXPECT_EQ(Player.Position(), 9h + 55min);
 }
 
-TEST_F(MarketFeed, RecordingShowsItsQueueWhereverQuotesAreNotDelayed) {
+TEST_F(TMarketFeedTest, RecordingShowsItsQueueWhereverQuotesAreNotDelayed) {
   Play("{\"t\":\"09:30:00\",\"s\":\"700\",\"f\":{\"1\":\"5\",\"120\":\"B\",\"121\":\"A\"}}\n");
   Player.Step(0);
   EXPECT_EQ(Record().GetText(Field::BidQueue), "B");
@@ -310,7 +310,7 @@ TEST_F(MarketFeed, RecordingShowsItsQueueWhereverQuotesAreNotDelayed) {
   EXPECT_EQ(Record().GetText(Field::AskQueue), "A");
 }
 
-TEST_F(MarketFeed, RealTimeQuotesOfASimulationAreGoneAsSoonAsItIsDelayed) {
+TEST_F(TMarketFeedTest, RealTimeQuotesOfASimulationAreGoneAsSoonAsItIsDelayed) {
   Markets::Simulate(Player, seed, start);
   Player.Step(0);
   const std::string symbol = Feed.Present().at(0).Symbol;
@@ -322,12 +322,12 @@ TEST_F(MarketFeed, RealTimeQuotesOfASimulationAreGoneAsSoonAsItIsDelayed) {
   EXPECT_EQ(Services.Subscriptions.Find(symbol)->GetState(), Constdef::RecordState_Ready);
 }
 
-TEST_F(MarketFeed, AnotherFeedTypeMakesNoDataNew) {
+TEST_F(TMarketFeedTest, AnotherFeedTypeMakesNoDataNew) {
   Feed.SetFeedType(Constdef::FeedType_PerClick);
   EXPECT_FALSE(Feed.Age());
 }
 
-TEST_F(MarketFeed, UnknownFeedTypeChangesNothing) {
+TEST_F(TMarketFeedTest, UnknownFeedTypeChangesNothing) {
   Play(market);
   Player.Step(0);
   for (const int type : {0, 4, -1}) {
@@ -338,7 +338,7 @@ TEST_F(MarketFeed, UnknownFeedTypeChangesNothing) {
   EXPECT_EQ(Record().GetText(Field::BestBid), "5");
 }
 
-TEST_F(MarketFeed, PresentHasNoTradesPerClickEither) {
+TEST_F(TMarketFeedTest, PresentHasNoTradesPerClickEither) {
   Feed.SetFeedType(Constdef::FeedType_PerClick);
   Play("{\"t\":\"09:30:00\",\"s\":\"700\",\"f\":{\"1\":\"5\"},\"trade\":{\"time\":\"09:30:00\","
        "\"side\":\"B\",\"qty\":\"100\",\"price\":\"5\"}}\n");
@@ -353,7 +353,7 @@ TEST_F(MarketFeed, PresentHasNoTradesPerClickEither) {
   EXPECT_TRUE(Feed.Present()[0].Trades.empty());
 }
 
-TEST_F(MarketFeed, DeskTradesInTheSimulatedMarketAndNotInARecording) {
+TEST_F(TMarketFeedTest, DeskTradesInTheSimulatedMarketAndNotInARecording) {
   TOrderDesk desk;
   desk.Follow(Player);
   EXPECT_FALSE(desk.IsOpen());
@@ -372,7 +372,7 @@ TEST_F(MarketFeed, DeskTradesInTheSimulatedMarketAndNotInARecording) {
   EXPECT_EQ(desk.Orders().at(0).Reason, Data::Refused_NoMarket);
 }
 
-TEST_F(MarketFeed, DeskForgetsTheOrdersWhenTheDayBeginsAnew) {
+TEST_F(TMarketFeedTest, DeskForgetsTheOrdersWhenTheDayBeginsAnew) {
   TOrderDesk desk;
   desk.Follow(Player);
   Markets::Simulate(Player, seed, start);
@@ -390,7 +390,7 @@ TEST_F(MarketFeed, DeskForgetsTheOrdersWhenTheDayBeginsAnew) {
   EXPECT_EQ(desk.Submit("nothing", Data::TSide::Bid, 1, 1), 1);
 }
 
-TEST_F(MarketFeed, SaysWhyItCannotRecord) {
+TEST_F(TMarketFeedTest, SaysWhyItCannotRecord) {
   TMarketRecorder recorder(Player, Feed);
   EXPECT_EQ(recorder.Start("/nowhere/at/all.jsonl"),
             Data::TProblem{Data::TProblemCode::FileUnwritable});

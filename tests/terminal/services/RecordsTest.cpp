@@ -17,7 +17,7 @@ using Markettradesidedetector::TTrade;
 
 class TOwner : public System::TObject {};
 
-class Records : public testing::Test {
+class TRecordsTest : public testing::Test {
 protected:
   TCustomSubItem* Subscribe(std::string_view symbol) {
     return Adapter.Subscribe(symbol, "PRCDDS", true);
@@ -36,7 +36,7 @@ protected:
   Terminal::TSubscribeAdapter Adapter{Symbols, Trades};
 };
 
-TEST_F(Records, ASubscribedSymbolThatNobodyNamedHasAnEmptyRecordAndIsNotListed) {
+TEST_F(TRecordsTest, ASubscribedSymbolThatNobodyNamedHasAnEmptyRecordAndIsNotListed) {
   const auto* record = Subscribe("700");
   ASSERT_NE(record, nullptr);
   EXPECT_EQ(record->Symbol(), "700");
@@ -47,7 +47,7 @@ TEST_F(Records, ASubscribedSymbolThatNobodyNamedHasAnEmptyRecordAndIsNotListed) 
   EXPECT_EQ(Subscribe(""), nullptr);
 }
 
-TEST_F(Records, AnUpdateMakesTheRecordReadyUnlessItSaysOtherwise) {
+TEST_F(TRecordsTest, AnUpdateMakesTheRecordReadyUnlessItSaysOtherwise) {
   const auto* subscribed = Subscribe("700");
   Adapter.Apply(Change("700", {{Field::BestBid, "318.2"}}));
   EXPECT_EQ(subscribed->GetState(), 1);
@@ -65,7 +65,7 @@ TEST_F(Records, AnUpdateMakesTheRecordReadyUnlessItSaysOtherwise) {
   EXPECT_EQ(Adapter.Find("9999")->StatusText(), "Unknown stock");
 }
 
-TEST_F(Records, AChangeMergesAndARemovedFieldIsAbsent) {
+TEST_F(TRecordsTest, AChangeMergesAndARemovedFieldIsAbsent) {
   Adapter.Apply(Change("700", {{Field::BestAsk, "318.4"},
                                {Field::BidQueue, ""},
                                {Field::BestBid, "318.2"},
@@ -84,7 +84,7 @@ TEST_F(Records, AChangeMergesAndARemovedFieldIsAbsent) {
   EXPECT_EQ(Adapter.Find(""), nullptr);
 }
 
-TEST_F(Records, ANumberIsReadWithBlanksAroundItAndIsZeroForAnyOtherText) {
+TEST_F(TRecordsTest, ANumberIsReadWithBlanksAroundItAndIsZeroForAnyOtherText) {
   for (const auto& [text, number] : std::vector<std::pair<std::string, double>>{{"318.2", 318.2},
                                                                                 {" 318.2 ", 318.2},
                                                                                 {"+1.5", 1.5},
@@ -103,7 +103,7 @@ TEST_F(Records, ANumberIsReadWithBlanksAroundItAndIsZeroForAnyOtherText) {
   EXPECT_EQ(Adapter.Find("700")->GetNumber(UnknownField), 0);
 }
 
-TEST_F(Records, EveryFollowerIsToldOncePerChange) {
+TEST_F(TRecordsTest, EveryFollowerIsToldOncePerChange) {
   auto* record = Subscribe("700");
   TOwner depth, detail;
   int toldDepth = 0, toldDetail = 0;
@@ -131,7 +131,7 @@ TEST_F(Records, EveryFollowerIsToldOncePerChange) {
   EXPECT_EQ(toldDepth + toldDetail, 2);
 }
 
-TEST_F(Records, AFollowerMayLeaveAndSubscribeWhileItIsTold) {
+TEST_F(TRecordsTest, AFollowerMayLeaveAndSubscribeWhileItIsTold) {
   auto* record = Subscribe("700");
   auto owner = std::make_unique<TOwner>();
   TOwner other;
@@ -150,7 +150,7 @@ TEST_F(Records, AFollowerMayLeaveAndSubscribeWhileItIsTold) {
   EXPECT_EQ(Adapter.RegistrationCount(), 1U);
 }
 
-TEST_F(Records, RegistrationsAreSubscriptionsThatWereNotUndone) {
+TEST_F(TRecordsTest, RegistrationsAreSubscriptionsThatWereNotUndone) {
   auto* record = Subscribe("700");
   TOwner depth, detail;
   record->AddRealtimeListener([](System::TObject*) {}, &depth);
@@ -170,7 +170,7 @@ TEST_F(Records, RegistrationsAreSubscriptionsThatWereNotUndone) {
   EXPECT_EQ(Adapter.RegistrationCount(), 1U);
 }
 
-TEST_F(Records, WhatWasAskedIsToldOnceInOrderWithRepeats) {
+TEST_F(TRecordsTest, WhatWasAskedIsToldOnceInOrderWithRepeats) {
   std::vector<std::string> asked;
   Adapter.OnRefresh = [&](std::string_view symbol) { asked.emplace_back(symbol); };
   TOwner owner;
@@ -188,7 +188,7 @@ TEST_F(Records, WhatWasAskedIsToldOnceInOrderWithRepeats) {
   EXPECT_TRUE(Adapter.TakeRequests().Subscribed.empty());
 }
 
-TEST_F(Records, TheTradesOfAChangeAreKnownBeforeItsFollowersHear) {
+TEST_F(TRecordsTest, TheTradesOfAChangeAreKnownBeforeItsFollowersHear) {
   auto* record = Subscribe("700");
   TOwner owner;
   std::string latest;

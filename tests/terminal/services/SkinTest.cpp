@@ -44,7 +44,7 @@ void ExpectReadable(System::TColor text, System::TColor background, const std::s
 }
 
 /// Every skin in all price colours.
-class Skins : public testing::TestWithParam<std::tuple<TSkin, TPriceColours>> {
+class TSkinsTest : public testing::TestWithParam<std::tuple<TSkin, TPriceColours>> {
 protected:
   const TPriceColours& Colours = std::get<1>(GetParam());
   const TSkin& Skin = std::get<0>(GetParam());
@@ -56,7 +56,7 @@ protected:
   System::TColor Standard(int number) const { return Shown.ByNumber.at(number); }
 };
 
-TEST_P(Skins, EveryTextOfAViewCanBeReadOnItsBackground) {
+TEST_P(TSkinsTest, EveryTextOfAViewCanBeReadOnItsBackground) {
   ExpectReadable(Skin.ContentText, Skin.Content, "cell");
   ExpectReadable(Standard(7), Standard(6), "bid");
   ExpectReadable(Standard(9), Standard(8), "ask");
@@ -71,7 +71,7 @@ TEST_P(Skins, EveryTextOfAViewCanBeReadOnItsBackground) {
     ExpectReadable(System::clBlack, Named(marker), marker);
 }
 
-TEST_P(Skins, EveryTextOfTheWindowsCanBeReadOnItsBackground) {
+TEST_P(TSkinsTest, EveryTextOfTheWindowsCanBeReadOnItsBackground) {
   for (const auto& [text, name] : {std::pair(Up.Text, "rising"), std::pair(Down.Text, "falling"),
                                    std::pair(Skin.WarningText, "warning")}) {
     ExpectReadable(text, Skin.Content, name);
@@ -102,14 +102,14 @@ TEST_P(Skins, EveryTextOfTheWindowsCanBeReadOnItsBackground) {
       }
 }
 
-TEST_P(Skins, TheTwoSidesCanBeToldApart) {
+TEST_P(TSkinsTest, TheTwoSidesCanBeToldApart) {
   EXPECT_NE(Standard(6), Standard(8));
   EXPECT_NE(Standard(7), Standard(9));
   EXPECT_NE(Named("coBuyColorLabel"), Named("coSellColorLabel"));
   EXPECT_NE(Up.Text, Down.Text);
 }
 
-TEST_P(Skins, RisingPricesAndBidsAreInOneToneFallingPricesAndAsksInTheOther) {
+TEST_P(TSkinsTest, RisingPricesAndBidsAreInOneToneFallingPricesAndAsksInTheOther) {
   EXPECT_EQ(Standard(6), Up.Background);
   EXPECT_EQ(Standard(7), Up.Text);
   EXPECT_EQ(Standard(8), Down.Background);
@@ -118,7 +118,7 @@ TEST_P(Skins, RisingPricesAndBidsAreInOneToneFallingPricesAndAsksInTheOther) {
   EXPECT_EQ(Named("coSellColorLabel"), Down.Label);
 }
 
-TEST_P(Skins, ItsNameCanBeReadInEveryLanguage) {
+TEST_P(TSkinsTest, ItsNameCanBeReadInEveryLanguage) {
   for (const auto& texts : {Skin.Texts, Colours.Texts})
     for (const int language : {Constdef::Language_TraditionalChinese,
                                Constdef::Language_SimplifiedChinese, Constdef::Language_English})
@@ -129,7 +129,7 @@ TEST_P(Skins, ItsNameCanBeReadInEveryLanguage) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    BuiltIn, Skins,
+    BuiltIn, TSkinsTest,
     testing::Combine(testing::ValuesIn(Terminal::BuiltInSkins()),
                      testing::ValuesIn(Terminal::BuiltInPriceColours())),
     [](const auto& each) {

@@ -18,9 +18,9 @@ namespace {
 using namespace std::chrono_literals;
 
 /// Every row of the table of sources.
-class EverySource : public testing::Test {
+class TEverySourceTest : public testing::Test {
 protected:
-  EverySource() {
+  TEverySourceTest() {
     std::ofstream(Folder.filePath(QStringLiteral("market.jsonl")).toStdString())
         << "{\"t\":\"10:00:00\",\"s\":\"5\",\"f\":{\"3\":\"40\"}}\n"
            "{\"t\":\"10:00:01\",\"s\":\"5\",\"f\":{\"3\":\"41\"}}\n";
@@ -59,7 +59,7 @@ protected:
   TServices Services;
 };
 
-TEST_F(EverySource, IsKnownToTheCommandLineAndItsHelp) {
+TEST_F(TEverySourceTest, IsKnownToTheCommandLineAndItsHelp) {
   for (const auto& kind : Feed::SourceKinds()) {
     ASSERT_FALSE(kind.Options.empty());
     for (const auto& option : kind.Options) {
@@ -79,7 +79,7 @@ TEST_F(EverySource, IsKnownToTheCommandLineAndItsHelp) {
   EXPECT_EQ(std::ranges::count_if(Feed::SourceKinds(), &Feed::TSourceKind::IsDefault), 1);
 }
 
-TEST_F(EverySource, HasItsTextsInEveryLanguage) {
+TEST_F(TEverySourceTest, HasItsTextsInEveryLanguage) {
   for (const auto& kind : Feed::SourceKinds()) {
     ExpectTextInEveryLanguage(kind.MenuText);
     TMarketPlayer player;
@@ -88,7 +88,7 @@ TEST_F(EverySource, HasItsTextsInEveryLanguage) {
   }
 }
 
-TEST_F(EverySource, DoesWhatItsTraitsSay) {
+TEST_F(TEverySourceTest, DoesWhatItsTraitsSay) {
   for (const auto& kind : Feed::SourceKinds()) {
     SCOPED_TRACE(kind.MenuText);
     TMarketPlayer player;
@@ -124,7 +124,7 @@ TEST_F(EverySource, DoesWhatItsTraitsSay) {
   }
 }
 
-TEST_F(EverySource, ThatHasAnEndFinishesThere) {
+TEST_F(TEverySourceTest, ThatHasAnEndFinishesThere) {
   for (const auto& kind : Feed::SourceKinds()) {
     SCOPED_TRACE(kind.MenuText);
     TMarketPlayer player;
@@ -140,7 +140,7 @@ TEST_F(EverySource, ThatHasAnEndFinishesThere) {
   }
 }
 
-TEST_F(EverySource, CanBeReadAheadOfAnyClock) {
+TEST_F(TEverySourceTest, CanBeReadAheadOfAnyClock) {
   for (const auto& kind : Feed::SourceKinds()) {
     SCOPED_TRACE(kind.MenuText);
     TMarketPlayer player;

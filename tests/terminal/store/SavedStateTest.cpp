@@ -36,7 +36,7 @@ std::string SentenceOf(const TSavedState& state) {
   return Sentence(state.Problem().value(), Constdef::Language_English);
 }
 
-class SavedState : public testing::Test {
+class TSavedStateTest : public testing::Test {
 protected:
   /// Leaves a store of one value and two views, all of it in the database's own file.
   void LeaveAStore() const {
@@ -79,7 +79,7 @@ protected:
   QString File = Folder.filePath(QStringLiteral("state.sqlite"));
 };
 
-TEST_F(SavedState, KeepsConfigurationViewsAndWindowBeyondTheRun) {
+TEST_F(TSavedStateTest, KeepsConfigurationViewsAndWindowBeyondTheRun) {
   File = Folder.filePath(QStringLiteral("deep/state.sqlite"));
   {
     TSavedState state(File);
@@ -105,7 +105,7 @@ TEST_F(SavedState, KeepsConfigurationViewsAndWindowBeyondTheRun) {
   EXPECT_EQ(layout.Docks, "docks");
 }
 
-TEST_F(SavedState, ALayoutThatCannotBeStoredAsAWholeLeavesTheFormerOne) {
+TEST_F(TSavedStateTest, ALayoutThatCannotBeStoredAsAWholeLeavesTheFormerOne) {
   LeaveAStore();
   Execute("create trigger full before insert on views when new.position = 2 "
           "begin select raise(abort, 'no room'); end");
@@ -128,7 +128,7 @@ TEST_F(SavedState, ALayoutThatCannotBeStoredAsAWholeLeavesTheFormerOne) {
   EXPECT_EQ(lost, 1);
 }
 
-TEST_F(SavedState, TheValuesOfOneUserActionAreStoredTogether) {
+TEST_F(TSavedStateTest, TheValuesOfOneUserActionAreStoredTogether) {
   LeaveAStore();
   Execute("create trigger full before insert on config when new.name = 'B' "
           "begin select raise(abort, 'no room'); end");
@@ -146,7 +146,7 @@ TEST_F(SavedState, TheValuesOfOneUserActionAreStoredTogether) {
   EXPECT_EQ(stored.ReadString("S", "kept"), "騰");
 }
 
-TEST_F(SavedState, SaysWhyNothingIsKept) {
+TEST_F(TSavedStateTest, SaysWhyNothingIsKept) {
   const TSavedState state(QStringLiteral("/proc/none/state.sqlite"));
   EXPECT_EQ(CodeOf(state), StoreUnusable);
   EXPECT_EQ(SentenceOf(state),
@@ -155,7 +155,7 @@ TEST_F(SavedState, SaysWhyNothingIsKept) {
   EXPECT_TRUE(state.Layout().Views.empty());
 }
 
-TEST_F(SavedState, ASecondOneReadsWhatIsStoredAndKeepsNothing) {
+TEST_F(TSavedStateTest, ASecondOneReadsWhatIsStoredAndKeepsNothing) {
   LeaveAStore();
   const TSavedState first(File);
   TSavedState second(File);
@@ -174,7 +174,7 @@ TEST_F(SavedState, ASecondOneReadsWhatIsStoredAndKeepsNothing) {
   EXPECT_EQ(first.Layout().Geometry, "geometry");
 }
 
-TEST_F(SavedState, AKilledHolderDoesNotBlockTheNextStart) {
+TEST_F(TSavedStateTest, AKilledHolderDoesNotBlockTheNextStart) {
   LeaveAStore();
   int ready[2];
   ASSERT_EQ(pipe(ready), 0);
@@ -197,7 +197,7 @@ TEST_F(SavedState, AKilledHolderDoesNotBlockTheNextStart) {
   close(ready[1]);
 }
 
-TEST_F(SavedState, AStoreOfAnEarlierTerminalIsTakenOver) {
+TEST_F(TSavedStateTest, AStoreOfAnEarlierTerminalIsTakenOver) {
   LeaveAStore();
   Execute("pragma user_version = 0");
   const TSavedState state(File);
@@ -205,7 +205,7 @@ TEST_F(SavedState, AStoreOfAnEarlierTerminalIsTakenOver) {
   EXPECT_EQ(state.Layout().Views.size(), 2U);
 }
 
-TEST_F(SavedState, ANewerStoreIsSetAsideUntouched) {
+TEST_F(TSavedStateTest, ANewerStoreIsSetAsideUntouched) {
   LeaveAStore();
   Execute("pragma user_version = 2");
   {
@@ -225,7 +225,7 @@ TEST_F(SavedState, ANewerStoreIsSetAsideUntouched) {
   EXPECT_EQ(TSavedState(File).Layout().Views.size(), 2U);
 }
 
-TEST_F(SavedState, EachOfTwoSetAsideInOneSecondHasItsOwnName) {
+TEST_F(TSavedStateTest, EachOfTwoSetAsideInOneSecondHasItsOwnName) {
   for (int i = 0; i < 2; ++i) {
     QFile file(File);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -243,9 +243,9 @@ struct TDamage {
   std::function<void(const QString& file)> Do;
 };
 
-class DamagedStore : public SavedState, public testing::WithParamInterface<TDamage> {};
+class TDamagedStoreTest : public TSavedStateTest, public testing::WithParamInterface<TDamage> {};
 
-TEST_P(DamagedStore, IsSetAsideAndTheTerminalStartsWithDefaults) {
+TEST_P(TDamagedStoreTest, IsSetAsideAndTheTerminalStartsWithDefaults) {
   LeaveAStore();
   GetParam().Do(File);
   QByteArray damaged;
@@ -282,7 +282,7 @@ void Overwrite(const QString& name, qint64 offset, const QByteArray& bytes) {
 constexpr qint64 PageSize = 4096;
 
 INSTANTIATE_TEST_SUITE_P(
-    All, DamagedStore,
+    All, TDamagedStoreTest,
     testing::Values(
         TDamage{"CutToHalfAPage", [](const QString& file) { QFile::resize(file, PageSize / 2); }},
         TDamage{"CutToOnePage", [](const QString& file) { QFile::resize(file, PageSize); }},

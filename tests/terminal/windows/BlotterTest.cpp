@@ -17,9 +17,9 @@ namespace Field = Host::Field;
 using namespace Data;
 using TModel = TOrdersModel;
 
-class Blotter : public testing::Test {
+class TBlotterTest : public testing::Test {
 protected:
-  Blotter() {
+  TBlotterTest() {
     Services.Market.DefineSpreadTables({{"01", 1, {{100, 200, 0.1}}}});
     Services.Market.DefineInstrument("700", "HKD", "TESTCO");
     Services.Market.DefineInstrument("80700", "CNY", "TESTCO-R");
@@ -80,7 +80,7 @@ protected:
   TBlotter View{Services, Desk};
 };
 
-TEST_F(Blotter, ShowsEveryOrderTheLatestFirst) {
+TEST_F(TBlotterTest, ShowsEveryOrderTheLatestFirst) {
   Desk.TakeOrder(Order(1));
   TUserOrder filled = Order(2, TOrderStatus::PartlyFilled);
   filled.Side = TSide::Bid;
@@ -93,7 +93,7 @@ TEST_F(Blotter, ShowsEveryOrderTheLatestFirst) {
                                            "", "Working", ""}));
 }
 
-TEST_F(Blotter, FollowsAnOrderThatChanges) {
+TEST_F(TBlotterTest, FollowsAnOrderThatChanges) {
   Desk.TakeOrder(Order(1));
   Desk.TakeOrder(Order(2));
   Desk.TakeOrder(Order(1, TOrderStatus::Cancelled));
@@ -102,14 +102,14 @@ TEST_F(Blotter, FollowsAnOrderThatChanges) {
   EXPECT_EQ(Row(Orders(), 0)[TModel::StatusColumn], QStringLiteral("Working"));
 }
 
-TEST_F(Blotter, TakesInAnOrderThatIsToldOfLate) {
+TEST_F(TBlotterTest, TakesInAnOrderThatIsToldOfLate) {
   Desk.TakeOrder(Order(2));
   Desk.TakeOrder(Order(1));
   EXPECT_EQ(Row(Orders(), 0)[TModel::NumberColumn], QStringLiteral("2"));
   EXPECT_EQ(Row(Orders(), 1)[TModel::NumberColumn], QStringLiteral("1"));
 }
 
-TEST_F(Blotter, DeleteCancelsAnOrderThatIsAlive) {
+TEST_F(TBlotterTest, DeleteCancelsAnOrderThatIsAlive) {
   Desk.TakeOrder(Order(1));
   Desk.TakeOrder(Order(2, TOrderStatus::Filled));
   Choose(0);
@@ -122,7 +122,7 @@ TEST_F(Blotter, DeleteCancelsAnOrderThatIsAlive) {
   EXPECT_EQ(Asked[0].Number, 1);
 }
 
-TEST_F(Blotter, F2AndEnterChangeThePrice) {
+TEST_F(TBlotterTest, F2AndEnterChangeThePrice) {
   for (const auto key : {Qt::Key_F2, Qt::Key_Return}) {
     Asked.clear();
     Desk.TakeOrder(Order(1));
@@ -144,7 +144,7 @@ TEST_F(Blotter, F2AndEnterChangeThePrice) {
   }
 }
 
-TEST_F(Blotter, ChangesTheQuantityWhereThatIsChosen) {
+TEST_F(TBlotterTest, ChangesTheQuantityWhereThatIsChosen) {
   Desk.TakeOrder(Order(1));
   Choose(0, TModel::QuantityColumn);
   Input::PressKey(Orders(), Qt::Key_F2);
@@ -157,7 +157,7 @@ TEST_F(Blotter, ChangesTheQuantityWhereThatIsChosen) {
   EXPECT_EQ(Asked[0].Quantity, 1500);
 }
 
-TEST_F(Blotter, WhatIsTypedStaysWhileTheOrderIsFilled) {
+TEST_F(TBlotterTest, WhatIsTypedStaysWhileTheOrderIsFilled) {
   Desk.TakeOrder(Order(1));
   Choose(0);
   Input::PressKey(Orders(), Qt::Key_F2);
@@ -168,7 +168,7 @@ TEST_F(Blotter, WhatIsTypedStaysWhileTheOrderIsFilled) {
   EXPECT_EQ(Editor()->text(), QStringLiteral("101.9"));
 }
 
-TEST_F(Blotter, EscapeLeavesTheOrderAlone) {
+TEST_F(TBlotterTest, EscapeLeavesTheOrderAlone) {
   Desk.TakeOrder(Order(1));
   Choose(0);
   Input::PressKey(Orders(), Qt::Key_F2);
@@ -179,14 +179,14 @@ TEST_F(Blotter, EscapeLeavesTheOrderAlone) {
   EXPECT_TRUE(Asked.empty());
 }
 
-TEST_F(Blotter, AnOrderThatIsDoneCannotBeChanged) {
+TEST_F(TBlotterTest, AnOrderThatIsDoneCannotBeChanged) {
   Desk.TakeOrder(Order(1, TOrderStatus::Filled));
   Choose(0);
   Input::PressKey(Orders(), Qt::Key_F2);
   EXPECT_EQ(Editor(), nullptr);
 }
 
-TEST_F(Blotter, ShowsTradesAndWhatWasBoughtAndSoldInEachCurrency) {
+TEST_F(TBlotterTest, ShowsTradesAndWhatWasBoughtAndSoldInEachCurrency) {
   Trade("700", TSide::Bid, 101000, 1000);
   Trade("700", TSide::Ask, 102000, 500);
   Trade("80700", TSide::Bid, 90000, 100);
@@ -200,7 +200,7 @@ TEST_F(Blotter, ShowsTradesAndWhatWasBoughtAndSoldInEachCurrency) {
       << totals.toStdString();
 }
 
-TEST_F(Blotter, SaysWhyTheMarketRefused) {
+TEST_F(TBlotterTest, SaysWhyTheMarketRefused) {
   Desk.TakeRefusal(3, "Term_StatusFilled");
   EXPECT_EQ(Text("refusal"), QStringLiteral("Order 3: Filled"));
   Services.Languages.SetLanguage(Constdef::Language_SimplifiedChinese);
@@ -208,7 +208,7 @@ TEST_F(Blotter, SaysWhyTheMarketRefused) {
   EXPECT_EQ(Text("refusal"), QStringLiteral("委托 3：全部成交"));
 }
 
-TEST_F(Blotter, ARefusalStaysWhileOrdersAreFilledAndTraded) {
+TEST_F(TBlotterTest, ARefusalStaysWhileOrdersAreFilledAndTraded) {
   Desk.TakeOrder(Order(1));
   Desk.TakeRefusal(1, "Term_RefusedLimit");
   const QString refusal = Text("refusal");
@@ -219,7 +219,7 @@ TEST_F(Blotter, ARefusalStaysWhileOrdersAreFilledAndTraded) {
   EXPECT_EQ(Text("refusal"), refusal);
 }
 
-TEST_F(Blotter, ARefusalGoesWhenTheUserAsksAnewAndWhenTheMarketBeginsAnew) {
+TEST_F(TBlotterTest, ARefusalGoesWhenTheUserAsksAnewAndWhenTheMarketBeginsAnew) {
   Desk.TakeOrder(Order(1));
   Desk.TakeRefusal(1, "Term_RefusedLimit");
   Choose(0);
@@ -237,7 +237,7 @@ TEST_F(Blotter, ARefusalGoesWhenTheUserAsksAnewAndWhenTheMarketBeginsAnew) {
   EXPECT_EQ(Text("refusal"), QString());
 }
 
-TEST_F(Blotter, SaysThatWhatWasTypedIsNoFigureAndAsksForNothing) {
+TEST_F(TBlotterTest, SaysThatWhatWasTypedIsNoFigureAndAsksForNothing) {
   Desk.TakeOrder(Order(1));
   const auto type = [this](TModel::TColumn column, const char* text) {
     Choose(0, column);
@@ -259,7 +259,7 @@ TEST_F(Blotter, SaysThatWhatWasTypedIsNoFigureAndAsksForNothing) {
   EXPECT_EQ(Asked.size(), 1u);
 }
 
-TEST_F(Blotter, AChangeOfAnOrderThatIsDoneMeanwhileIsTheMarketsToRefuse) {
+TEST_F(TBlotterTest, AChangeOfAnOrderThatIsDoneMeanwhileIsTheMarketsToRefuse) {
   Desk.TakeOrder(Order(1));
   Choose(0);
   Input::PressKey(Orders(), Qt::Key_F2);
@@ -271,7 +271,7 @@ TEST_F(Blotter, AChangeOfAnOrderThatIsDoneMeanwhileIsTheMarketsToRefuse) {
   EXPECT_EQ(Asked[0].Price, 101400);
 }
 
-TEST_F(Blotter, IsEmptyWhenTheMarketBeginsAnew) {
+TEST_F(TBlotterTest, IsEmptyWhenTheMarketBeginsAnew) {
   Desk.TakeOrder(Order(1));
   Trade("700", TSide::Bid, 101000, 1000);
   Desk.SetMarket({});
@@ -280,7 +280,7 @@ TEST_F(Blotter, IsEmptyWhenTheMarketBeginsAnew) {
   EXPECT_EQ(Text("totals"), QString());
 }
 
-TEST_F(Blotter, CountsOrdersAndTradesOnTheTabs) {
+TEST_F(TBlotterTest, CountsOrdersAndTradesOnTheTabs) {
   Desk.TakeOrder(Order(1));
   Trade("700", TSide::Bid, 101000, 1000);
   const auto* tabs = View.findChild<QTabWidget*>();

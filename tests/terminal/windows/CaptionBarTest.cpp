@@ -12,9 +12,9 @@
 namespace Terminal {
 namespace {
 
-class CaptionBar : public testing::Test {
+class TCaptionBarTest : public testing::Test {
 protected:
-  CaptionBar() {
+  TCaptionBarTest() {
     Bar.show();
     QObject::connect(&Bar, &TCaptionBar::GroupChosen,
                      [this](const QString& group) { Chosen.append(group); });
@@ -37,14 +37,14 @@ protected:
   QStringList Chosen;
 };
 
-TEST_F(CaptionBar, OffersNoGroupAndSixGroups) {
+TEST_F(TCaptionBarTest, OffersNoGroupAndSixGroups) {
   QStringList offered;
   for (auto* action : Groups()->actions())
     offered.append(action->text());
   EXPECT_EQ(offered, (QStringList{"No group", "&1", "&2", "&3", "&4", "&5", "&6"}));
 }
 
-TEST_F(CaptionBar, ShowsTheGroupByTheMarkOfItsColour) {
+TEST_F(TCaptionBarTest, ShowsTheGroupByTheMarkOfItsColour) {
   for (const auto& group : LinkingGroups) {
     Bar.SetGroup(QLatin1String(group.Id));
     EXPECT_EQ(MarkColour(), QColor(group.Colour)) << group.Id;
@@ -54,19 +54,19 @@ TEST_F(CaptionBar, ShowsTheGroupByTheMarkOfItsColour) {
     EXPECT_NE(MarkColour(), QColor(group.Colour)) << group.Id;
 }
 
-TEST_F(CaptionBar, TheColoursOfGroupsDiffer) {
+TEST_F(TCaptionBarTest, TheColoursOfGroupsDiffer) {
   std::set<QRgb> colours;
   for (const auto& group : LinkingGroups)
     colours.insert(group.Colour);
   EXPECT_EQ(colours.size(), LinkingGroups.size());
 }
 
-TEST_F(CaptionBar, ShowsAGroupThatCannotBeChosenByItsName) {
+TEST_F(TCaptionBarTest, ShowsAGroupThatCannotBeChosenByItsName) {
   Bar.SetGroup(QStringLiteral("desk"));
   EXPECT_EQ(GroupButton()->text(), QStringLiteral("desk"));
 }
 
-TEST_F(CaptionBar, AGroupIsChosenByNumberOrByArrowKeys) {
+TEST_F(TCaptionBarTest, AGroupIsChosenByNumberOrByArrowKeys) {
   const auto press = [this](std::vector<Qt::Key> keys) {
     QTimer::singleShot(0, [this, keys] {
       for (const auto key : keys)

@@ -105,7 +105,7 @@ TEST(ChartLayout, NoTimeOfTheLunchHourIsMarked) {
             (QStringList{"11:40", "11:45", "11:50", "11:55", "12:00", "13:05", "13:10", "13:15"}));
 }
 
-class Chart : public testing::Test {
+class TChartTest : public testing::Test {
 protected:
   struct TCounted : TChart {
     using TChart::TChart;
@@ -116,7 +116,7 @@ protected:
     int Paints = 0;
   };
 
-  Chart() {
+  TChartTest() {
     View.SetSymbol(QStringLiteral("700"));
     View.resize(400, 300);
     View.show();
@@ -145,21 +145,21 @@ protected:
   TCounted View{Services, Bars};
 };
 
-TEST_F(Chart, PaintsAMinuteThatRoseInTheColourOfRising) {
+TEST_F(TChartTest, PaintsAMinuteThatRoseInTheColourOfRising) {
   Trade("700", "10:00:00", 10);
   Trade("700", "10:00:30", 11);
   EXPECT_GT(PixelsOf(Rising()), 50);
   EXPECT_EQ(PixelsOf(Falling()), 0);
 }
 
-TEST_F(Chart, PaintsAMinuteThatFellInTheColourOfFalling) {
+TEST_F(TChartTest, PaintsAMinuteThatFellInTheColourOfFalling) {
   Trade("700", "10:00:00", 11);
   Trade("700", "10:00:30", 10);
   EXPECT_GT(PixelsOf(Falling()), 50);
   EXPECT_EQ(PixelsOf(Rising()), 0);
 }
 
-TEST_F(Chart, IsPaintedAnewOnlyWhenItsSymbolIsTraded) {
+TEST_F(TChartTest, IsPaintedAnewOnlyWhenItsSymbolIsTraded) {
   Trade("700", "10:00:00", 10);
   const int before = View.Paints;
   Trade("5", "10:00:01", 10);
@@ -168,14 +168,14 @@ TEST_F(Chart, IsPaintedAnewOnlyWhenItsSymbolIsTraded) {
   EXPECT_EQ(View.Paints, before + 1);
 }
 
-TEST_F(Chart, IsEmptyAfterAJumpToBeforeTheFirstTrade) {
+TEST_F(TChartTest, IsEmptyAfterAJumpToBeforeTheFirstTrade) {
   Trade("700", "10:00:00", 10);
   Trade("700", "10:00:30", 11);
   Services.TradeSides.ReplaceTrades("700", {});
   EXPECT_EQ(PixelsOf(Rising()), 0);
 }
 
-TEST_F(Chart, PlusAndMinusChangeHowMuchOfTheDayIsSeen) {
+TEST_F(TChartTest, PlusAndMinusChangeHowMuchOfTheDayIsSeen) {
   const double before = View.MinuteWidth();
   Input::PressKey(&View, Qt::Key_Plus);
   EXPECT_GT(View.MinuteWidth(), before);

@@ -23,7 +23,7 @@ QStringList LabelTexts(const QWidget& widget) {
   return texts;
 }
 
-class MainWindow : public TWindowFixture {
+class TMainWindowTest : public TWindowTest {
 protected:
   /// Plays a recording of one line, paused at its beginning.
   void OpenRecording(const char* line) {
@@ -36,7 +36,7 @@ protected:
   }
 };
 
-TEST_F(MainWindow, OpensOneViewWhereNothingWasSaved) {
+TEST_F(TMainWindowTest, OpensOneViewWhereNothingWasSaved) {
   const auto window = NewWindow();
   window->RestoreViews("Symbol=700");
   ASSERT_EQ(window->Views().Panes().size(), 1u);
@@ -44,7 +44,7 @@ TEST_F(MainWindow, OpensOneViewWhereNothingWasSaved) {
   EXPECT_TRUE(Services.Config.IsLayoutReady());
 }
 
-TEST_F(MainWindow, PutsTheViewsOfTheLastRunBack) {
+TEST_F(TMainWindowTest, PutsTheViewsOfTheLastRunBack) {
   {
     const auto window = NewWindow();
     window->RestoreViews("Symbol=700");
@@ -59,7 +59,7 @@ TEST_F(MainWindow, PutsTheViewsOfTheLastRunBack) {
   EXPECT_EQ(panes[1]->LayoutData(), "Symbol=5");
 }
 
-TEST_F(MainWindow, HasTheViewInTheMenuThatTheDescriptorNames) {
+TEST_F(TMainWindowTest, HasTheViewInTheMenuThatTheDescriptorNames) {
   const auto window = NewWindow();
   QStringList menus;
   for (const auto* menu : window->menuBar()->actions())
@@ -67,7 +67,7 @@ TEST_F(MainWindow, HasTheViewInTheMenuThatTheDescriptorNames) {
   EXPECT_EQ(menus, (QStringList{"File", "Market", "Settings", "Window"}));
 }
 
-TEST_F(MainWindow, KeysOpenAViewAndReachItsSymbolBox) {
+TEST_F(TMainWindowTest, KeysOpenAViewAndReachItsSymbolBox) {
   const auto window = NewWindow();
   window->show();
   window->RestoreViews("Symbol=700");
@@ -79,7 +79,7 @@ TEST_F(MainWindow, KeysOpenAViewAndReachItsSymbolBox) {
   EXPECT_TRUE(Descriptor.Last->Symbol->hasFocus());
 }
 
-TEST_F(MainWindow, SpacePlaysAndPauses) {
+TEST_F(TMainWindowTest, SpacePlaysAndPauses) {
   Markets::Simulate(Player, 1, 9h);
   Player.Step(0);
   const auto window = NewWindow();
@@ -92,7 +92,7 @@ TEST_F(MainWindow, SpacePlaysAndPauses) {
   EXPECT_EQ(Player.State(), TMarketPlayer::TState::Paused);
 }
 
-TEST_F(MainWindow, MarksASimulatedMarketWhereTheTraderLooks) {
+TEST_F(TMainWindowTest, MarksASimulatedMarketWhereTheTraderLooks) {
   const auto window = NewWindow();
   EXPECT_TRUE(LabelTexts(*window).contains(QStringLiteral("REPLAY")));
   Markets::Simulate(Player, 1, 9h);
@@ -100,7 +100,7 @@ TEST_F(MainWindow, MarksASimulatedMarketWhereTheTraderLooks) {
   EXPECT_TRUE(LabelTexts(*window).contains(QStringLiteral("SIMULATED")));
 }
 
-TEST_F(MainWindow, MarksEveryViewOfASimulatedMarket) {
+TEST_F(TMainWindowTest, MarksEveryViewOfASimulatedMarket) {
   const auto window = NewWindow();
   window->RestoreViews("Symbol=700");
   const auto marked = [&window] { return LabelTexts(*window).count(QStringLiteral("SIMULATED")); };
@@ -120,7 +120,7 @@ QStringList Titles(const QWidget& window) {
   return titles;
 }
 
-TEST_F(MainWindow, EveryTitleSaysThatTheMarketIsSimulatedWhileItIs) {
+TEST_F(TMainWindowTest, EveryTitleSaysThatTheMarketIsSimulatedWhileItIs) {
   const auto window = NewWindow();
   window->RestoreViews({});
   const QStringList unmarked{"QuorPrice",    "Fixture", "Symbols",
@@ -141,7 +141,7 @@ TEST_F(MainWindow, EveryTitleSaysThatTheMarketIsSimulatedWhileItIs) {
   EXPECT_EQ(Titles(*window).at(4), QStringLiteral("SIMULATED – Chart"));
 }
 
-TEST_F(MainWindow, APopUpSaysThatTheMarketIsSimulatedToo) {
+TEST_F(TMainWindowTest, APopUpSaysThatTheMarketIsSimulatedToo) {
   const auto window = NewWindow();
   window->RestoreViews({});
   const auto open = [&](const char* title) {
@@ -160,7 +160,7 @@ TEST_F(MainWindow, APopUpSaysThatTheMarketIsSimulatedToo) {
   EXPECT_EQ(before->windowTitle(), QStringLiteral("Detail - 700"));
 }
 
-TEST_F(MainWindow, BringsTheInstrumentOfACoolingOffIntoTheActiveView) {
+TEST_F(TMainWindowTest, BringsTheInstrumentOfACoolingOffIntoTheActiveView) {
   const auto window = NewWindow();
   window->RestoreViews({});
   auto* active = window->Views().Open();
@@ -190,7 +190,7 @@ TEST_F(MainWindow, BringsTheInstrumentOfACoolingOffIntoTheActiveView) {
   Services.Channels.UnregisterCopySymbol(&owner);
 }
 
-TEST_F(MainWindow, SaysWhichFileCannotBeRecordedAndWhy) {
+TEST_F(TMainWindowTest, SaysWhichFileCannotBeRecordedAndWhy) {
   const auto window = NewWindow();
   window->show();
   Services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
@@ -212,7 +212,7 @@ TEST_F(MainWindow, SaysWhichFileCannotBeRecordedAndWhy) {
   EXPECT_EQ(window->windowTitle(), QStringLiteral("QuorPrice"));
 }
 
-TEST_F(MainWindow, HasTheTerminalsIconAndSoItsDocksHave) {
+TEST_F(TMainWindowTest, HasTheTerminalsIconAndSoItsDocksHave) {
   const auto window = NewWindow();
   window->RestoreViews({});
   const auto* dock = window->findChild<QDockWidget*>(QStringLiteral("view1"));
@@ -223,7 +223,7 @@ TEST_F(MainWindow, HasTheTerminalsIconAndSoItsDocksHave) {
   EXPECT_EQ(icon.pixelColor(0, 0).alpha(), 0);
 }
 
-TEST_F(MainWindow, OpensItsViewsAnewForAnotherDataFeed) {
+TEST_F(TMainWindowTest, OpensItsViewsAnewForAnotherDataFeed) {
   const auto window = NewWindow();
   window->RestoreViews("Symbol=700");
   window->Views().Open("Symbol=5")->SetGroup("2");
@@ -240,7 +240,7 @@ TEST_F(MainWindow, OpensItsViewsAnewForAnotherDataFeed) {
   EXPECT_TRUE(LabelTexts(*window).contains(QStringLiteral("Snapshots: 1")));
 }
 
-TEST_F(MainWindow, GoesBackToTheSimulatedMarketFromTheMenu) {
+TEST_F(TMainWindowTest, GoesBackToTheSimulatedMarketFromTheMenu) {
   const auto start = 9h + 31min;
   SourceOptions = Markets::Simulation(4, start);
   const auto window = NewWindow();
@@ -264,7 +264,7 @@ TEST_F(MainWindow, GoesBackToTheSimulatedMarketFromTheMenu) {
   EXPECT_FALSE(isAs(5));
 }
 
-TEST_F(MainWindow, ListsTheSourcesInTheFileMenu) {
+TEST_F(TMainWindowTest, ListsTheSourcesInTheFileMenu) {
   const auto window = NewWindow();
   QStringList entries;
   for (const auto* entry : window->menuBar()->actions().front()->menu()->actions())
@@ -275,7 +275,7 @@ TEST_F(MainWindow, ListsTheSourcesInTheFileMenu) {
   EXPECT_TRUE(ActionOf(*window, entries[1])->shortcut().isEmpty());
 }
 
-TEST_F(MainWindow, OpensARecordingFromTheMenuOrSaysWhyNot) {
+TEST_F(TMainWindowTest, OpensARecordingFromTheMenuOrSaysWhyNot) {
   const auto window = NewWindow();
   OpenRecording(R"({"t":"10:00:00","s":"5","f":{"3":"40"}})");
   Player.Close();
@@ -308,7 +308,7 @@ TEST_F(MainWindow, OpensARecordingFromTheMenuOrSaysWhyNot) {
   EXPECT_EQ(Player.Start(), 10h) << "nothing has changed";
 }
 
-TEST_F(MainWindow, SwitchesTheLanguageOfWindowAndViews) {
+TEST_F(TMainWindowTest, SwitchesTheLanguageOfWindowAndViews) {
   const auto window = NewWindow();
   window->RestoreViews({});
   Descriptor.Last->Told.clear();
@@ -317,7 +317,7 @@ TEST_F(MainWindow, SwitchesTheLanguageOfWindowAndViews) {
   EXPECT_EQ(Descriptor.Last->Told, std::vector<std::string>{"language 1"});
 }
 
-TEST_F(MainWindow, ClosesAViewFromItsCaptionBar) {
+TEST_F(TMainWindowTest, ClosesAViewFromItsCaptionBar) {
   const auto window = NewWindow();
   window->show();
   window->RestoreViews({});
@@ -330,7 +330,7 @@ TEST_F(MainWindow, ClosesAViewFromItsCaptionBar) {
   EXPECT_TRUE(window->Views().Panes().empty());
 }
 
-TEST_F(MainWindow, HidesTheMenuOfAViewThatTheUserMayNotSee) {
+TEST_F(TMainWindowTest, HidesTheMenuOfAViewThatTheUserMayNotSee) {
   class THidden : public Fixture::TDescriptor {
     bool GetIsVisible() override { return false; }
   };
@@ -339,7 +339,7 @@ TEST_F(MainWindow, HidesTheMenuOfAViewThatTheUserMayNotSee) {
   EXPECT_EQ(window.menuBar()->actions().size(), 3);
 }
 
-TEST_F(MainWindow, SpacePressesTheButtonThatHasTheKeyboard) {
+TEST_F(TMainWindowTest, SpacePressesTheButtonThatHasTheKeyboard) {
   const auto window = NewWindow();
   window->show();
   Input::Activate(window.get());
@@ -350,9 +350,9 @@ TEST_F(MainWindow, SpacePressesTheButtonThatHasTheKeyboard) {
   EXPECT_EQ(Player.State(), TMarketPlayer::TState::Closed);
 }
 
-class MainWindowTools : public MainWindow {
+class TMainWindowToolsTest : public TMainWindowTest {
 protected:
-  MainWindowTools() : Window(NewWindow()) {
+  TMainWindowToolsTest() : Window(NewWindow()) {
     Services.Market.DefineInstrument("700", "HKD", "TESTCO");
     Services.Market.DefineInstrument("5", "HKD", "Bank");
     Window->show();
@@ -370,7 +370,7 @@ protected:
   std::unique_ptr<TMainWindow> Window;
 };
 
-TEST_F(MainWindowTools, StandBesideTheViewAndOrdersBelowIt) {
+TEST_F(TMainWindowToolsTest, StandBesideTheViewAndOrdersBelowIt) {
   Input::Deliver();
   const auto place = [](const QWidget* dock) { return dock->geometry(); };
   const QRect view = place(Dock("view1"));
@@ -382,7 +382,7 @@ TEST_F(MainWindowTools, StandBesideTheViewAndOrdersBelowIt) {
     EXPECT_TRUE(Window->rect().contains(place(Dock(name)))) << name;
 }
 
-TEST_F(MainWindowTools, KeysShowAndHideEveryDock) {
+TEST_F(TMainWindowToolsTest, KeysShowAndHideEveryDock) {
   const std::pair<Qt::Key, const char*> keys[] = {{Qt::Key_1, "symbolList"},
                                                   {Qt::Key_2, "orderTicket"},
                                                   {Qt::Key_3, "chartDock"},
@@ -395,7 +395,7 @@ TEST_F(MainWindowTools, KeysShowAndHideEveryDock) {
   }
 }
 
-TEST_F(MainWindowTools, KeysBringTheKeyboardIntoEveryDock) {
+TEST_F(TMainWindowToolsTest, KeysBringTheKeyboardIntoEveryDock) {
   const std::pair<Qt::Key, const char*> keys[] = {{Qt::Key_K, "symbolList"},
                                                   {Qt::Key_E, "orderTicket"},
                                                   {Qt::Key_H, "chartDock"},
@@ -409,7 +409,7 @@ TEST_F(MainWindowTools, KeysBringTheKeyboardIntoEveryDock) {
   }
 }
 
-TEST_F(MainWindowTools, TheChartBeginsWithTheFirstViewAndTurnsToTheOneAskedFor) {
+TEST_F(TMainWindowToolsTest, TheChartBeginsWithTheFirstViewAndTurnsToTheOneAskedFor) {
   EXPECT_EQ(Dock("chartDock")->windowTitle(), QStringLiteral("Chart 700 TESTCO"));
   Dock("chartDock")->hide();
   const auto parameters = Services.Orders.NewViewParameters();
@@ -421,7 +421,7 @@ TEST_F(MainWindowTools, TheChartBeginsWithTheFirstViewAndTurnsToTheOneAskedFor) 
   EXPECT_EQ(Dock("chartDock")->windowTitle(), QStringLiteral("Chart 5 Bank"));
 }
 
-TEST_F(MainWindowTools, TheLinkingGroupIsChosenByKeyboard) {
+TEST_F(TMainWindowToolsTest, TheLinkingGroupIsChosenByKeyboard) {
   Window->Views().Panes().front()->View()->setFocus();
   const auto choose = [this](Qt::Key number) {
     Input::Activate(Window.get());
@@ -441,21 +441,21 @@ TEST_F(MainWindowTools, TheLinkingGroupIsChosenByKeyboard) {
   EXPECT_EQ(Services.Config.ReadString(Constdef::Section_TradePlatform, "SymbolListGroup"), "4");
 }
 
-TEST_F(MainWindowTools, TakeTheScaleOfTheWindow) {
+TEST_F(TMainWindowToolsTest, TakeTheScaleOfTheWindow) {
   const int before = Dock("orderTicket")->widget()->font().pointSize();
   Choose(*Window, QStringLiteral("150 %"));
   EXPECT_EQ(Dock("orderTicket")->widget()->font().pointSize(), before * 150 / 100);
   EXPECT_EQ(Descriptor.Last->font().pointSize(), before * 150 / 100);
 }
 
-TEST_F(MainWindowTools, SpeakTheLanguage) {
+TEST_F(TMainWindowToolsTest, SpeakTheLanguage) {
   Choose(*Window, QStringLiteral("繁體中文"));
   EXPECT_EQ(Dock("orderTicket")->windowTitle(), QStringLiteral("落盤"));
   EXPECT_EQ(Dock("chartDock")->windowTitle(), QStringLiteral("圖表 700 TESTCO"));
   EXPECT_TRUE(LabelTexts(*Dock("symbolList")).contains(QStringLiteral("股份列表")));
 }
 
-TEST_F(MainWindowTools, AViewStandsBesideTheOneBeforeOrBehindItWhereThereIsNoRoom) {
+TEST_F(TMainWindowToolsTest, AViewStandsBesideTheOneBeforeOrBehindItWhereThereIsNoRoom) {
   Window->Views().Open("Symbol=5");
   Input::Deliver();
   const auto docks = Window->findChildren<QDockWidget*>();

@@ -18,9 +18,9 @@ namespace Field = Host::Field;
 
 using namespace Data;
 
-class OrderTicket : public testing::Test {
+class TOrderTicketTest : public testing::Test {
 protected:
-  OrderTicket() {
+  TOrderTicketTest() {
     Services.Market.DefineSpreadTables({{"01", 1, {{0.25, 0.5, 0.005}, {100, 200, 0.1}}}});
     Services.Market.DefineInstrument("700", "HKD", "TESTCO");
     Services.Market.DefineInstrument("5", "HKD", "Bank");
@@ -42,7 +42,7 @@ protected:
     Input::Activate(&Ticket);
   }
 
-  ~OrderTicket() override { Services.Channels.Unsubscribe(Constdef::Channel_CopyOrder, &Owner); }
+  ~TOrderTicketTest() override { Services.Channels.Unsubscribe(Constdef::Channel_CopyOrder, &Owner); }
 
   void Copy(TOrder& order) {
     Datadef::TCopyOrderRecord record;
@@ -88,11 +88,11 @@ protected:
   TOrderTicket Ticket{Services, Desk, [](System::TObject*) { return QStringLiteral("View 7"); }};
 };
 
-TEST_F(OrderTicket, SaysThatItTradesOnPaper) {
+TEST_F(TOrderTicketTest, SaysThatItTradesOnPaper) {
   EXPECT_EQ(Text("paperTrading"), QStringLiteral("PAPER TRADING, SIMULATED MARKET"));
 }
 
-TEST_F(OrderTicket, ShowsPlainlyWhatArrivedAndFromWhere) {
+TEST_F(TOrderTicketTest, ShowsPlainlyWhatArrivedAndFromWhere) {
   CopyFromBid();
   EXPECT_EQ(Symbol()->text(), QStringLiteral("700"));
   EXPECT_EQ(Price()->text(), QStringLiteral("101.2"));
@@ -103,7 +103,7 @@ TEST_F(OrderTicket, ShowsPlainlyWhatArrivedAndFromWhere) {
   EXPECT_FALSE(Buy()->isChecked());
 }
 
-TEST_F(OrderTicket, BuysAtAPriceThatIsNotABid) {
+TEST_F(TOrderTicketTest, BuysAtAPriceThatIsNotABid) {
   TOrder order;
   order.SetSymbol("700");
   order.SetPrice(101.3);
@@ -112,7 +112,7 @@ TEST_F(OrderTicket, BuysAtAPriceThatIsNotABid) {
   EXPECT_EQ(Text("source"), QStringLiteral("Not from the bid, View 7"));
 }
 
-TEST_F(OrderTicket, AFigureThatWasNotGivenStaysWithTheSymbolAlone) {
+TEST_F(TOrderTicketTest, AFigureThatWasNotGivenStaysWithTheSymbolAlone) {
   CopyFromBid();
   TOrder same;
   same.SetSymbol("700");
@@ -129,12 +129,12 @@ TEST_F(OrderTicket, AFigureThatWasNotGivenStaysWithTheSymbolAlone) {
   EXPECT_FALSE(Sell()->isChecked() || Buy()->isChecked());
 }
 
-TEST_F(OrderTicket, AQuantityOfZeroIsNone) {
+TEST_F(TOrderTicketTest, AQuantityOfZeroIsNone) {
   CopyFromBid(101.2, 0);
   EXPECT_EQ(Quantity()->text(), QString());
 }
 
-TEST_F(OrderTicket, AnnouncesTheSymbolThatTheUserEntersAndNoneThatAViewCopied) {
+TEST_F(TOrderTicketTest, AnnouncesTheSymbolThatTheUserEntersAndNoneThatAViewCopied) {
   CopyFromBid();
   EXPECT_TRUE(Announced.empty());
   Input::Type(Symbol(), QStringLiteral("00005"));
@@ -145,14 +145,14 @@ TEST_F(OrderTicket, AnnouncesTheSymbolThatTheUserEntersAndNoneThatAViewCopied) {
   EXPECT_EQ(Price()->text(), QString()) << "the price was another symbol's";
 }
 
-TEST_F(OrderTicket, TakesNoSymbolThatIsNotListed) {
+TEST_F(TOrderTicketTest, TakesNoSymbolThatIsNotListed) {
   Input::Type(Symbol(), QStringLiteral("nothing"));
   Input::PressKey(Symbol(), Qt::Key_Return);
   EXPECT_TRUE(Announced.empty());
   EXPECT_TRUE(Symbol()->hasFocus());
 }
 
-TEST_F(OrderTicket, ArrowKeysStepPriceAndQuantity) {
+TEST_F(TOrderTicketTest, ArrowKeysStepPriceAndQuantity) {
   KeyIn();
   Price()->setFocus();
   Input::PressKey(Price(), Qt::Key_Up);
@@ -165,14 +165,14 @@ TEST_F(OrderTicket, ArrowKeysStepPriceAndQuantity) {
   EXPECT_EQ(Text("amount"), QStringLiteral("HKD 150,600.00"));
 }
 
-TEST_F(OrderTicket, TheFirstStepGivesThePresentPrice) {
+TEST_F(TOrderTicketTest, TheFirstStepGivesThePresentPrice) {
   Input::Type(Symbol(), QStringLiteral("700"));
   Input::PressKey(Symbol(), Qt::Key_Return);
   Input::PressKey(Price(), Qt::Key_Down);
   EXPECT_EQ(Price()->text(), QStringLiteral("101.2"));
 }
 
-TEST_F(OrderTicket, NothingIsSentBeforeTheWholeOrderWasShownAndConfirmed) {
+TEST_F(TOrderTicketTest, NothingIsSentBeforeTheWholeOrderWasShownAndConfirmed) {
   KeyIn();
   Input::PressKey(Quantity(), Qt::Key_Return);
   EXPECT_TRUE(Sent.empty());
@@ -191,7 +191,7 @@ TEST_F(OrderTicket, NothingIsSentBeforeTheWholeOrderWasShownAndConfirmed) {
   EXPECT_EQ(Sent.size(), 1u) << "the next one is shown first again";
 }
 
-TEST_F(OrderTicket, EscapeGoesBack) {
+TEST_F(TOrderTicketTest, EscapeGoesBack) {
   KeyIn();
   Input::PressKey(Quantity(), Qt::Key_Return);
   Input::PressKey(Send(), Qt::Key_Escape);
@@ -201,7 +201,7 @@ TEST_F(OrderTicket, EscapeGoesBack) {
   EXPECT_TRUE(Sent.empty());
 }
 
-TEST_F(OrderTicket, AChangeMustBeShownAgain) {
+TEST_F(TOrderTicketTest, AChangeMustBeShownAgain) {
   KeyIn();
   Input::PressKey(Quantity(), Qt::Key_Return);
   CopyFromBid(101.4, 500);
@@ -214,7 +214,7 @@ TEST_F(OrderTicket, AChangeMustBeShownAgain) {
   EXPECT_TRUE(Text("message").contains(QStringLiteral("BUY")));
 }
 
-TEST_F(OrderTicket, AHeldKeyAndADoubleClickSendNothing) {
+TEST_F(TOrderTicketTest, AHeldKeyAndADoubleClickSendNothing) {
   KeyIn();
   QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
   Input::PressKey(Quantity(), Qt::Key_Return);
@@ -233,7 +233,7 @@ TEST_F(OrderTicket, AHeldKeyAndADoubleClickSendNothing) {
   EXPECT_EQ(Sent.size(), 1u);
 }
 
-TEST_F(OrderTicket, SaysWhatIsMissing) {
+TEST_F(TOrderTicketTest, SaysWhatIsMissing) {
   const auto advance = [this] {
     Input::Click(Send());
     return Text("message");
@@ -250,7 +250,7 @@ TEST_F(OrderTicket, SaysWhatIsMissing) {
   EXPECT_TRUE(Sent.empty());
 }
 
-TEST_F(OrderTicket, ShowsWhatBecameOfTheOrder) {
+TEST_F(TOrderTicketTest, ShowsWhatBecameOfTheOrder) {
   KeyIn();
   Input::PressKey(Quantity(), Qt::Key_Return);
   Input::PressKey(Send(), Qt::Key_Return);
@@ -265,7 +265,7 @@ TEST_F(OrderTicket, ShowsWhatBecameOfTheOrder) {
   EXPECT_EQ(Text("message"), QStringLiteral("Order 1: Partly filled"));
 }
 
-TEST_F(OrderTicket, SaysSoWhereThereIsNoMarket) {
+TEST_F(TOrderTicketTest, SaysSoWhereThereIsNoMarket) {
   KeyIn();
   Desk.SetMarket({});
   EXPECT_FALSE(Send()->isEnabled());
@@ -278,7 +278,7 @@ TEST_F(OrderTicket, SaysSoWhereThereIsNoMarket) {
   EXPECT_EQ(Text("message"), QString());
 }
 
-TEST_F(OrderTicket, ClearLeavesNothing) {
+TEST_F(TOrderTicketTest, ClearLeavesNothing) {
   KeyIn();
   Input::Click(Named<QPushButton>("clear"));
   EXPECT_EQ(Symbol()->text() + Price()->text() + Quantity()->text(), QString());
@@ -286,7 +286,7 @@ TEST_F(OrderTicket, ClearLeavesNothing) {
   EXPECT_TRUE(Symbol()->hasFocus());
 }
 
-TEST_F(OrderTicket, TheTabKeyGoesThroughTheForm) {
+TEST_F(TOrderTicketTest, TheTabKeyGoesThroughTheForm) {
   Input::Click(Buy());
   for (const char* name : {"symbol", "price", "quantity", "send", "clear"}) {
     const auto* expected = Named<QWidget>(name);
@@ -296,7 +296,7 @@ TEST_F(OrderTicket, TheTabKeyGoesThroughTheForm) {
   }
 }
 
-TEST_F(OrderTicket, AltKeysChooseTheSideInEveryLanguage) {
+TEST_F(TOrderTicketTest, AltKeysChooseTheSideInEveryLanguage) {
   for (const int language : {1, 2, 3}) {
     Services.Languages.SetLanguage(language);
     Ticket.SetTexts();
@@ -308,7 +308,7 @@ TEST_F(OrderTicket, AltKeysChooseTheSideInEveryLanguage) {
   }
 }
 
-TEST_F(OrderTicket, TheChosenSideIsInTheColoursThatPriceViewsHaveForIt) {
+TEST_F(TOrderTicketTest, TheChosenSideIsInTheColoursThatPriceViewsHaveForIt) {
   Services.Skin.OnChanged = [this] { Ticket.SetSkin(); };
   const auto ground = [this](QPushButton* side) {
     Input::Click(side);
@@ -327,7 +327,7 @@ TEST_F(OrderTicket, TheChosenSideIsInTheColoursThatPriceViewsHaveForIt) {
   Services.Skin.OnChanged = nullptr;
 }
 
-TEST_F(OrderTicket, NamesTheInstrumentInTheLanguage) {
+TEST_F(TOrderTicketTest, NamesTheInstrumentInTheLanguage) {
   Services.Market.DefineInstrument("700", "HKD", "TESTCO", "測試科技");
   CopyFromBid();
   const auto shown = [this] {

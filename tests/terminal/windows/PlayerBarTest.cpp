@@ -20,7 +20,7 @@ namespace Field = Host::Field;
 
 using namespace std::chrono_literals;
 
-class PlayerBar : public testing::Test {
+class TPlayerBarTest : public testing::Test {
 protected:
   void Simulate(Text::TTimeOfDay start) {
     Markets::Simulate(Player, 7, start);
@@ -66,19 +66,19 @@ protected:
   TPlayerBar Bar{Player, Feed, nullptr};
 };
 
-TEST_F(PlayerBar, JumpsToTheNextOpening) {
+TEST_F(TPlayerBarTest, JumpsToTheNextOpening) {
   Simulate(9h + 29min);
   Jump("On to the next opening");
   EXPECT_EQ(Player.Position(), 9h + 30min);
 }
 
-TEST_F(PlayerBar, JumpsToTheClosingAuction) {
+TEST_F(TPlayerBarTest, JumpsToTheClosingAuction) {
   Simulate(15h + 59min);
   Jump("On to the closing auction");
   EXPECT_EQ(Player.Position(), 16h);
 }
 
-TEST_F(PlayerBar, JumpsToTheNextCoolingOffAndNamesItsInstrument) {
+TEST_F(TPlayerBarTest, JumpsToTheNextCoolingOffAndNamesItsInstrument) {
   const QSignalSpy reached(&Player, &TMarketPlayer::CoolingOffReached);
   Simulate(9h + 44min);
   Jump("On to the next VCM cooling-off");
@@ -89,14 +89,14 @@ TEST_F(PlayerBar, JumpsToTheNextCoolingOffAndNamesItsInstrument) {
   EXPECT_GT(Player.Position(), 9h + 44min);
 }
 
-TEST_F(PlayerBar, ARecordingHasNoJumps) {
+TEST_F(TPlayerBarTest, ARecordingHasNoJumps) {
   Simulate(9h);
   EXPECT_TRUE(JumpButton()->isEnabled());
   OpenRecording();
   EXPECT_FALSE(JumpButton()->isEnabled());
 }
 
-TEST_F(PlayerBar, SeeksOnlyWhereTheSourceCan) {
+TEST_F(TPlayerBarTest, SeeksOnlyWhereTheSourceCan) {
   const auto* position = Bar.findChild<QSlider*>();
   for (const bool isSimulated : {true, false}) {
     if (isSimulated)
@@ -110,7 +110,7 @@ TEST_F(PlayerBar, SeeksOnlyWhereTheSourceCan) {
   }
 }
 
-TEST_F(PlayerBar, TellsTheLinesOfARecordingThatWereSkippedInTheLanguage) {
+TEST_F(TPlayerBarTest, TellsTheLinesOfARecordingThatWereSkippedInTheLanguage) {
   OpenRecording();
   EXPECT_TRUE(Labels().contains(QStringLiteral("Lines skipped: 1")));
   Services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
@@ -122,7 +122,7 @@ TEST_F(PlayerBar, TellsTheLinesOfARecordingThatWereSkippedInTheLanguage) {
   EXPECT_EQ(reasons, QStringLiteral("第 2 行：缺少時間。\n已略過 1 行"));
 }
 
-TEST_F(PlayerBar, SaysWhetherTheMarketIsSimulatedOrPlayedAgain) {
+TEST_F(TPlayerBarTest, SaysWhetherTheMarketIsSimulatedOrPlayedAgain) {
   Simulate(9h);
   EXPECT_TRUE(Labels().contains(QStringLiteral("SIMULATED")));
   OpenRecording();

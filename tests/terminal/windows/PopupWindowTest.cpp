@@ -34,9 +34,9 @@ TEST(BesideView, StaysOnTheScreenOfTheView) {
   EXPECT_EQ(BesideView(QRect(1400, 50, 700, 500), Size, right), QPoint(2108, 100));
 }
 
-class PopupWindow : public testing::Test {
+class TPopupWindowTest : public testing::Test {
 protected:
-  PopupWindow() {
+  TPopupWindowTest() {
     View.setGeometry(20, 30, 200, 150);
     View.show();
   }
@@ -52,7 +52,7 @@ protected:
   QWidget View;
 };
 
-TEST_F(PopupWindow, ComesUpBesideItsViewEachLowerThanTheOneBefore) {
+TEST_F(TPopupWindowTest, ComesUpBesideItsViewEachLowerThanTheOneBefore) {
   const auto first = Open(0);
   const auto second = Open(1);
   EXPECT_GE(first->frameGeometry().left(), View.geometry().right());
@@ -63,7 +63,7 @@ TEST_F(PopupWindow, ComesUpBesideItsViewEachLowerThanTheOneBefore) {
   second->close();
 }
 
-TEST_F(PopupWindow, StaysWhereItIsMovedTo) {
+TEST_F(TPopupWindowTest, StaysWhereItIsMovedTo) {
   const auto window = Open(0);
   window->move(300, 200);
   const QPoint moved = window->pos();
@@ -72,7 +72,7 @@ TEST_F(PopupWindow, StaysWhereItIsMovedTo) {
   EXPECT_EQ(window->pos(), moved);
 }
 
-TEST_F(PopupWindow, PutsItsMarkBeforeWhateverTitleItIsGiven) {
+TEST_F(TPopupWindowTest, PutsItsMarkBeforeWhateverTitleItIsGiven) {
   const auto window = Open(0);
   window->SetMark(QStringLiteral("SIMULATED"));
   window->setWindowTitle(QStringLiteral("Detail"));
@@ -84,7 +84,7 @@ TEST_F(PopupWindow, PutsItsMarkBeforeWhateverTitleItIsGiven) {
   window->close();
 }
 
-TEST_F(PopupWindow, EscapeClosesIt) {
+TEST_F(TPopupWindowTest, EscapeClosesIt) {
   const auto window = Open(0);
   Input::PressKey(window, Qt::Key_A);
   Input::Deliver();

@@ -72,9 +72,9 @@ public:
   TPreferences Preferences;
 };
 
-class PreferenceDialog : public testing::Test {
+class TPreferenceDialogTest : public testing::Test {
 protected:
-  PreferenceDialog() {
+  TPreferenceDialogTest() {
     Dialog.ShowPage();
     Input::Activate(&Dialog);
     First.Told.clear();
@@ -104,7 +104,7 @@ protected:
   TPreferenceDialog Dialog{Services.Config, {&One, &Without, &Two}};
 };
 
-TEST_F(PreferenceDialog, ListsThePagesOfAllPackagesAndShowsTheOneChosen) {
+TEST_F(TPreferenceDialogTest, ListsThePagesOfAllPackagesAndShowsTheOneChosen) {
   ASSERT_EQ(Names()->count(), 2);
   EXPECT_EQ(Names()->item(0)->text(), QStringLiteral("Price"));
   EXPECT_EQ(Names()->item(1)->text(), QStringLiteral("News"));
@@ -117,21 +117,21 @@ TEST_F(PreferenceDialog, ListsThePagesOfAllPackagesAndShowsTheOneChosen) {
   EXPECT_EQ(Dialog.Page(), &Second);
 }
 
-TEST_F(PreferenceDialog, OkSavesEveryPageAndCloses) {
+TEST_F(TPreferenceDialogTest, OkSavesEveryPageAndCloses) {
   Alt(Qt::Key_O);
   EXPECT_EQ(First.Told, TTold{"execute"});
   EXPECT_EQ(Second.Told, TTold{"execute"});
   EXPECT_FALSE(Dialog.isVisible());
 }
 
-TEST_F(PreferenceDialog, ApplySavesAndStays) {
+TEST_F(TPreferenceDialogTest, ApplySavesAndStays) {
   Alt(Qt::Key_A);
   EXPECT_EQ(First.Told, TTold{"execute"});
   EXPECT_EQ(Second.Told, TTold{"execute"});
   EXPECT_TRUE(Dialog.isVisible());
 }
 
-TEST_F(PreferenceDialog, CancelAndEscapeShowTheSavedValuesAgain) {
+TEST_F(TPreferenceDialogTest, CancelAndEscapeShowTheSavedValuesAgain) {
   Alt(Qt::Key_C);
   EXPECT_EQ(First.Told, TTold{"reset"});
   EXPECT_EQ(Second.Told, TTold{"reset"});
@@ -143,7 +143,7 @@ TEST_F(PreferenceDialog, CancelAndEscapeShowTheSavedValuesAgain) {
   EXPECT_FALSE(Dialog.isVisible());
 }
 
-TEST_F(PreferenceDialog, ResetAndDefaultsAreForThePageThatIsShown) {
+TEST_F(TPreferenceDialogTest, ResetAndDefaultsAreForThePageThatIsShown) {
   Alt(Qt::Key_R);
   Alt(Qt::Key_D);
   EXPECT_EQ(First.Told, (TTold{"reset", "factory"}));
@@ -151,14 +151,14 @@ TEST_F(PreferenceDialog, ResetAndDefaultsAreForThePageThatIsShown) {
   EXPECT_TRUE(Dialog.isVisible());
 }
 
-TEST_F(PreferenceDialog, EnterInAnEditIsOk) {
+TEST_F(TPreferenceDialogTest, EnterInAnEditIsOk) {
   First.Edit->setFocus();
   Input::PressKey(First.Edit, Qt::Key_Return);
   EXPECT_EQ(First.Told, TTold{"execute"});
   EXPECT_FALSE(Dialog.isVisible());
 }
 
-TEST_F(PreferenceDialog, EnterThatEndsTheEditingOfACellLeavesTheDialogOpen) {
+TEST_F(TPreferenceDialogTest, EnterThatEndsTheEditingOfACellLeavesTheDialogOpen) {
   First.Table->setFocus();
   First.Table->setCurrentCell(0, 0);
   First.Table->edit(First.Table->currentIndex());
@@ -173,7 +173,7 @@ TEST_F(PreferenceDialog, EnterThatEndsTheEditingOfACellLeavesTheDialogOpen) {
   EXPECT_TRUE(First.Told.empty());
 }
 
-TEST_F(PreferenceDialog, TheTabKeyGoesFromTheListThroughThePageToTheButtons) {
+TEST_F(TPreferenceDialogTest, TheTabKeyGoesFromTheListThroughThePageToTheButtons) {
   Names()->setFocus();
   const auto next = [] {
     Input::PressKey(QApplication::focusWidget(), Qt::Key_Tab);
@@ -189,7 +189,7 @@ TEST_F(PreferenceDialog, TheTabKeyGoesFromTheListThroughThePageToTheButtons) {
     EXPECT_EQ(buttons.count(Dialog.Button(which)), 1u) << which;
 }
 
-TEST_F(PreferenceDialog, AltKeysServeInEveryLanguage) {
+TEST_F(TPreferenceDialogTest, AltKeysServeInEveryLanguage) {
   for (const int language : {1, 2, 3}) {
     Services.Languages.SetLanguage(language);
     Dialog.SetLanguage(language);

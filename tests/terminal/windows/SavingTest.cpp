@@ -13,7 +13,7 @@
 namespace Terminal {
 namespace {
 
-class Saving : public TWindowFixture {
+class TSavingTest : public TWindowTest {
 protected:
   /// The window of a new start, with what the former one left.
   std::unique_ptr<TMainWindow> NextWindow() {
@@ -45,7 +45,7 @@ protected:
   }
 };
 
-TEST_F(Saving, ALayoutThatAViewAnnouncesIsSaved) {
+TEST_F(TSavingTest, ALayoutThatAViewAnnouncesIsSaved) {
   const auto window = NextWindow();
   window->Views().Open("Symbol=5");
   Descriptor.Last->Layout = "Symbol=6";
@@ -57,7 +57,7 @@ TEST_F(Saving, ALayoutThatAViewAnnouncesIsSaved) {
   EXPECT_FALSE(State.Layout().Docks.isEmpty());
 }
 
-TEST_F(Saving, ViewsThatNeverRestAreSavedAllTheSame) {
+TEST_F(TSavingTest, ViewsThatNeverRestAreSavedAllTheSame) {
   const auto window = NextWindow();
   Descriptor.Last->Layout = "Symbol=6";
   QTimer restless;
@@ -68,7 +68,7 @@ TEST_F(Saving, ViewsThatNeverRestAreSavedAllTheSame) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return FirstSaved() == "Symbol=6"; }));
 }
 
-TEST_F(Saving, TheChoiceOfALinkingGroupIsSaved) {
+TEST_F(TSavingTest, TheChoiceOfALinkingGroupIsSaved) {
   const auto window = NextWindow();
   ASSERT_TRUE(QTest::qWaitFor([&] { return FirstSaved() == "Symbol=1"; }));
   Descriptor.Last->Layout = "Symbol=6";
@@ -76,7 +76,7 @@ TEST_F(Saving, TheChoiceOfALinkingGroupIsSaved) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return FirstSaved() == "Symbol=6"; }));
 }
 
-TEST_F(Saving, MovingTheWindowIsSaved) {
+TEST_F(TSavingTest, MovingTheWindowIsSaved) {
   const auto window = NextWindow();
   window->show();
   ASSERT_TRUE(QTest::qWaitFor([&] { return FirstSaved() == "Symbol=1"; }));
@@ -85,7 +85,7 @@ TEST_F(Saving, MovingTheWindowIsSaved) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return FirstSaved() == "Symbol=6"; }));
 }
 
-TEST_F(Saving, WhatIsSavedStaysUntilTheViewsAreBack) {
+TEST_F(TSavingTest, WhatIsSavedStaysUntilTheViewsAreBack) {
   State.StoreLayout({{{"Symbol=5", "A"}, {"Symbol=6", ""}}, "geometry", "docks"});
   const auto window = NewWindow();
   window->close();
@@ -93,7 +93,7 @@ TEST_F(Saving, WhatIsSavedStaysUntilTheViewsAreBack) {
   EXPECT_EQ(State.Layout().Geometry, "geometry");
 }
 
-TEST_F(Saving, TheViewsAreToldOnceEverythingIsBack) {
+TEST_F(TSavingTest, TheViewsAreToldOnceEverythingIsBack) {
   State.StoreLayout({{{"Symbol=5", "A"}, {"Symbol=6", ""}}, {}, {}});
   const auto window = NewWindow();
   std::vector<std::string> events;
@@ -118,7 +118,7 @@ TEST_F(Saving, TheViewsAreToldOnceEverythingIsBack) {
     Services.Channels.Unsubscribe(number, &owner);
 }
 
-TEST_F(Saving, AWindowOfAScreenThatIsGoneComesBackOntoOneThatIsThere) {
+TEST_F(TSavingTest, AWindowOfAScreenThatIsGoneComesBackOntoOneThatIsThere) {
   {
     const auto window = NextWindow();
     window->show();
@@ -136,7 +136,7 @@ TEST_F(Saving, AWindowOfAScreenThatIsGoneComesBackOntoOneThatIsThere) {
   EXPECT_TRUE(IsOnTheScreen(*dock)) << dock->x() << ", " << dock->y();
 }
 
-TEST_F(Saving, TheArrangementFollowsTheViewsWhenAnEarlierOneWasClosed) {
+TEST_F(TSavingTest, TheArrangementFollowsTheViewsWhenAnEarlierOneWasClosed) {
   {
     const auto window = NextWindow();
     window->Views().Open("Symbol=2");
@@ -157,7 +157,7 @@ TEST_F(Saving, TheArrangementFollowsTheViewsWhenAnEarlierOneWasClosed) {
   EXPECT_EQ(window->Views().Panes()[1]->LayoutData(), "Symbol=3");
 }
 
-TEST_F(Saving, SaysBelowTheViewsThatTheStoreIsInUseUntilItIsRead) {
+TEST_F(TSavingTest, SaysBelowTheViewsThatTheStoreIsInUseUntilItIsRead) {
   TSavedState second(State.File());
   TMainWindow window({Services, Descriptor, Player, Feed, second, Desk});
   window.show();
@@ -171,12 +171,12 @@ TEST_F(Saving, SaysBelowTheViewsThatTheStoreIsInUseUntilItIsRead) {
   EXPECT_FALSE(sentence->isVisible());
 }
 
-TEST_F(Saving, SaysNothingWhenEverythingIsKept) {
+TEST_F(TSavingTest, SaysNothingWhenEverythingIsKept) {
   const auto window = NextWindow();
   EXPECT_EQ(window->findChild<QLabel*>(QStringLiteral("storeSentence")), nullptr);
 }
 
-TEST_F(Saving, PriceColoursAreChosenInTheMenuAndKept) {
+TEST_F(TSavingTest, PriceColoursAreChosenInTheMenuAndKept) {
   State.Follow(Services.Config);
   const auto window = NextWindow();
   Choose(*window, QStringLiteral("Red up, green down"));

@@ -16,9 +16,9 @@ namespace Field = Host::Field;
 
 using TModel = TSymbolListModel;
 
-class SymbolList : public testing::Test {
+class TSymbolListTest : public testing::Test {
 protected:
-  SymbolList() {
+  TSymbolListTest() {
     Services.Market.DefineSpreadTables({{"01", 1, {{0.25, 0.5, 0.005}, {100, 200, 0.1}}}});
     Services.Market.DefineInstrument("700", "HKD", "TESTCO");
     Services.Market.DefineInstrument("5", "HKD", "Bank of Test");
@@ -41,7 +41,7 @@ protected:
         &Owner);
   }
 
-  ~SymbolList() override { Services.Channels.UnregisterCopySymbol(&Owner); }
+  ~TSymbolListTest() override { Services.Channels.UnregisterCopySymbol(&Owner); }
 
   void Update(const std::string& symbol,
               std::vector<std::pair<int, std::optional<std::string>>> fields) {
@@ -81,7 +81,7 @@ protected:
   TSymbolList List{Services};
 };
 
-TEST_F(SymbolList, ShowsTheFiguresOfEverySymbolAsThePriceViewDoes) {
+TEST_F(TSymbolListTest, ShowsTheFiguresOfEverySymbolAsThePriceViewDoes) {
   const TModel model(Services);
   QStringList row;
   for (int column = 0; column < TModel::Columns; ++column)
@@ -94,7 +94,7 @@ TEST_F(SymbolList, ShowsTheFiguresOfEverySymbolAsThePriceViewDoes) {
   EXPECT_EQ(Text(model, 2, TModel::NameColumn), QStringLiteral("Seven"));
 }
 
-TEST_F(SymbolList, AlignsFiguresByTheirDigits) {
+TEST_F(TSymbolListTest, AlignsFiguresByTheirDigits) {
   const TModel model(Services);
   for (int column = 0; column < TModel::Columns; ++column) {
     const int side = column >= TModel::LastColumn ? Qt::AlignRight : Qt::AlignLeft;
@@ -102,7 +102,7 @@ TEST_F(SymbolList, AlignsFiguresByTheirDigits) {
   }
 }
 
-TEST_F(SymbolList, PaintsUpAndDownInTheColoursOfTheSkin) {
+TEST_F(TSymbolListTest, PaintsUpAndDownInTheColoursOfTheSkin) {
   const TModel model(Services);
   const auto colour = [&](int row, int column) {
     return model.index(row, column).data(Qt::ForegroundRole).value<QColor>();
@@ -115,7 +115,7 @@ TEST_F(SymbolList, PaintsUpAndDownInTheColoursOfTheSkin) {
   EXPECT_FALSE(colour(0, TModel::BidColumn).isValid());
 }
 
-TEST_F(SymbolList, TellsOnceOfTheCellsWhoseTextsDiffer) {
+TEST_F(TSymbolListTest, TellsOnceOfTheCellsWhoseTextsDiffer) {
   TModel model(Services);
   std::vector<std::array<int, 3>> changed;
   QObject::connect(&model, &TModel::dataChanged,
@@ -131,7 +131,7 @@ TEST_F(SymbolList, TellsOnceOfTheCellsWhoseTextsDiffer) {
   EXPECT_EQ(changed, (std::vector<std::array<int, 3>>{{1, TModel::BidColumn, TModel::AskColumn}}));
 }
 
-TEST_F(SymbolList, TakesInSymbolsAndNamesThatAreListedLater) {
+TEST_F(TSymbolListTest, TakesInSymbolsAndNamesThatAreListedLater) {
   TModel model(Services);
   Update("9988", {{Field::Nominal, "12"}});
   Services.Market.DefineInstrument("2700", "HKD", "Renamed");
@@ -141,7 +141,7 @@ TEST_F(SymbolList, TakesInSymbolsAndNamesThatAreListedLater) {
   EXPECT_EQ(Text(model, 2, TModel::NameColumn), QStringLiteral("Renamed"));
 }
 
-TEST_F(SymbolList, GivesItsSubscriptionsBack) {
+TEST_F(TSymbolListTest, GivesItsSubscriptionsBack) {
   const auto before = Services.Subscriptions.RegistrationCount();
   {
     const TModel model(Services);
@@ -150,13 +150,13 @@ TEST_F(SymbolList, GivesItsSubscriptionsBack) {
   EXPECT_EQ(Services.Subscriptions.RegistrationCount(), before);
 }
 
-TEST_F(SymbolList, AClickOnARowBroadcastsItsSymbol) {
+TEST_F(TSymbolListTest, AClickOnARowBroadcastsItsSymbol) {
   Show();
   Input::Click(Table()->viewport(), CellAt(1, TModel::BidColumn));
   EXPECT_EQ(Broadcast, std::vector<std::string>{"5"});
 }
 
-TEST_F(SymbolList, ArrowKeysMoveAndEnterChooses) {
+TEST_F(TSymbolListTest, ArrowKeysMoveAndEnterChooses) {
   Show();
   Find()->setFocus();
   Input::PressKey(Find(), Qt::Key_Down);
@@ -167,7 +167,7 @@ TEST_F(SymbolList, ArrowKeysMoveAndEnterChooses) {
   EXPECT_EQ(Broadcast, std::vector<std::string>{"5"});
 }
 
-TEST_F(SymbolList, FindsByTheBeginningOfACodeAndByAnyPartOfAName) {
+TEST_F(TSymbolListTest, FindsByTheBeginningOfACodeAndByAnyPartOfAName) {
   Show();
   Input::Type(Find(), QStringLiteral("7"));
   EXPECT_EQ(Shown(), QStringList{"700"});
@@ -179,7 +179,7 @@ TEST_F(SymbolList, FindsByTheBeginningOfACodeAndByAnyPartOfAName) {
   EXPECT_EQ(Shown(), (QStringList{"700", "5", "2700"}));
 }
 
-TEST_F(SymbolList, EnterInTheBoxChoosesTheSymbolThatIsMeant) {
+TEST_F(TSymbolListTest, EnterInTheBoxChoosesTheSymbolThatIsMeant) {
   Services.Market.DefineInstrument("52", "HKD", "Other");
   Show();
   Input::Type(Find(), QStringLiteral("5"));
@@ -189,7 +189,7 @@ TEST_F(SymbolList, EnterInTheBoxChoosesTheSymbolThatIsMeant) {
   EXPECT_EQ(Broadcast, (std::vector<std::string>{"5", "2700"}));
 }
 
-TEST_F(SymbolList, SortsByNumbersAndKeepsRowsStillWhileFiguresMove) {
+TEST_F(TSymbolListTest, SortsByNumbersAndKeepsRowsStillWhileFiguresMove) {
   Show();
   Table()->sortByColumn(TModel::SymbolColumn, Qt::AscendingOrder);
   EXPECT_EQ(Shown(), (QStringList{"5", "700", "2700"}));
@@ -202,7 +202,7 @@ TEST_F(SymbolList, SortsByNumbersAndKeepsRowsStillWhileFiguresMove) {
   EXPECT_EQ(Shown(), (QStringList{"2700", "700", "5"}));
 }
 
-TEST_F(SymbolList, SpeaksToItsLinkingGroupAlone) {
+TEST_F(TSymbolListTest, SpeaksToItsLinkingGroupAlone) {
   std::vector<std::string> heard;
   Services.Channels.JoinGroup(
       "2",
@@ -219,7 +219,7 @@ TEST_F(SymbolList, SpeaksToItsLinkingGroupAlone) {
   Services.Channels.LeaveGroup("2", &Owner);
 }
 
-TEST_F(SymbolList, NamesAndFindsSymbolsInEveryLanguageThatTheyHave) {
+TEST_F(TSymbolListTest, NamesAndFindsSymbolsInEveryLanguageThatTheyHave) {
   Services.Market.DefineInstrument("700", "HKD", "TESTCO", "測試科技", "测试科技");
   Services.Market.DefineInstrument("5", "HKD", "Bank of Test", "測試銀行");
   Show();
@@ -242,7 +242,7 @@ TEST_F(SymbolList, NamesAndFindsSymbolsInEveryLanguageThatTheyHave) {
   EXPECT_EQ(Shown(), QStringList{"700"});
 }
 
-TEST_F(SymbolList, SpeaksTheLanguage) {
+TEST_F(TSymbolListTest, SpeaksTheLanguage) {
   Services.Languages.SetLanguage(Constdef::Language_TraditionalChinese);
   List.SetTexts();
   EXPECT_EQ(Find()->placeholderText(), QStringLiteral("代號或名稱"));

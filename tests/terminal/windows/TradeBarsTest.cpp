@@ -5,7 +5,7 @@
 namespace Terminal {
 namespace {
 
-class TradeBars : public testing::Test {
+class TTradeBarsTest : public testing::Test {
 protected:
   void Trade(const char* time, const char* quantity, double price) {
     Trades.AddTrade("700", {time, "B", quantity, price});
@@ -15,7 +15,7 @@ protected:
   TTradeBars Bars{Trades};
 };
 
-TEST_F(TradeBars, GatherTheTradesOfAMinute) {
+TEST_F(TTradeBarsTest, GatherTheTradesOfAMinute) {
   Trade("09:30:01", "100", 10);
   Trade("09:30:20", "1,200", 12);
   Trade("09:30:30", "300", 9);
@@ -26,7 +26,7 @@ TEST_F(TradeBars, GatherTheTradesOfAMinute) {
   EXPECT_TRUE(Bars.Of("5").empty());
 }
 
-TEST_F(TradeBars, PutALateTradeInItsOwnMinute) {
+TEST_F(TTradeBarsTest, PutALateTradeInItsOwnMinute) {
   Trade("09:30:01", "100", 10);
   Trade("09:32:00", "500", 13);
   Trade("09:31:00", "200", 11);
@@ -34,7 +34,7 @@ TEST_F(TradeBars, PutALateTradeInItsOwnMinute) {
   EXPECT_EQ(Bars.Of("700")[1], (TTradeBar{571, 11, 11, 11, 11, 200}));
 }
 
-TEST_F(TradeBars, CountNothingThatIsNoTrade) {
+TEST_F(TTradeBarsTest, CountNothingThatIsNoTrade) {
   Trade("", "100", 10);
   Trade("soon", "100", 10);
   Trade("09:30:01", "many", 10);
@@ -42,7 +42,7 @@ TEST_F(TradeBars, CountNothingThatIsNoTrade) {
   EXPECT_TRUE(Bars.Of("700").empty());
 }
 
-TEST_F(TradeBars, BeginAnewWhenTheTradesAreReplaced) {
+TEST_F(TTradeBarsTest, BeginAnewWhenTheTradesAreReplaced) {
   Trade("15:00:00", "100", 10);
   Trades.ReplaceTrades("700", {{"09:31:00", "", "300", 12}, {"09:30:00", "", "200", 11}});
   EXPECT_EQ(Bars.Of("700"),
@@ -51,14 +51,14 @@ TEST_F(TradeBars, BeginAnewWhenTheTradesAreReplaced) {
   EXPECT_TRUE(Bars.Of("700").empty());
 }
 
-TEST_F(TradeBars, HoldABarAMinuteHoweverMuchIsTraded) {
+TEST_F(TTradeBarsTest, HoldABarAMinuteHoweverMuchIsTraded) {
   for (int i = 0; i < 10000; ++i)
     Trade(i % 2 ? "09:30:00" : "09:31:00", "1", 10);
   ASSERT_EQ(Bars.Of("700").size(), 2u);
   EXPECT_EQ(Bars.Of("700")[0].Volume, 5000);
 }
 
-TEST_F(TradeBars, TellWhichSymbolWasTraded) {
+TEST_F(TTradeBarsTest, TellWhichSymbolWasTraded) {
   std::vector<std::string> told;
   QObject::connect(&Bars, &TTradeBars::Changed,
                    [&](const std::string& symbol) { told.push_back(symbol); });

@@ -12,7 +12,7 @@
 namespace Terminal {
 namespace {
 
-class ViewHost : public testing::Test {
+class TViewHostTest : public testing::Test {
 protected:
   TViewPane* Open(const std::string& layoutData = {}) {
     auto* pane = Host.Open(layoutData);
@@ -28,19 +28,19 @@ protected:
   TViewHost Host{Descriptor, [] { return TViewSettings{2, QStringLiteral("Serif"), 11}; }};
 };
 
-TEST_F(ViewHost, GivesANewViewLayoutThenLanguageThenSkinAndTheFont) {
+TEST_F(TViewHostTest, GivesANewViewLayoutThenLanguageThenSkinAndTheFont) {
   Open("Symbol=700");
   EXPECT_EQ(Descriptor.Last->Told, (std::vector<std::string>{"layout", "language 2", "skin"}));
   EXPECT_EQ(Descriptor.Last->Layout, "Symbol=700");
   EXPECT_EQ(Descriptor.Last->font().pointSize(), 11);
 }
 
-TEST_F(ViewHost, OpensAViewWhoseLayoutDataIsRefused) {
+TEST_F(TViewHostTest, OpensAViewWhoseLayoutDataIsRefused) {
   ASSERT_NE(Open("bad"), nullptr);
   EXPECT_EQ(Descriptor.Last->Told, (std::vector<std::string>{"language 2", "skin"}));
 }
 
-TEST_F(ViewHost, KeepsTheViewAtItsPreferredSize) {
+TEST_F(TViewHostTest, KeepsTheViewAtItsPreferredSize) {
   const auto* pane = Open();
   EXPECT_EQ(Descriptor.Last->size(), QSize(320, 200));
   Descriptor.Last->Width = 400;
@@ -51,7 +51,7 @@ TEST_F(ViewHost, KeepsTheViewAtItsPreferredSize) {
   EXPECT_EQ(pane->PreferredSize(), QSize(400, 200));
 }
 
-TEST_F(ViewHost, MeasuresOnceHoweverOftenTheViewAnnounces) {
+TEST_F(TViewHostTest, MeasuresOnceHoweverOftenTheViewAnnounces) {
   Open();
   const int before = Descriptor.Last->WidthAsked;
   for (int i = 0; i < 5; ++i)
@@ -60,7 +60,7 @@ TEST_F(ViewHost, MeasuresOnceHoweverOftenTheViewAnnounces) {
   EXPECT_EQ(Descriptor.Last->WidthAsked, before + 1);
 }
 
-TEST_F(ViewHost, DoesNotLoopWithAViewThatAnswersWithAnAnnouncement) {
+TEST_F(TViewHostTest, DoesNotLoopWithAViewThatAnswersWithAnAnnouncement) {
   Open();
   Descriptor.Last->GrowsWhenAsked = true;
   const int before = Descriptor.Last->WidthAsked;
@@ -71,7 +71,7 @@ TEST_F(ViewHost, DoesNotLoopWithAViewThatAnswersWithAnAnnouncement) {
   EXPECT_EQ(Descriptor.Last->width(), Descriptor.Last->Width);
 }
 
-TEST_F(ViewHost, NumbersViewsInTheOrderOpenedAndNeverAgain) {
+TEST_F(TViewHostTest, NumbersViewsInTheOrderOpenedAndNeverAgain) {
   EXPECT_EQ(Open()->Number(), 1);
   EXPECT_EQ(Open()->Number(), 2);
   Host.Close(1);
@@ -79,7 +79,7 @@ TEST_F(ViewHost, NumbersViewsInTheOrderOpenedAndNeverAgain) {
   EXPECT_EQ(Open()->Number(), 3);
 }
 
-TEST_F(ViewHost, TellsAnAnnouncementOfAViewThatIsBeingOpened) {
+TEST_F(TViewHostTest, TellsAnAnnouncementOfAViewThatIsBeingOpened) {
   std::vector<std::pair<int, int>> notified;
   QObject::connect(&Host, &TViewHost::Notified,
                    [&](int view, int code) { notified.emplace_back(view, code); });
@@ -89,7 +89,7 @@ TEST_F(ViewHost, TellsAnAnnouncementOfAViewThatIsBeingOpened) {
   EXPECT_EQ(notified, (std::vector<std::pair<int, int>>{{2, Constdef::Notify_LayoutChanged}}));
 }
 
-TEST_F(ViewHost, ShowsTheCaptionAndTheButtonsAsTheyBecome) {
+TEST_F(TViewHostTest, ShowsTheCaptionAndTheButtonsAsTheyBecome) {
   const auto* pane = Open();
   EXPECT_EQ(pane->CaptionTool(0)->toolTip(), QStringLiteral("Lock"));
   EXPECT_EQ(pane->CaptionTool(1), nullptr);
@@ -99,13 +99,13 @@ TEST_F(ViewHost, ShowsTheCaptionAndTheButtonsAsTheyBecome) {
   EXPECT_EQ(pane->CaptionTool(0)->toolTip(), QStringLiteral("Unlock"));
 }
 
-TEST_F(ViewHost, ClickOnACaptionButtonReachesTheView) {
+TEST_F(TViewHostTest, ClickOnACaptionButtonReachesTheView) {
   const auto* pane = Open();
   Input::Click(pane->CaptionTool(0));
   EXPECT_EQ(Descriptor.Last->Lock.State, 1);
 }
 
-TEST_F(ViewHost, PassesLanguageAndSkinToEveryView) {
+TEST_F(TViewHostTest, PassesLanguageAndSkinToEveryView) {
   Open();
   auto* first = Descriptor.Last;
   Open();
@@ -118,7 +118,7 @@ TEST_F(ViewHost, PassesLanguageAndSkinToEveryView) {
   EXPECT_EQ(Descriptor.Last->Told, told);
 }
 
-TEST_F(ViewHost, PopupsAreNumberedAndGoneWhenClosed) {
+TEST_F(TViewHostTest, PopupsAreNumberedAndGoneWhenClosed) {
   const auto* pane = Open();
   auto* one = Baseview::GetDialogForm(Descriptor.Last, nullptr);
   auto* two = Baseview::GetDialogForm(Descriptor.Last, nullptr);
@@ -133,7 +133,7 @@ TEST_F(ViewHost, PopupsAreNumberedAndGoneWhenClosed) {
   EXPECT_EQ(pane->Popups().back().Index, 3);
 }
 
-TEST_F(ViewHost, TellsWhichCustomViewAViewAskedFor) {
+TEST_F(TViewHostTest, TellsWhichCustomViewAViewAskedFor) {
   Open();
   std::pair<int, QString> asked;
   QObject::connect(&Host, &TViewHost::CustomViewAsked, [&](int type, const QString& symbol) {

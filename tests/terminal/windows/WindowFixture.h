@@ -13,9 +13,9 @@
 namespace Terminal {
 
 /// What the terminal's window works with, and a folder for what it keeps.
-class TWindowFixture : public testing::Test {
+class TWindowTest : public testing::Test {
 protected:
-  TWindowFixture() { Services.Profile.Grant({"QuorPrice"}); }
+  TWindowTest() { Services.Profile.Grant({"QuorPrice"}); }
 
   std::unique_ptr<TMainWindow> NewWindow() {
     return std::make_unique<TMainWindow>(
