@@ -12,7 +12,7 @@ namespace {
 bool IsBlank(char c) { return static_cast<unsigned char>(c) <= ' '; }
 
 /// Takes one quoted text off the front; without a closing quote, all that is left.
-std::string TakeQuoted(std::string_view& text) {
+std::string CutQuoted(std::string_view& text) {
   std::string item;
   text.remove_prefix(1);
   while (!text.empty()) {
@@ -29,7 +29,7 @@ std::string TakeQuoted(std::string_view& text) {
   return item;
 }
 
-std::string TakePlain(std::string_view& text) {
+std::string CutPlain(std::string_view& text) {
   const auto end =
       std::find_if(text.begin(), text.end(), [](char c) { return IsBlank(c) || c == ','; });
   std::string item(text.begin(), end);
@@ -57,7 +57,7 @@ std::string Quoted(const std::string& item) {
 TLayoutData::TLayoutData(std::string_view commaText) {
   SkipBlanks(commaText);
   while (!commaText.empty()) {
-    items_.push_back(commaText.front() == '"' ? TakeQuoted(commaText) : TakePlain(commaText));
+    items_.push_back(commaText.front() == '"' ? CutQuoted(commaText) : CutPlain(commaText));
     SkipBlanks(commaText);
     if (!commaText.empty() && commaText.front() == ',')
       commaText.remove_prefix(1);

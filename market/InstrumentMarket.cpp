@@ -73,7 +73,7 @@ void TInstrumentMarket::AdvanceTo(TTimeOfDay time) {
       break;
     now_ = moment;
     if (isSample) {
-      fixing_.Take(NominalPrice());
+      fixing_.Observe(NominalPrice());
     } else {
       Leave(Phase());
       span_ = &day_.At(now_);

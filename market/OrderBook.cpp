@@ -43,7 +43,7 @@ void TOrderBook::Add(const TBookOrder& order) {
 TBookOrder TOrderBook::Fill(TSide side, TQuantity quantity) {
   TBookSide& levels = SideOf(side);
   TQueuedOrder& order = *levels.At(levels.Best).Front;
-  Take(order, quantity);
+  Withdraw(order, quantity);
   const TBookOrder filled = order;
   if (filled.Quantity == 0)
     Unlink(order);
@@ -55,7 +55,7 @@ std::optional<TBookOrder> TOrderBook::Cancel(TOrderId id) {
   if (!order)
     return std::nullopt;
   const TBookOrder cancelled = *order;
-  Take(*order, order->Quantity);
+  Withdraw(*order, order->Quantity);
   Unlink(*order);
   return cancelled;
 }
@@ -64,11 +64,11 @@ bool TOrderBook::Reduce(TOrderId id, TQuantity quantity) {
   TQueuedOrder* order = pool_.Find(id);
   if (!order || order->Quantity <= quantity)
     return false;
-  Take(*order, order->Quantity - quantity);
+  Withdraw(*order, order->Quantity - quantity);
   return true;
 }
 
-void TOrderBook::Take(TQueuedOrder& order, TQuantity quantity) {
+void TOrderBook::Withdraw(TQueuedOrder& order, TQuantity quantity) {
   order.Quantity -= quantity;
   SideOf(order.Side).At(order.Tick).Quantity -= quantity;
 }

@@ -42,7 +42,7 @@ public:
   template <class TOnFill>
   TQuantity Match(TSide side, TPrice limit, TQuantity quantity, TOnFill&& onFill);
 
-  /// Takes `quantity`, at most what is open, from the first order of the best level of `side`,
+  /// Fills `quantity`, at most what is open, from the first order of the best level of `side`,
   /// which is not empty. Returns the order as it stands afterwards (quantity 0: it is gone).
   TBookOrder Fill(TSide side, TQuantity quantity);
 
@@ -106,7 +106,7 @@ private:
   /// Of the occupied ticks the best that is `tick` or worse.
   static int BestFrom(const TBookSide& levels, TSide side, int tick);
   static int WorseBy(TSide side, int tick) { return side == TSide::Bid ? tick - 1 : tick + 1; }
-  void Take(TQueuedOrder& order, TQuantity quantity);
+  void Withdraw(TQueuedOrder& order, TQuantity quantity);
   void Unlink(TQueuedOrder& order);
 
   const TTickGrid& grid_;

@@ -10,7 +10,7 @@ namespace {
 /// act, while there are as many orders as there should be; cancellations are as likely as there
 /// are orders.
 struct THabits {
-  double Quote, Take, Cancel;
+  double Quote, SendTakingOrder, Cancel;
   int Nearest; ///< a limit order's least distance from the opposite best price, in ticks
 };
 constexpr THabits Ordinary = {0.50, 0.075, 0.40, 1};
@@ -148,17 +148,18 @@ void TOrderFlow::ActInContinuous(TInstrumentMarket& market, double trueFairTick,
   const double middle = (grid.TickAtOrBelow(*bid) + grid.TickAtOrBelow(*ask)) / 2.0;
   const double gap = fairTick - middle;
   const double urgency = std::min(std::abs(gap) / UrgentTicks, 1.0);
-  const double take = habits.Take + UrgentTake * urgency * urgency;
+  const double take = habits.SendTakingOrder + UrgentTake * urgency * urgency;
   const double chosen = random_.Uniform() * (habits.Quote + take + cancel);
   if (chosen < take)
-    Take(market, fairTick, std::clamp(buyers + 0.16 * gap, 0.03, 0.97), id);
+    SendTakingOrder(market, fairTick, std::clamp(buyers + 0.16 * gap, 0.03, 0.97), id);
   else if (chosen < take + habits.Quote)
     Quote(market, fairTick, buyers, id);
   else
     CancelOne(market, fairTick);
 }
 
-void TOrderFlow::Take(TInstrumentMarket& market, double fairTick, double buyers, TOrderId id) {
+void TOrderFlow::SendTakingOrder(TInstrumentMarket& market, double fairTick, double buyers,
+                                 TOrderId id) {
   const TOrderBook& book = market.Book();
   const bool buys = random_.Chance(buyers);
   const TSide against = buys ? TSide::Ask : TSide::Bid;

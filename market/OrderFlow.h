@@ -38,7 +38,7 @@ private:
   void ActInAuction(TInstrumentMarket& market, double fairTick, TOrderId id);
   void ActInContinuous(TInstrumentMarket& market, double trueFairTick, TOrderId id);
   // `buyers`: how likely it is a buyer.
-  void Take(TInstrumentMarket& market, double fairTick, double buyers, TOrderId id);
+  void SendTakingOrder(TInstrumentMarket& market, double fairTick, double buyers, TOrderId id);
   void Quote(TInstrumentMarket& market, double fairTick, double buyers, TOrderId id);
   void CancelOne(TInstrumentMarket& market, double fairTick);
   void Enter(TInstrumentMarket& market, TPlace place, TQuantity quantity, TOrderId id);

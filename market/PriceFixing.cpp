@@ -16,7 +16,7 @@ std::optional<TTimeOfDay> TPriceFixing::NextSample() const {
   return end_ - (Samples - 1 - asked_) * Interval;
 }
 
-void TPriceFixing::Take(std::optional<TPrice> nominal) {
+void TPriceFixing::Observe(std::optional<TPrice> nominal) {
   ++asked_;
   if (nominal)
     prices_.insert(std::upper_bound(prices_.begin(), prices_.end(), *nominal), *nominal);

@@ -17,7 +17,7 @@ public:
   /// When the next price is to be taken; empty when all were.
   std::optional<TTimeOfDay> NextSample() const;
   /// The nominal price at NextSample(), empty when there is none.
-  void Take(std::optional<TPrice> nominal);
+  void Observe(std::optional<TPrice> nominal);
   /// The median of the prices taken, of an even number the lower middle one. Empty until all were
   /// asked for, and when there was none.
   std::optional<TPrice> Price() const;

@@ -116,7 +116,7 @@ private:
   bool LayOutRows();
   void FitHigherRows(std::vector<int>& heights) const;
   bool LayOutColumns();
-  bool TakeStartingColours();
+  bool AdoptStartingColours();
   void DescribeCells();
   void DescribeCell(int record, const TcxGridColumn& column);
   void AddChanged(const QRect& bounds);

@@ -21,7 +21,7 @@ int PointSize(const QFont& font) {
 TcxGridTableView::TcxGridTableView(const QString& name, TcxGrid* grid)
     : QObject(grid), grid_(grid) {
   setObjectName(name);
-  TakeStartingColours();
+  AdoptStartingColours();
   connect(&TcxRootLookAndFeel::Instance(), &TcxRootLookAndFeel::Changed, this,
           &TcxGridTableView::Refresh);
 }
@@ -102,7 +102,7 @@ void TcxGridTableView::Describe() {
   stale_ = false;
   const bool rowsMoved = LayOutRows();
   const bool columnsMoved = LayOutColumns();
-  const bool coloursChanged = TakeStartingColours();
+  const bool coloursChanged = AdoptStartingColours();
   changed_.clear();
   cells_.resize(static_cast<std::size_t>(RecordCount()) * spans_.size());
   SetFocusedRecordIndex(focused_);
@@ -161,7 +161,7 @@ bool TcxGridTableView::LayOutColumns() {
   return spans_ != spans;
 }
 
-bool TcxGridTableView::TakeStartingColours() {
+bool TcxGridTableView::AdoptStartingColours() {
   const auto& skin = TcxRootLookAndFeel::Instance().SkinPainter();
   const QPalette& palette = grid_->palette();
   const QRgb fill =

@@ -37,7 +37,7 @@ void TcxPopupEdit::focusOutEvent(QFocusEvent* event) {
 
 // The completer hands Enter to the edit before it puts its own entry there, which would come after
 // the resolution. So the edit takes the entry itself and closes the list.
-void TcxPopupEdit::TakeCompletion() {
+void TcxPopupEdit::ApplyCompletion() {
   if (!completer() || !completer()->popup()->isVisible())
     return;
   QAbstractItemView* list = completer()->popup();
@@ -55,7 +55,7 @@ void TcxPopupEdit::keyPressEvent(QKeyEvent* event) {
       emit KeyPress(typed.front().unicode());
     return;
   }
-  TakeCompletion();
+  ApplyCompletion();
   Resolve();
   emit KeyDown(EnterKey);
   QLineEdit::keyPressEvent(event);

@@ -43,7 +43,7 @@ protected:
 
 private:
   void Resolve();
-  void TakeCompletion();
+  void ApplyCompletion();
 
   QString hint_;
 };

@@ -11,7 +11,7 @@ namespace {
 
 /// The number that the two digits at the front of `text` give, which are then cut off; -1 when
 /// there are none.
-int TakeTwoDigits(std::string_view& text) {
+int CutTwoDigits(std::string_view& text) {
   if (text.size() < 2 || !IsDigit(text[0]) || !IsDigit(text[1]))
     return -1;
   const int number = (text[0] - '0') * 10 + (text[1] - '0');
@@ -19,7 +19,7 @@ int TakeTwoDigits(std::string_view& text) {
   return number;
 }
 
-bool TakeCharacter(std::string_view& text, char character) {
+bool CutCharacter(std::string_view& text, char character) {
   if (text.empty() || text.front() != character)
     return false;
   text.remove_prefix(1);
@@ -30,7 +30,7 @@ bool TakeCharacter(std::string_view& text, char character) {
 std::optional<std::chrono::microseconds> Fraction(std::string_view text) {
   if (text.empty())
     return std::chrono::microseconds(0);
-  if (!TakeCharacter(text, '.') || text.empty() || text.size() > 6)
+  if (!CutCharacter(text, '.') || text.empty() || text.size() > 6)
     return std::nullopt;
   int fraction = 0;
   for (std::size_t i = 0; i < 6; ++i) {
@@ -47,9 +47,9 @@ std::optional<std::chrono::microseconds> Fraction(std::string_view text) {
 std::optional<TTimeOfDay> ParseTimeOfDay(std::string_view text) {
   std::array<int, 3> parts{};
   for (std::size_t i = 0; i < parts.size(); ++i) {
-    if (i > 0 && !TakeCharacter(text, ':'))
+    if (i > 0 && !CutCharacter(text, ':'))
       return std::nullopt;
-    parts[i] = TakeTwoDigits(text);
+    parts[i] = CutTwoDigits(text);
     if (parts[i] < 0 || parts[i] > (i == 0 ? 23 : 59))
       return std::nullopt;
   }

@@ -13,7 +13,7 @@ namespace Quorpriceview {
 namespace {
 
 /// Takes the text up to the next comma, and the comma, off the front.
-std::string_view TakeElement(std::string_view& list) {
+std::string_view CutElement(std::string_view& list) {
   const auto comma = list.find(',');
   const auto element = list.substr(0, comma);
   list.remove_prefix(comma == std::string_view::npos ? list.size() : comma + 1);
@@ -25,8 +25,8 @@ std::string_view TakeElement(std::string_view& list) {
 TBrokerColours ParseBrokerColours(std::string_view brokers, std::string_view colours) {
   TBrokerColours parsed;
   while (!brokers.empty()) {
-    const auto broker = TakeElement(brokers);
-    const auto colour = Platform::ParseColour(TakeElement(colours));
+    const auto broker = CutElement(brokers);
+    const auto colour = Platform::ParseColour(CutElement(colours));
     if (!broker.empty())
       parsed.insert_or_assign(std::string(broker), colour.value_or(System::clWindow));
   }

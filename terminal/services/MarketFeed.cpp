@@ -23,10 +23,10 @@ Data::TRecordChange WithoutTrades(Data::TRecordChange change) {
 
 TMarketFeed::TMarketFeed(TServices& services, TMarketPlayer& player)
     : services_(services), player_(player) {
-  connect(&player, &TMarketPlayer::HeaderRead, this, &TMarketFeed::TakeHeader);
+  connect(&player, &TMarketPlayer::HeaderRead, this, &TMarketFeed::ApplyHeader);
   connect(&player, &TMarketPlayer::Reset, this, &TMarketFeed::ForgetRecords);
-  connect(&player, &TMarketPlayer::Batch, this, &TMarketFeed::TakeBatch);
-  services_.Subscriptions.OnRefresh = [this](std::string_view symbol) { TakeSnapshot(symbol); };
+  connect(&player, &TMarketPlayer::Batch, this, &TMarketFeed::ApplyChanges);
+  services_.Subscriptions.OnRefresh = [this](std::string_view symbol) { ApplySnapshot(symbol); };
   SetFeedType(Constdef::FeedType_Streaming);
 }
 
@@ -49,7 +49,7 @@ void TMarketFeed::SetFeedType(int type) {
   if (isDelayChanged && player_.Traits().Delayable)
     return; // the market of the other moment comes by itself
   for (const auto& change : present)
-    Take(change);
+    Apply(change);
 }
 
 std::optional<double> TMarketFeed::Age() const {
@@ -75,7 +75,7 @@ std::vector<Data::TRecordChange> TMarketFeed::Present() const {
   return records;
 }
 
-void TMarketFeed::TakeHeader(const Data::TReferenceData& header) {
+void TMarketFeed::ApplyHeader(const Data::TReferenceData& header) {
   simulated_ = header.Simulated;
   mark_ = simulated_ ? Feed::Mark_Invented : player_.Traits().Mark;
   started_ = false;
@@ -99,22 +99,22 @@ void TMarketFeed::TakeHeader(const Data::TReferenceData& header) {
     TellStart({});
 }
 
-void TMarketFeed::TakeBatch(const std::vector<Data::TRecordChange>& changes) {
+void TMarketFeed::ApplyChanges(const std::vector<Data::TRecordChange>& changes) {
   for (const auto& change : changes)
-    Take(change);
+    Apply(change);
   lastData_.start();
   if (!changes.empty())
     TellStart(changes.front().Symbol);
 }
 
-void TMarketFeed::Take(const Data::TRecordChange& change) {
+void TMarketFeed::Apply(const Data::TRecordChange& change) {
   if (feedType_ != Constdef::FeedType_Streaming)
     market_.Merge(WithoutTrades(change));
   if (feedType_ != Constdef::FeedType_PerClick)
-    Apply(change);
+    TellRecord(change);
 }
 
-void TMarketFeed::Apply(const Data::TRecordChange& change) {
+void TMarketFeed::TellRecord(const Data::TRecordChange& change) {
   const bool isFirst = !given_.contains(change.Symbol);
   auto& fields = given_[change.Symbol];
   const bool hadNoOpening = !fields.empty() && !fields.contains(Host::Field::Open);
@@ -130,13 +130,13 @@ void TMarketFeed::Apply(const Data::TRecordChange& change) {
     services_.Channels.Send(Constdef::Channel_BeginningOfDay, nullptr, nullptr);
 }
 
-void TMarketFeed::TakeSnapshot(std::string_view symbol) {
+void TMarketFeed::ApplySnapshot(std::string_view symbol) {
   if (feedType_ != Constdef::FeedType_PerClick)
     return;
   emit SnapshotTaken(++snapshots_);
   for (const auto& record : market_.Changes())
     if (record.Symbol == symbol)
-      return Apply(Data::TRecordChange(record));
+      return TellRecord(Data::TRecordChange(record));
 }
 
 void TMarketFeed::ForgetRecords() {

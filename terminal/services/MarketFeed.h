@@ -50,11 +50,11 @@ signals:
   void SnapshotTaken(int count);
 
 private:
-  void TakeHeader(const Data::TReferenceData& header);
-  void TakeBatch(const std::vector<Data::TRecordChange>& changes);
-  void Take(const Data::TRecordChange& change);
+  void ApplyHeader(const Data::TReferenceData& header);
+  void ApplyChanges(const std::vector<Data::TRecordChange>& changes);
   void Apply(const Data::TRecordChange& change);
-  void TakeSnapshot(std::string_view symbol);
+  void TellRecord(const Data::TRecordChange& change);
+  void ApplySnapshot(std::string_view symbol);
   void ForgetRecords();
   void TellStart(const std::string& symbol);
 

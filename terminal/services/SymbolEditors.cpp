@@ -20,7 +20,7 @@ public:
 private:
   void OfferCompletions();
   void Resolve();
-  void TakeSymbol(const QString& symbol, bool byUser);
+  void ApplySymbol(const QString& symbol, bool byUser);
   void Report();
 
   TSymbolEditors& manager_;
@@ -90,14 +90,14 @@ void TSymbolEditor::Resolve() {
   if (text == edit_->Hint())
     return;
   if (const auto symbol = manager_.symbols_.Resolve(text.toStdString()))
-    TakeSymbol(QString::fromStdString(*symbol), byUser);
+    ApplySymbol(QString::fromStdString(*symbol), byUser);
   else if (entering && typed)
     edit_->selectAll();
   else
     edit_->setText(edit_->Hint());
 }
 
-void TSymbolEditor::TakeSymbol(const QString& symbol, bool byUser) {
+void TSymbolEditor::ApplySymbol(const QString& symbol, bool byUser) {
   if (byUser && symbol != edit_->Hint() && !group_.empty())
     entered_ = symbol.toStdString();
   edit_->SetHint(symbol);

@@ -12,9 +12,9 @@ namespace {
 using enum Data::TProblemCode;
 
 /// Takes an option's value over; false when it is none of those that the option takes.
-using TTakeValue = std::function<bool(const std::string& value)>;
+using TStoreValue = std::function<bool(const std::string& value)>;
 
-TTakeValue TakeText(std::optional<std::string>& text) {
+TStoreValue StoreText(std::optional<std::string>& text) {
   return [&text](const std::string& value) {
     text = value;
     return !value.empty();
@@ -30,8 +30,8 @@ std::optional<double> PositiveNumber(const std::string& text) {
   return number;
 }
 
-TTakeValue TakeSourceOption(TCommandLine& line, const Feed::TSourceKind& kind,
-                            const Feed::TSourceOption& option) {
+TStoreValue StoreSourceOption(TCommandLine& line, const Feed::TSourceKind& kind,
+                              const Feed::TSourceOption& option) {
   return [&](const std::string& value) {
     const bool isAskedFor = !kind.IsDefault && &option == &kind.Options.front();
     line.Source = isAskedFor ? &kind : line.Source;
@@ -40,13 +40,13 @@ TTakeValue TakeSourceOption(TCommandLine& line, const Feed::TSourceKind& kind,
   };
 }
 
-std::map<std::string, TTakeValue> OptionsInto(TCommandLine& line) {
-  std::map<std::string, TTakeValue> options{
-      {"--script", TakeText(line.Script)},
-      {"--snapshot", TakeText(line.Snapshot)},
-      {"--symbol", TakeText(line.Symbol)},
-      {"--package", TakeText(line.Package)},
-      {"--record", TakeText(line.Record)},
+std::map<std::string, TStoreValue> OptionsInto(TCommandLine& line) {
+  std::map<std::string, TStoreValue> options{
+      {"--script", StoreText(line.Script)},
+      {"--snapshot", StoreText(line.Snapshot)},
+      {"--symbol", StoreText(line.Symbol)},
+      {"--package", StoreText(line.Package)},
+      {"--record", StoreText(line.Record)},
       {"--speed",
        [&line](const std::string& value) {
          const auto speed = PositiveNumber(value);
@@ -67,7 +67,7 @@ std::map<std::string, TTakeValue> OptionsInto(TCommandLine& line) {
   };
   for (const auto& kind : Feed::SourceKinds())
     for (const auto& option : kind.Options)
-      options.emplace(option.Name, TakeSourceOption(line, kind, option));
+      options.emplace(option.Name, StoreSourceOption(line, kind, option));
   return options;
 }
 

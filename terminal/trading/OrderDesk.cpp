@@ -24,7 +24,7 @@ int TOrderDesk::Submit(const std::string& symbol, TSide side, TPrice price, TQua
   order.Quantity = quantity;
   order.Status = TOrderStatus::Rejected;
   order.Reason = Refused_NoMarket;
-  TakeOrder(order);
+  ApplyOrder(order);
   return number;
 }
 
@@ -43,11 +43,11 @@ void TOrderDesk::Follow(TMarketPlayer& player) {
   });
   connect(&player, &TMarketPlayer::Reported, this, [this](const TOrderReport& report) {
     if (const auto* order = std::get_if<TUserOrder>(&report))
-      TakeOrder(*order);
+      ApplyOrder(*order);
     else if (const auto* trade = std::get_if<TUserTrade>(&report))
-      TakeTrade(*trade);
+      ApplyTrade(*trade);
     else if (const auto* refusal = std::get_if<TOrderRefusal>(&report))
-      TakeRefusal(refusal->Number, refusal->Reason);
+      ApplyRefusal(refusal->Number, refusal->Reason);
   });
 }
 
@@ -59,7 +59,7 @@ void TOrderDesk::SetMarket(TMarket market) {
   emit Reopened();
 }
 
-void TOrderDesk::TakeOrder(const TUserOrder& order) {
+void TOrderDesk::ApplyOrder(const TUserOrder& order) {
   const auto place =
       std::lower_bound(orders_.begin(), orders_.end(), order.Number,
                        [](const TUserOrder& known, int number) { return known.Number < number; });
@@ -70,12 +70,12 @@ void TOrderDesk::TakeOrder(const TUserOrder& order) {
   emit OrderChanged(order);
 }
 
-void TOrderDesk::TakeTrade(const TUserTrade& trade) {
+void TOrderDesk::ApplyTrade(const TUserTrade& trade) {
   trades_.push_back(trade);
   emit Traded(trade);
 }
 
-void TOrderDesk::TakeRefusal(int number, const std::string& reason) {
+void TOrderDesk::ApplyRefusal(int number, const std::string& reason) {
   emit Refused(number, QString::fromStdString(reason));
 }
 
@@ -83,7 +83,7 @@ void TOrderDesk::Send(const TOrderRequest& request) {
   if (IsOpen())
     market_(request);
   else
-    TakeRefusal(request.Number, Refused_NoMarket);
+    ApplyRefusal(request.Number, Refused_NoMarket);
 }
 
 } // namespace Terminal

@@ -49,10 +49,10 @@ public:
 
   /// Requests go to `market` from now on; empty closes the desk. What was told before is forgotten.
   void SetMarket(TMarket market);
-  void TakeOrder(const Data::TUserOrder& order);
-  void TakeTrade(const Data::TUserTrade& trade);
+  void ApplyOrder(const Data::TUserOrder& order);
+  void ApplyTrade(const Data::TUserTrade& trade);
   /// A change or cancellation was refused; the order stands as it was.
-  void TakeRefusal(int number, const std::string& reason);
+  void ApplyRefusal(int number, const std::string& reason);
 
 signals:
   /// An order is new or has changed.

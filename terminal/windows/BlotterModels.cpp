@@ -37,7 +37,7 @@ TCellKind KindOf(TTradesModel::TColumn column) {
 TOrdersModel::TOrdersModel(TServices& services, TOrderDesk& desk, QObject* parent)
     : QAbstractTableModel(parent), desk_(desk), figures_(services),
       rows_(static_cast<int>(desk.Orders().size())) {
-  connect(&desk, &TOrderDesk::OrderChanged, this, &TOrdersModel::TakeOrder);
+  connect(&desk, &TOrderDesk::OrderChanged, this, &TOrdersModel::ApplyOrder);
   connect(&desk, &TOrderDesk::Reopened, this, [this] {
     beginResetModel();
     rows_ = static_cast<int>(desk_.Orders().size());
@@ -62,7 +62,7 @@ int TOrdersModel::RowOf(int number) const {
   return static_cast<int>(orders.end() - found) - 1;
 }
 
-void TOrdersModel::TakeOrder(const TUserOrder& order) {
+void TOrdersModel::ApplyOrder(const TUserOrder& order) {
   const int row = RowOf(order.Number);
   if (static_cast<int>(desk_.Orders().size()) == rows_) {
     emit dataChanged(index(row, 0), index(row, Columns - 1));

@@ -50,7 +50,7 @@ signals:
 private:
   QString Text(const Data::TUserOrder& order, int column) const;
   int RowOf(int number) const;
-  void TakeOrder(const Data::TUserOrder& order);
+  void ApplyOrder(const Data::TUserOrder& order);
 
   TOrderDesk& desk_;
   TOrderFigures figures_;

@@ -108,7 +108,7 @@ void TMainWindow::NewView() {
 
 void TMainWindow::ShowView(TViewPane* pane) {
   auto* dock = new QDockWidget(this);
-  dock->setTitleBarWidget(pane->TakeCaptionBar());
+  dock->setTitleBarWidget(pane->ReleaseCaptionBar());
   dock->setWidget(new TViewCorner(pane));
   dock->setWindowTitle(pane->windowTitle());
   connect(pane, &QWidget::windowTitleChanged, dock, &QWidget::setWindowTitle);

@@ -101,11 +101,11 @@ void TOrderTicket::BuildForm() {
   priceCaption_->setBuddy(price_);
   quantityCaption_->setBuddy(quantity_);
   static_cast<QVBoxLayout*>(layout())->addLayout(form);
-  connect(symbolBox_, &Platform::TcxPopupEdit::Exited, this, &TOrderTicket::TakeEnteredSymbol);
+  connect(symbolBox_, &Platform::TcxPopupEdit::Exited, this, &TOrderTicket::ApplyEnteredSymbol);
   connect(symbolBox_, &Platform::TcxPopupEdit::KeyDown, this, [this](int key) {
     if (key != Platform::TcxPopupEdit::EnterKey)
       return;
-    TakeEnteredSymbol();
+    ApplyEnteredSymbol();
     if (!symbol_.empty() && symbolBox_->text().toStdString() == symbol_)
       price_->setFocus(Qt::TabFocusReason);
   });
@@ -133,7 +133,7 @@ void TOrderTicket::BuildButtons() {
 }
 
 // A style sheet keeps the window's font from the widget that has it.
-void TOrderTicket::TakeFont() {
+void TOrderTicket::FollowFont() {
   for (QWidget* widget : std::initializer_list<QWidget*>{paper_, buy_, sell_})
     widget->setFont(font());
   const int width = fontMetrics().horizontalAdvance(QStringLiteral("8,888,888")) + 16;
@@ -144,7 +144,7 @@ void TOrderTicket::TakeFont() {
 void TOrderTicket::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::FontChange)
-    TakeFont();
+    FollowFont();
 }
 
 void TOrderTicket::FollowDesk() {
@@ -182,7 +182,7 @@ void TOrderTicket::SetSkin() {
   };
   dress(buy_, services_.Skin.Up());
   dress(sell_, services_.Skin.Down());
-  TakeFont();
+  FollowFont();
 }
 
 void TOrderTicket::FocusForm() {
@@ -217,7 +217,7 @@ void TOrderTicket::Fill(const TOrder& order) {
   FormChanged();
 }
 
-void TOrderTicket::TakeEnteredSymbol() {
+void TOrderTicket::ApplyEnteredSymbol() {
   const std::string entered = symbolBox_->Hint().toStdString();
   if (entered == symbol_)
     return;

@@ -56,12 +56,12 @@ private:
   void BuildSides();
   void BuildForm();
   void BuildButtons();
-  void TakeFont();
+  void FollowFont();
   void FollowDesk();
 
   void Receive(System::TObject* from, System::TObject* carried);
   void Fill(const TOrder& order);
-  void TakeEnteredSymbol();
+  void ApplyEnteredSymbol();
   void SetSymbol(const std::string& symbol);
   void Announce();
   void StepPrice(int steps);

@@ -29,7 +29,7 @@ std::optional<double> QuantityOf(const TTrade& trade) {
 } // namespace
 
 TTradeBars::TTradeBars(TTradeSideDetector& trades) : trades_(trades) {
-  trades_.OnTrade = [this](std::string_view symbol, const TTrade* trade) { Take(symbol, trade); };
+  trades_.OnTrade = [this](std::string_view symbol, const TTrade* trade) { Apply(symbol, trade); };
 }
 
 TTradeBars::~TTradeBars() { trades_.OnTrade = nullptr; }
@@ -40,7 +40,7 @@ const std::vector<TTradeBar>& TTradeBars::Of(std::string_view symbol) const {
   return found == bars_.end() ? none : found->second;
 }
 
-void TTradeBars::Take(std::string_view symbol, const TTrade* trade) {
+void TTradeBars::Apply(std::string_view symbol, const TTrade* trade) {
   auto& bars = bars_[std::string(symbol)];
   if (trade) {
     Add(bars, *trade);

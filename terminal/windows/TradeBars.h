@@ -40,7 +40,7 @@ signals:
   void Changed(const std::string& symbol);
 
 private:
-  void Take(std::string_view symbol, const Markettradesidedetector::TTrade* trade);
+  void Apply(std::string_view symbol, const Markettradesidedetector::TTrade* trade);
   void Add(std::vector<TTradeBar>& bars, const Markettradesidedetector::TTrade& trade);
 
   TTradeSideDetector& trades_;

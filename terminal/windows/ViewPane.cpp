@@ -62,7 +62,7 @@ void TViewPane::ChooseGroup() { bar_->ChooseGroup(); }
 
 std::string TViewPane::LayoutData() const { return descriptor_.GetLayoutData(handle_); }
 
-QWidget* TViewPane::TakeCaptionBar() {
+QWidget* TViewPane::ReleaseCaptionBar() {
   layout()->removeWidget(bar_);
   return bar_;
 }

@@ -49,7 +49,7 @@ public:
   std::string LayoutData() const;
 
   /// The caption bar, to stand elsewhere; it stays the view's.
-  QWidget* TakeCaptionBar();
+  QWidget* ReleaseCaptionBar();
 
   /// Asks the view for its preferred size and gives it that size.
   void ApplyPreferredSize();

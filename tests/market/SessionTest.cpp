@@ -99,7 +99,7 @@ TEST(MarketPriceFixing, AsksEveryFifteenSecondsOfTheLastMinute) {
   for (const auto seconds : {0s, 15s, 30s, 45s, 60s}) {
     EXPECT_EQ(fixing.NextSample(), 15h + 59min + seconds);
     EXPECT_EQ(fixing.Price(), std::nullopt);
-    fixing.Take(100);
+    fixing.Observe(100);
   }
   EXPECT_EQ(fixing.NextSample(), std::nullopt);
   EXPECT_EQ(fixing.Price(), 100);
@@ -108,7 +108,7 @@ TEST(MarketPriceFixing, AsksEveryFifteenSecondsOfTheLastMinute) {
 std::optional<TPrice> FixingOf(std::initializer_list<std::optional<TPrice>> prices) {
   TPriceFixing fixing(16h);
   for (const auto& price : prices)
-    fixing.Take(price);
+    fixing.Observe(price);
   return fixing.Price();
 }
 

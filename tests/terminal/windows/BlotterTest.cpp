@@ -53,7 +53,7 @@ protected:
     trade.Side = side;
     trade.Price = price;
     trade.Quantity = quantity;
-    Desk.TakeTrade(trade);
+    Desk.ApplyTrade(trade);
   }
 
   QTableView* Orders() { return View.findChild<QTableView*>(QStringLiteral("orders")); }
@@ -81,12 +81,12 @@ protected:
 };
 
 TEST_F(TBlotterTest, ShowsEveryOrderTheLatestFirst) {
-  Desk.TakeOrder(Order(1));
+  Desk.ApplyOrder(Order(1));
   TUserOrder filled = Order(2, TOrderStatus::PartlyFilled);
   filled.Side = TSide::Bid;
   filled.Filled = 500;
   filled.AveragePrice = 101.25;
-  Desk.TakeOrder(filled);
+  Desk.ApplyOrder(filled);
   EXPECT_EQ(Row(Orders(), 0), (QStringList{"2", "10:00:00", "700", "Buy", "101.3", "2,000", "500",
                                            "101.250", "Partly filled", ""}));
   EXPECT_EQ(Row(Orders(), 1), (QStringList{"1", "10:00:00", "700", "Sell", "101.3", "2,000", "0",
@@ -94,24 +94,24 @@ TEST_F(TBlotterTest, ShowsEveryOrderTheLatestFirst) {
 }
 
 TEST_F(TBlotterTest, FollowsAnOrderThatChanges) {
-  Desk.TakeOrder(Order(1));
-  Desk.TakeOrder(Order(2));
-  Desk.TakeOrder(Order(1, TOrderStatus::Cancelled));
+  Desk.ApplyOrder(Order(1));
+  Desk.ApplyOrder(Order(2));
+  Desk.ApplyOrder(Order(1, TOrderStatus::Cancelled));
   ASSERT_EQ(Orders()->model()->rowCount(), 2);
   EXPECT_EQ(Row(Orders(), 1)[TModel::StatusColumn], QStringLiteral("Cancelled"));
   EXPECT_EQ(Row(Orders(), 0)[TModel::StatusColumn], QStringLiteral("Working"));
 }
 
 TEST_F(TBlotterTest, TakesInAnOrderThatIsToldOfLate) {
-  Desk.TakeOrder(Order(2));
-  Desk.TakeOrder(Order(1));
+  Desk.ApplyOrder(Order(2));
+  Desk.ApplyOrder(Order(1));
   EXPECT_EQ(Row(Orders(), 0)[TModel::NumberColumn], QStringLiteral("2"));
   EXPECT_EQ(Row(Orders(), 1)[TModel::NumberColumn], QStringLiteral("1"));
 }
 
 TEST_F(TBlotterTest, DeleteCancelsAnOrderThatIsAlive) {
-  Desk.TakeOrder(Order(1));
-  Desk.TakeOrder(Order(2, TOrderStatus::Filled));
+  Desk.ApplyOrder(Order(1));
+  Desk.ApplyOrder(Order(2, TOrderStatus::Filled));
   Choose(0);
   Input::PressKey(Orders(), Qt::Key_Delete);
   EXPECT_TRUE(Asked.empty()) << "it is filled";
@@ -125,7 +125,7 @@ TEST_F(TBlotterTest, DeleteCancelsAnOrderThatIsAlive) {
 TEST_F(TBlotterTest, F2AndEnterChangeThePrice) {
   for (const auto key : {Qt::Key_F2, Qt::Key_Return}) {
     Asked.clear();
-    Desk.TakeOrder(Order(1));
+    Desk.ApplyOrder(Order(1));
     Choose(0);
     Input::PressKey(Orders(), key);
     ASSERT_NE(Editor(), nullptr);
@@ -145,7 +145,7 @@ TEST_F(TBlotterTest, F2AndEnterChangeThePrice) {
 }
 
 TEST_F(TBlotterTest, ChangesTheQuantityWhereThatIsChosen) {
-  Desk.TakeOrder(Order(1));
+  Desk.ApplyOrder(Order(1));
   Choose(0, TModel::QuantityColumn);
   Input::PressKey(Orders(), Qt::Key_F2);
   ASSERT_NE(Editor(), nullptr);
@@ -158,18 +158,18 @@ TEST_F(TBlotterTest, ChangesTheQuantityWhereThatIsChosen) {
 }
 
 TEST_F(TBlotterTest, WhatIsTypedStaysWhileTheOrderIsFilled) {
-  Desk.TakeOrder(Order(1));
+  Desk.ApplyOrder(Order(1));
   Choose(0);
   Input::PressKey(Orders(), Qt::Key_F2);
   Input::Type(Editor(), QStringLiteral("101.9"));
   TUserOrder filled = Order(1, TOrderStatus::PartlyFilled);
   filled.Filled = 500;
-  Desk.TakeOrder(filled);
+  Desk.ApplyOrder(filled);
   EXPECT_EQ(Editor()->text(), QStringLiteral("101.9"));
 }
 
 TEST_F(TBlotterTest, EscapeLeavesTheOrderAlone) {
-  Desk.TakeOrder(Order(1));
+  Desk.ApplyOrder(Order(1));
   Choose(0);
   Input::PressKey(Orders(), Qt::Key_F2);
   Input::PressKey(Editor(), Qt::Key_Up);
@@ -180,7 +180,7 @@ TEST_F(TBlotterTest, EscapeLeavesTheOrderAlone) {
 }
 
 TEST_F(TBlotterTest, AnOrderThatIsDoneCannotBeChanged) {
-  Desk.TakeOrder(Order(1, TOrderStatus::Filled));
+  Desk.ApplyOrder(Order(1, TOrderStatus::Filled));
   Choose(0);
   Input::PressKey(Orders(), Qt::Key_F2);
   EXPECT_EQ(Editor(), nullptr);
@@ -201,7 +201,7 @@ TEST_F(TBlotterTest, ShowsTradesAndWhatWasBoughtAndSoldInEachCurrency) {
 }
 
 TEST_F(TBlotterTest, SaysWhyTheMarketRefused) {
-  Desk.TakeRefusal(3, "Term_StatusFilled");
+  Desk.ApplyRefusal(3, "Term_StatusFilled");
   EXPECT_EQ(Text("refusal"), QStringLiteral("Order 3: Filled"));
   Services.Languages.SetLanguage(Constdef::Language_SimplifiedChinese);
   View.SetTexts();
@@ -209,19 +209,19 @@ TEST_F(TBlotterTest, SaysWhyTheMarketRefused) {
 }
 
 TEST_F(TBlotterTest, ARefusalStaysWhileOrdersAreFilledAndTraded) {
-  Desk.TakeOrder(Order(1));
-  Desk.TakeRefusal(1, "Term_RefusedLimit");
+  Desk.ApplyOrder(Order(1));
+  Desk.ApplyRefusal(1, "Term_RefusedLimit");
   const QString refusal = Text("refusal");
   EXPECT_NE(refusal, QString());
-  Desk.TakeOrder(Order(1, TOrderStatus::PartlyFilled));
-  Desk.TakeOrder(Order(2));
+  Desk.ApplyOrder(Order(1, TOrderStatus::PartlyFilled));
+  Desk.ApplyOrder(Order(2));
   Trade("700", TSide::Ask, 101300, 500);
   EXPECT_EQ(Text("refusal"), refusal);
 }
 
 TEST_F(TBlotterTest, ARefusalGoesWhenTheUserAsksAnewAndWhenTheMarketBeginsAnew) {
-  Desk.TakeOrder(Order(1));
-  Desk.TakeRefusal(1, "Term_RefusedLimit");
+  Desk.ApplyOrder(Order(1));
+  Desk.ApplyRefusal(1, "Term_RefusedLimit");
   Choose(0);
   Input::PressKey(Orders(), Qt::Key_F2);
   Input::PressKey(Editor(), Qt::Key_Up);
@@ -229,16 +229,16 @@ TEST_F(TBlotterTest, ARefusalGoesWhenTheUserAsksAnewAndWhenTheMarketBeginsAnew) 
   Input::PressKey(Editor(), Qt::Key_Return);
   Input::Deliver();
   EXPECT_EQ(Text("refusal"), QString());
-  Desk.TakeRefusal(1, "Term_RefusedLimit");
+  Desk.ApplyRefusal(1, "Term_RefusedLimit");
   Input::PressKey(Orders(), Qt::Key_Delete);
   EXPECT_EQ(Text("refusal"), QString());
-  Desk.TakeRefusal(1, "Term_RefusedLimit");
+  Desk.ApplyRefusal(1, "Term_RefusedLimit");
   Desk.SetMarket({});
   EXPECT_EQ(Text("refusal"), QString());
 }
 
 TEST_F(TBlotterTest, SaysThatWhatWasTypedIsNoFigureAndAsksForNothing) {
-  Desk.TakeOrder(Order(1));
+  Desk.ApplyOrder(Order(1));
   const auto type = [this](TModel::TColumn column, const char* text) {
     Choose(0, column);
     Input::PressKey(Orders(), Qt::Key_F2);
@@ -260,11 +260,11 @@ TEST_F(TBlotterTest, SaysThatWhatWasTypedIsNoFigureAndAsksForNothing) {
 }
 
 TEST_F(TBlotterTest, AChangeOfAnOrderThatIsDoneMeanwhileIsTheMarketsToRefuse) {
-  Desk.TakeOrder(Order(1));
+  Desk.ApplyOrder(Order(1));
   Choose(0);
   Input::PressKey(Orders(), Qt::Key_F2);
   Input::PressKey(Editor(), Qt::Key_Up);
-  Desk.TakeOrder(Order(1, TOrderStatus::Filled));
+  Desk.ApplyOrder(Order(1, TOrderStatus::Filled));
   Input::PressKey(Editor(), Qt::Key_Return);
   Input::Deliver();
   ASSERT_EQ(Asked.size(), 1u);
@@ -272,7 +272,7 @@ TEST_F(TBlotterTest, AChangeOfAnOrderThatIsDoneMeanwhileIsTheMarketsToRefuse) {
 }
 
 TEST_F(TBlotterTest, IsEmptyWhenTheMarketBeginsAnew) {
-  Desk.TakeOrder(Order(1));
+  Desk.ApplyOrder(Order(1));
   Trade("700", TSide::Bid, 101000, 1000);
   Desk.SetMarket({});
   EXPECT_EQ(Orders()->model()->rowCount(), 0);
@@ -281,7 +281,7 @@ TEST_F(TBlotterTest, IsEmptyWhenTheMarketBeginsAnew) {
 }
 
 TEST_F(TBlotterTest, CountsOrdersAndTradesOnTheTabs) {
-  Desk.TakeOrder(Order(1));
+  Desk.ApplyOrder(Order(1));
   Trade("700", TSide::Bid, 101000, 1000);
   const auto* tabs = View.findChild<QTabWidget*>();
   EXPECT_EQ(tabs->tabText(0), QStringLiteral("Orders (1)"));

@@ -42,7 +42,9 @@ protected:
     Input::Activate(&Ticket);
   }
 
-  ~TOrderTicketTest() override { Services.Channels.Unsubscribe(Constdef::Channel_CopyOrder, &Owner); }
+  ~TOrderTicketTest() override {
+    Services.Channels.Unsubscribe(Constdef::Channel_CopyOrder, &Owner);
+  }
 
   void Copy(TOrder& order) {
     Datadef::TCopyOrderRecord record;
@@ -257,11 +259,11 @@ TEST_F(TOrderTicketTest, ShowsWhatBecameOfTheOrder) {
   TUserOrder order;
   order.Number = 2;
   order.Status = TOrderStatus::Filled;
-  Desk.TakeOrder(order);
+  Desk.ApplyOrder(order);
   EXPECT_EQ(Text("message"), QStringLiteral("Order 1 was sent.")) << "another order's outcome";
   order.Number = 1;
   order.Status = TOrderStatus::PartlyFilled;
-  Desk.TakeOrder(order);
+  Desk.ApplyOrder(order);
   EXPECT_EQ(Text("message"), QStringLiteral("Order 1: Partly filled"));
 }
 
