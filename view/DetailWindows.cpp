@@ -47,14 +47,16 @@ void TDetailWindows::Open(QWidget* window, const TCustomQuorMarketDataControl& c
 }
 
 bool TDetailWindows::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Close) {
-    auto* window = static_cast<QWidget*>(watched);
-    // The window is freed later, maybe after the view and the services; its content goes at once.
-    if (const auto detail = details_.extract(window))
-      delete detail.mapped();
-    window->setAttribute(Qt::WA_DeleteOnClose);
-  }
+  if (event->type() == QEvent::Close)
+    CloseDetailForm(static_cast<QWidget*>(watched));
   return false;
+}
+
+void TDetailWindows::CloseDetailForm(QWidget* sender) {
+  // The window is freed later, maybe after the view and the services; its content goes at once.
+  if (const auto detail = details_.extract(sender))
+    delete detail.mapped();
+  sender->setAttribute(Qt::WA_DeleteOnClose);
 }
 
 void TDetailWindows::SetLanguage(int language) {

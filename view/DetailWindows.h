@@ -31,6 +31,9 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+  /// Frees the content of a window that closes at once, and the window when it has closed.
+  void CloseDetailForm(QWidget* sender);
+
   std::map<QWidget*, Quordetailview::TQuorDetailFrame*> details_; ///< by window
 };
 

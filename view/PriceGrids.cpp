@@ -7,6 +7,7 @@
 #include "view/ViewMeasures.h"
 
 #include <algorithm>
+#include <functional>
 #include <span>
 #include <utility>
 
@@ -65,15 +66,21 @@ void Apply(const TCellStyle& style, int fontSize, TcxCanvas& canvas) {
   canvas.FontBold = style.Bold;
 }
 
+void CopyClicked(const TcxGridTableView& view, TCustomQuorMarketDataControl& control,
+                 const TcxGridColumn* column, Qt::MouseButton button) {
+  // The other buttons are for menus: they must not send an order.
+  if (button == Qt::LeftButton)
+    control.CopyPrice(view.FocusedRecordIndex(), column->Tag);
+}
+
 } // namespace
 
 TPriceGrids::TPriceGrids(TQuorPriceForm& form, const TBrokerHighlight& highlight,
                          System::TObject* owner)
-    : form_(form) {
-  price_ = Join<TPriceControl>(form.PriceGridView, owner, [this, &highlight](int row, int column) {
-    return DepthCellStyle(price_, colours_, highlight.Colours(), row, column);
-  });
-  price_->OnChange = [this](System::TObject*) { refreshPending_ = true; };
+    : form_(form), highlight_(highlight) {
+  price_ = Join<TPriceControl>(form.PriceGridView, owner, &TPriceGrids::PriceGridViewCustomDrawCell,
+                               &TPriceGrids::PriceGridViewCellClick);
+  price_->OnChange = std::bind_front(&TPriceGrids::HandleRefresh, this);
   price_->SetShowBrokerQueue(!IsDelayedFeed());
   if (IsPerclickFeed())
     JoinPerclick(owner);
@@ -89,43 +96,74 @@ TPriceGrids::~TPriceGrids() {
 }
 
 void TPriceGrids::JoinPerclick(System::TObject* owner) {
-  perclickPrice_ =
-      Join<TPerclickPriceControl>(form_.PerclickPriceGridView, owner, [this](int row, int column) {
-        return PerclickPriceCellStyle(true, colours_, row, column);
-      });
+  perclickPrice_ = Join<TPerclickPriceControl>(form_.PerclickPriceGridView, owner,
+                                               &TPriceGrids::PerclickPriceGridViewCustomDrawCell,
+                                               &TPriceGrids::PerclickPriceGridViewCellClick);
   perclickPrice_->OnRelatedChange = [this](System::TObject*) { UpdateLastPrice(); };
   auto* info = form_.PerclickInfoGridView;
-  Join<TPerclickQuorInfoMarketDataControl>(
-      info, owner, [this](int row, int) { return PerclickInfoCellStyle(true, colours_, row); });
-  info->OnGetCellHeight = [info](int row, int& height) {
-    height = PerclickInfoRowHeight(row, info->DataRowHeight());
-  };
+  perclickInfo_ = Join<TPerclickQuorInfoMarketDataControl>(
+      info, owner, &TPriceGrids::PerclickInfoGridViewCustomDrawCell,
+      &TPriceGrids::PerclickInfoGridViewCellClick);
+  info->OnGetCellHeight = std::bind_front(&TPriceGrids::PerclickInfoGridViewGetCellHeight, this);
 }
 
-template <typename TControl, typename TStyleOf>
-TControl* TPriceGrids::Join(TcxGridTableView* view, System::TObject* owner, TStyleOf styleOf) {
+template <typename TControl> TControl* TPriceGrids::Join(TcxGridTableView* view,
+                                                         System::TObject* owner, TDrawCell drawCell,
+                                                         TCellClick click) {
   auto owned = std::make_unique<TControl>(owner);
   auto* control = owned.get();
   controls_.push_back(control);
   sources_.push_back(std::make_unique<Griddatasource::TCustomGridDataSource>(std::move(owned)));
   view->SetDataSource(sources_.back().get());
-  view->OnCustomDrawCell = [this, control, styleOf](TcxCanvas& canvas, const TcxCellViewInfo& cell,
-                                                    bool& done) {
-    const auto style = styleOf(cell.Record, cell.Column->Tag);
-    Apply(style, form_.font().pointSize(), canvas);
-    if (!style.DrawnByFrame)
-      return;
-    canvas.FillRect();
-    canvas.DrawText(control->GetDisplayValue(cell.Record, cell.Column->Tag), style.DrawFlags);
-    done = true;
-  };
-  connect(view, &TcxGridTableView::CellClick, this,
-          [view, control](const TcxGridColumn* column, Qt::MouseButton button) {
-            // The other buttons are for menus: they must not send an order.
-            if (button == Qt::LeftButton)
-              control->CopyPrice(view->FocusedRecordIndex(), column->Tag);
-          });
+  view->OnCustomDrawCell = std::bind_front(drawCell, this);
+  connect(view, &TcxGridTableView::CellClick, this, click);
   return control;
+}
+
+void TPriceGrids::DrawCell(TcxCanvas& canvas, const TcxCellViewInfo& cell, const TCellStyle& style,
+                           const TPriceControl* control, bool& done) const {
+  Apply(style, form_.font().pointSize(), canvas);
+  if (!style.DrawnByFrame)
+    return;
+  canvas.FillRect();
+  canvas.DrawText(control->GetDisplayValue(cell.Record, cell.Column->Tag), style.DrawFlags);
+  done = true;
+}
+
+void TPriceGrids::PriceGridViewCustomDrawCell(TcxCanvas& canvas, const TcxCellViewInfo& cell,
+                                              bool& done) {
+  const auto style =
+      DepthCellStyle(price_, colours_, highlight_.Colours(), cell.Record, cell.Column->Tag);
+  DrawCell(canvas, cell, style, price_, done);
+}
+
+void TPriceGrids::PerclickPriceGridViewCustomDrawCell(TcxCanvas& canvas,
+                                                      const TcxCellViewInfo& cell, bool& done) {
+  const auto style = PerclickPriceCellStyle(true, colours_, cell.Record, cell.Column->Tag);
+  DrawCell(canvas, cell, style, perclickPrice_, done);
+}
+
+void TPriceGrids::PerclickInfoGridViewCustomDrawCell(TcxCanvas& canvas, const TcxCellViewInfo& cell,
+                                                     bool& done) {
+  DrawCell(canvas, cell, PerclickInfoCellStyle(true, colours_, cell.Record), perclickInfo_, done);
+}
+
+void TPriceGrids::PerclickInfoGridViewGetCellHeight(int row, int& height) const {
+  height = PerclickInfoRowHeight(row, form_.PerclickInfoGridView->DataRowHeight());
+}
+
+void TPriceGrids::PriceGridViewCellClick(const TcxGridColumn* column, Qt::MouseButton button) {
+  CopyClicked(*form_.PriceGridView, *price_, column, button);
+}
+
+void TPriceGrids::PerclickPriceGridViewCellClick(const TcxGridColumn* column,
+                                                 Qt::MouseButton button) {
+  CopyClicked(*form_.PerclickPriceGridView, *perclickPrice_, column, button);
+}
+
+void TPriceGrids::PerclickInfoGridViewCellClick(const TcxGridColumn* column,
+                                                Qt::MouseButton button) {
+  CopyClicked(*form_.PerclickInfoGridView, *perclickInfo_, column, button);
 }
 
 void TPriceGrids::CreateColumns(const TViewMeasures& measures) {

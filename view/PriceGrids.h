@@ -42,12 +42,35 @@ public:
   void RefreshPrice() { perclickPrice_->RefreshPrice(); }
 
 private:
-  template <typename TControl, typename TStyleOf>
-  TControl* Join(Platform::TcxGridTableView* view, System::TObject* owner, TStyleOf styleOf);
+  using TDrawCell = void (TPriceGrids::*)(Platform::TcxCanvas& canvas,
+                                          const Platform::TcxCellViewInfo& cell, bool& done);
+  using TCellClick = void (TPriceGrids::*)(const Platform::TcxGridColumn* column,
+                                           Qt::MouseButton button);
+
+  template <typename TControl> TControl* Join(Platform::TcxGridTableView* view,
+                                              System::TObject* owner, TDrawCell drawCell,
+                                              TCellClick click);
   void JoinPerclick(System::TObject* owner);
   void StartRefreshTimer();
+  void DrawCell(Platform::TcxCanvas& canvas, const Platform::TcxCellViewInfo& cell,
+                const TCellStyle& style, const TPriceControl* control, bool& done) const;
+
+  // Events of the depth control and of the grids.
+  void HandleRefresh(System::TObject*) { refreshPending_ = true; }
+  void PriceGridViewCustomDrawCell(Platform::TcxCanvas& canvas,
+                                   const Platform::TcxCellViewInfo& cell, bool& done);
+  void PerclickPriceGridViewCustomDrawCell(Platform::TcxCanvas& canvas,
+                                           const Platform::TcxCellViewInfo& cell, bool& done);
+  void PerclickInfoGridViewCustomDrawCell(Platform::TcxCanvas& canvas,
+                                          const Platform::TcxCellViewInfo& cell, bool& done);
+  void PerclickInfoGridViewGetCellHeight(int row, int& height) const;
+  void PriceGridViewCellClick(const Platform::TcxGridColumn* column, Qt::MouseButton button);
+  void PerclickPriceGridViewCellClick(const Platform::TcxGridColumn* column,
+                                      Qt::MouseButton button);
+  void PerclickInfoGridViewCellClick(const Platform::TcxGridColumn* column, Qt::MouseButton button);
 
   TQuorPriceForm& form_;
+  const TBrokerHighlight& highlight_;
   TColourTable colours_{};
   Platform::TTimer timer_;
   bool refreshPending_ = false;
@@ -55,6 +78,7 @@ private:
   std::vector<TPriceControl*> controls_; ///< the sources'
   TPriceControl* price_ = nullptr;
   TPerclickPriceControl* perclickPrice_ = nullptr; ///< unless the quotes come per click
+  TPriceControl* perclickInfo_ = nullptr;          ///< as well
 };
 
 } // namespace Quorpriceview

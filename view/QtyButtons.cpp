@@ -28,7 +28,7 @@ int QuantityOfCaption(std::string_view caption) {
                           multiplier);
 }
 
-bool SetQtyButtonCaptions(TQuorPriceForm& form) {
+bool SetQtyButtonCaption(TQuorPriceForm& form) {
   auto* config = Baseconfigmanager::TCustomConfigManager::GetInstance();
   bool found = false;
   int number = 0;

@@ -13,6 +13,6 @@ int QuantityOfCaption(std::string_view caption);
 
 /// Gives the quantity buttons the captions that are configured; false when none is. A button
 /// without one stays blank.
-bool SetQtyButtonCaptions(TQuorPriceForm& form);
+bool SetQtyButtonCaption(TQuorPriceForm& form);
 
 } // namespace Quorpriceview

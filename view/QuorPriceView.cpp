@@ -48,7 +48,7 @@ TQuorPriceFrame::~TQuorPriceFrame() {
 
 void TQuorPriceFrame::CreateCaptionButtons() {
   state_.HasQueueButton = FeedType() == Constdef::FeedType_Streaming;
-  state_.HasQtyButtons = SetQtyButtonCaptions(*this);
+  state_.HasQtyButtons = SetQtyButtonCaption(*this);
   lgBtn->SetVisibleFlag(state_.HasQtyButtons);
   if (IsPerclickFeed())
     captionButtons_.Add(TCaptionKind::Refresh, On(&TFrame::btnRefreshClick));

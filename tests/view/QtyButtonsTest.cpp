@@ -40,23 +40,23 @@ protected:
 TEST_F(TQtyButtonsTest, EachButtonHasItsOwnKey) {
   for (int i = 0; i <= 11; ++i)
     Configure(("Btn" + std::to_string(i)).c_str(), (std::to_string(i) + "K").c_str());
-  EXPECT_TRUE(SetQtyButtonCaptions(form));
+  EXPECT_TRUE(SetQtyButtonCaption(form));
   EXPECT_EQ(Captions(), "1K;2K;3K;4K;5K;6K;7K;8K;9K;10K;");
 }
 
 TEST_F(TQtyButtonsTest, OneCaptionIsEnoughAndTheOthersStayBlank) {
-  EXPECT_FALSE(SetQtyButtonCaptions(form));
+  EXPECT_FALSE(SetQtyButtonCaption(form));
   EXPECT_EQ(Captions(), ";;;;;;;;;;");
   Configure("Btn11", "2K");
-  EXPECT_FALSE(SetQtyButtonCaptions(form));
+  EXPECT_FALSE(SetQtyButtonCaption(form));
   Configure("Btn7", "1,000");
-  EXPECT_TRUE(SetQtyButtonCaptions(form));
+  EXPECT_TRUE(SetQtyButtonCaption(form));
   EXPECT_EQ(Captions(), ";;;;;;1,000;;;;");
 }
 
 TEST_F(TQtyButtonsTest, AnAmpersandIsNoKey) {
   Configure("Btn1", "R&D");
-  SetQtyButtonCaptions(form);
+  SetQtyButtonCaption(form);
   EXPECT_EQ(form.btnQty[0]->text(), "R&&D");
   EXPECT_TRUE(form.btnQty[0]->shortcut().isEmpty());
 }
