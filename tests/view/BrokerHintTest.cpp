@@ -1,6 +1,7 @@
 // The broker hint, told where the mouse is.
 
 #include "view/BrokerHint.h"
+#include "host/RecordFields.h"
 #include "view/FormFixture.h"
 
 #include "host/view/GridDataSource.h"
@@ -8,6 +9,8 @@
 using namespace Quorpriceview;
 
 namespace {
+
+namespace Field = Host::Field;
 
 /// A grid that shows the price, the first two queue columns of the bid side and the first of the
 /// ask side, each 40 wide, with rows 20 high.
@@ -17,7 +20,7 @@ protected:
     for (const auto& [id, name] :
          {std::pair{"0001", "First"}, {"0002", "Second"}, {"0013", "Thirteenth"}})
       host.market.SetBroker(id, name);
-    Record().Set(120, "1,2,3,4,5,6,7,8,9,10,11,12,13").Set(121, "2");
+    Record().Set(Field::BidQueue, "1,2,3,4,5,6,7,8,9,10,11,12,13").Set(Field::AskQueue, "2");
     control.SetSymbol("700");
     for (const int tag : {1, 55, 56, 65})
       form.PriceGridView->CreateColumn(tag, 40, false);

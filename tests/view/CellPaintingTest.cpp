@@ -1,6 +1,7 @@
 // How a cell is painted, decided without a widget.
 
 #include "view/CellPainting.h"
+#include "host/RecordFields.h"
 #include "view/PaintingFixture.h"
 
 using namespace PaintingExpectations;
@@ -11,6 +12,8 @@ using Quorpriceview::PerclickInfoRowHeight;
 using Quorpriceview::PerclickPriceCellStyle;
 
 namespace {
+
+namespace Field = Host::Field;
 
 /// A depth control of a symbol with a full book.
 class TCellPaintingTest : public testing::Test {
@@ -69,7 +72,7 @@ TEST_P(TModeTest, LabelsAndValues) {
 }
 
 TEST_P(TModeTest, TheLastPriceIsBoldWhereverItStands) {
-  host.Record("5").Set({{3, "1"}, {116, "2"}, {117, "1"}});
+  host.Record("5").Set({{Field::Nominal, "1"}, {Field::UpperLimit, "2"}, {Field::LowerLimit, "1"}});
   control.SetSymbol("5");
   ASSERT_EQ(control.GetHeaderLastPriceIndex(), 8);
   for (int row = 0; row < 18; ++row)
@@ -115,7 +118,9 @@ TEST_P(TValidityTest, LabelsTellAnInvalidSymbol) {
   host.config.SetCurrent("ConcealMktDataByExch", "NYSE");
   TCustomQuorMarketDataControl concealing(nullptr);
   concealing.OnFreeTextChange = [](System::TObject*) {};
-  host.Record("700").SetState(GetParam().state).Set(20, GetParam().concealed ? "NYSE" : "HKEX");
+  host.Record("700")
+      .SetState(GetParam().state)
+      .Set(Field::Exchange, GetParam().concealed ? "NYSE" : "HKEX");
   concealing.SetSymbol("700");
   for (int row = 0; row < 13; ++row) {
     const auto style = DepthCellStyle(&concealing, Skin, nullptr, row, LabelColumn);

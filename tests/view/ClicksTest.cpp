@@ -1,5 +1,6 @@
 // Clicks on cells: what reaches order entry, and from which row.
 
+#include "host/RecordFields.h"
 #include "view/PaintingFixture.h"
 
 #include <QMenu>
@@ -10,11 +11,18 @@ using Platform::TcxGrid;
 
 namespace {
 
+namespace Field = Host::Field;
+
 class TClicksTest : public TPaintingTest {
 protected:
   TClicksTest() {
     FillBook(host.Record("700"))
-        .Set({{133, "300"}, {37, "315"}, {32, "299"}, {131, "400"}, {132, "200"}, {24, "100"}});
+        .Set({{Field::Open, "300"},
+              {Field::High, "315"},
+              {Field::Low, "299"},
+              {Field::High52Weeks, "400"},
+              {Field::Low52Weeks, "200"},
+              {Field::BoardLot, "100"}});
   }
 
   void Press(const char* grid, int row, int tag, Qt::MouseButton button = Qt::LeftButton) {
@@ -137,7 +145,7 @@ TEST_F(TClicksTest, TheFocusedRowIsCopiedAndNotTheOneUnderTheMouse) {
 TEST_F(TClicksTest, ABookThatMovesWhileTheButtonIsDownCopiesWhatItHoldsAtTheClick) {
   Show();
   Press("PriceGrid", 6, 16);
-  host.Record("700").Set({{1, "310.8"}, {16, "44"}}).Update();
+  host.Record("700").Set({{Field::BestBid, "310.8"}, {Field::BestBidSize, "44"}}).Update();
   Release("PriceGrid", 6, 16);
   EXPECT_EQ(Cell(6, 1).Text, "310.000") << "the refresh is still to come";
   ExpectOrder(TakeOrders(), {6, 16, 310.8, 44, true});
@@ -145,7 +153,7 @@ TEST_F(TClicksTest, ABookThatMovesWhileTheButtonIsDownCopiesWhatItHoldsAtTheClic
   TickRefresh();
   EXPECT_EQ(Cell(6, 1).Text, "310.800");
   Press("PriceGrid", 9, 1);
-  host.Record("700").Set(81, "310.6").Update();
+  host.Record("700").Set(Field::Bid.Price[1], "310.6").Update();
   TickRefresh();
   EXPECT_EQ(Cell(9, 1).Text, "310.600");
   Release("PriceGrid", 9, 1);

@@ -1,11 +1,14 @@
 // What a view reads again when the host's configuration changes. The scale stands in ScaleTest.
 
+#include "host/RecordFields.h"
 #include "view/PaintingFixture.h"
 
 using namespace Platform;
 using System::clWindow;
 
 namespace {
+
+namespace Field = Host::Field;
 
 // Which symbols it follows.
 
@@ -60,7 +63,7 @@ protected:
   void OpenWithQueue() {
     Open();
     Type("700");
-    host.Record("700").Set(120, "1234,5678").Set(121, "1234").Update();
+    host.Record("700").Set(Field::BidQueue, "1234,5678").Set(Field::AskQueue, "1234").Update();
     TickRefresh();
   }
 
@@ -205,7 +208,7 @@ TEST_F(TBrokerColoursTest, AnotherChangeKeepsTheHighlight) {
   Show();
   host.config.SetCurrent("CopyPriceStyle", "N");
   host.config.Announce();
-  host.Record("700").Set(120, "1234,1234").Update();
+  host.Record("700").Set(Field::BidQueue, "1234,1234").Update();
   TickRefresh();
   EXPECT_TRUE(IsHighlighted(1, 55));
   EXPECT_TRUE(IsHighlighted(2, 55));

@@ -1,6 +1,7 @@
 // Detail pop-ups without a view: what fills them, and every way in which one goes.
 
 #include "view/DetailWindows.h"
+#include "host/RecordFields.h"
 #include "view/FormFixture.h"
 #include "view/QuorDetailView.h"
 
@@ -13,11 +14,13 @@ using namespace Quorpriceview;
 
 namespace {
 
+namespace Field = Host::Field;
+
 class TDetailWindowsTest : public TFormTest {
 protected:
   TDetailWindowsTest() {
-    host.Record("700").Set({{22, "1"}, {18, "2000"}});
-    host.Record("10001").Set(22, "4");
+    host.Record("700").Set({{Field::ProductType, "1"}, {Field::IssueSize, "2000"}});
+    host.Record("10001").Set(Field::ProductType, "4");
   }
 
   QWidget& Open(const char* symbol) {
@@ -45,7 +48,7 @@ TEST_F(TDetailWindowsTest, StocksAndWarrantsHaveDetails) {
                                       {"3", false},
                                       {"4", true},
                                       {"5", false}}) {
-    host.Record(std::string("S") + type).Set(22, type);
+    host.Record(std::string("S") + type).Set(Field::ProductType, type);
     control.SetSymbol(std::string("S") + type);
     EXPECT_EQ(AreDetailsOffered(control), offered) << type;
   }

@@ -1,5 +1,6 @@
 // Detail pop-ups: when the menu offers one, what it shows, and every way in which it goes.
 
+#include "host/RecordFields.h"
 #include "view/ViewFixture.h"
 
 #include <QAction>
@@ -11,6 +12,8 @@
 using Platform::TcxGrid;
 
 namespace {
+
+namespace Field = Host::Field;
 
 using TRows = std::vector<std::pair<std::string, std::string>>;
 
@@ -41,9 +44,16 @@ public:
 class TDetailsTest : public TViewTest {
 protected:
   TDetailsTest() {
-    host.Record("700").Set({{22, "1"}, {3, "310"}, {18, "2000"}, {49, "15.5"}, {102, "2.1"}});
-    host.Record("10001").Set({{22, "4"}, {29, "2030-06-27"}, {27, "300"}, {28, "C"}});
-    host.Record("5").Set(22, "2");
+    host.Record("700").Set({{Field::ProductType, "1"},
+                            {Field::Nominal, "310"},
+                            {Field::IssueSize, "2000"},
+                            {Field::PriceEarnings, "15.5"},
+                            {Field::DividendYield, "2.1"}});
+    host.Record("10001").Set({{Field::ProductType, "4"},
+                              {Field::ExpiryDate, "2030-06-27"},
+                              {Field::StrikePrice, "300"},
+                              {Field::CallPut, "C"}});
+    host.Record("5").Set(Field::ProductType, "2");
   }
 
   void Follow(const char* symbol = "700") {
@@ -96,7 +106,7 @@ struct TOffer {
 class TOfferTest : public TDetailsTest, public testing::WithParamInterface<TOffer> {};
 
 TEST_P(TOfferTest, DependsOnTheProductType) {
-  host.Record("700").Set(22, GetParam().productType);
+  host.Record("700").Set(Field::ProductType, GetParam().productType);
   Follow();
   EXPECT_EQ(Entry().isVisible(), GetParam().offered);
 
@@ -181,7 +191,7 @@ TEST_F(TDetailsTest, TheGridFillsTheWindowWithItsTwoColumns) {
 TEST_F(TDetailsTest, AnUpdateShowsInThePopupAtOnce) {
   Follow();
   const auto& popup = OpenPopup();
-  host.Record("700").Set({{3, "320"}, {49, "16"}}).Update();
+  host.Record("700").Set({{Field::Nominal, "320"}, {Field::PriceEarnings, "16"}}).Update();
   EXPECT_EQ(Rows(popup)[1].second, "700 $640,000");
   EXPECT_EQ(Rows(popup)[2].second, "16");
 }
@@ -248,7 +258,7 @@ TEST_F(TDetailsTest, AClosedPopupGivesBackItsRegistrationsAtOnce) {
   EXPECT_NE(host.Registrations(), before);
   popup.close();
   EXPECT_EQ(host.Registrations(), before);
-  host.Record("10001").Set(103, "1").Update();
+  host.Record("10001").Set(Field::Premium, "1").Update();
   frame->SetLanguage(1);
   EXPECT_EQ(OpenDialogs(), 1) << "the window waits for its own event";
   FreeClosedWindows();
@@ -287,7 +297,7 @@ TEST_F(TDetailsTest, PopupsAndViewsCloseInEveryOrder) {
         views[closing].reset();
       else if (auto* popup = popups[static_cast<std::size_t>(closing - 2)].data())
         popup->close();
-      host.Record("700").Set(49, std::to_string(closing)).Update();
+      host.Record("700").Set(Field::PriceEarnings, std::to_string(closing)).Update();
       if (order[0] % 2 == 0) // half of the orders free a closed window only at the end
         FreeClosedWindows();
     }
@@ -344,7 +354,7 @@ TEST_F(TDetailsTest, AHiddenWindowGoesOnFollowingItsSymbol) {
   host.Record("700").SetState(Constdef::RecordState_None).Update();
   EXPECT_EQ(Rows(popup).size(), 4u) << "rows stay until another symbol";
   popup.hide();
-  host.Record("700").SetState(Constdef::RecordState_Ready).Set(49, "17").Update();
+  host.Record("700").SetState(Constdef::RecordState_Ready).Set(Field::PriceEarnings, "17").Update();
   popup.show();
   EXPECT_EQ(Rows(popup)[2].second, "17");
 }

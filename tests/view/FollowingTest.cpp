@@ -1,6 +1,7 @@
 // Whose symbols a view follows: broadcasts of lists, its linking group, orders in order entry.
 
 #include "host/DataDef.h"
+#include "host/RecordFields.h"
 #include "view/FollowingRules.h"
 #include "view/ViewFixture.h"
 
@@ -9,6 +10,8 @@ using FollowingRules::TRule;
 using Platform::TcxPopupEdit;
 
 namespace {
+
+namespace Field = Host::Field;
 
 class TRuleTest : public TViewTest, public testing::WithParamInterface<TRule> {
 protected:
@@ -153,7 +156,7 @@ TEST_F(TFollowingTest, AnOrderWithoutSymbolDoesNotEmptyTheView) {
 TEST_F(TFollowingTest, AViewDoesNotFollowWhatAnotherCopies) {
   Follow();
   Quorpriceview::TQuorPriceFrame other(nullptr);
-  host.Record("5").Set(1, "60").Update();
+  host.Record("5").Set(Field::BestBid, "60").Update();
   other.SetSymbol("5");
   other.resize(other.GetWidth(), other.GetHeight());
   QTest::qWait(80);

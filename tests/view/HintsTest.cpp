@@ -1,5 +1,6 @@
 // The broker hint that follows the mouse over the queue, and how it goes away.
 
+#include "host/RecordFields.h"
 #include "platform/HintController.h"
 #include "view/PaintingFixture.h"
 
@@ -9,6 +10,8 @@
 using namespace PaintingExpectations;
 
 namespace {
+
+namespace Field = Host::Field;
 
 class THintsTest : public TPaintingTest {
 protected:
@@ -41,7 +44,7 @@ TEST_F(THintsTest, EveryQueueColumnNamesItsBroker) {
   std::string queue = "1"; // and First at the head of each further column
   for (int entry = 1; entry < 48; ++entry)
     queue += entry % 12 == 0 ? ",1234" : ",7";
-  host.Record("700").Set(120, queue).Set(121, queue);
+  host.Record("700").Set(Field::BidQueue, queue).Set(Field::AskQueue, queue);
   Show();
   for (const int column : QueueColumns) {
     MoveTo(2, column);
@@ -192,7 +195,7 @@ TEST_F(THintsTest, WhereNamesAreShownTheHintIsTheId) {
 }
 
 TEST_F(THintsTest, AnotherSymbolForgetsTheLastRow) {
-  host.Record("5").Set(120, "5678");
+  host.Record("5").Set(Field::BidQueue, "5678");
   Show();
   MoveTo(1, 55);
   Tick(10);
@@ -209,7 +212,7 @@ TEST_F(THintsTest, TheQueueOfTheMomentIsNamedAlsoBeforeTheRefresh) {
   frameInterval = 2000; // long enough for a busy machine to come before the refresh
   host.config.SetCurrent("QuorPriceUpdateInterval", std::to_string(frameInterval).c_str());
   Show();
-  host.Record("700").Set(120, "5678").Update();
+  host.Record("700").Set(Field::BidQueue, "5678").Update();
   MoveTo(1, 55);
   EXPECT_EQ(Cell(1, 55).Text, "1234");
   EXPECT_EQ(Hint(), "Fifth");

@@ -1,5 +1,6 @@
 // The texts of a view, its caption, and a change of language.
 
+#include "host/RecordFields.h"
 #include "view/ViewFixture.h"
 
 #include <QComboBox>
@@ -7,6 +8,8 @@
 using namespace Platform;
 
 namespace {
+
+namespace Field = Host::Field;
 
 class TLanguageTest : public TViewTest {
 protected:
@@ -18,7 +21,7 @@ protected:
 
   QWidget* OpenDetail(const char* symbol, const char* productType) {
     Type(symbol);
-    host.Record(symbol).Set(22, productType).Update();
+    host.Record(symbol).Set(Field::ProductType, productType).Update();
     Find<QAction>("mDetail").trigger();
     return host.viewHost.dialogs.back();
   }
@@ -92,12 +95,12 @@ INSTANTIATE_TEST_SUITE_P(View, TTextTest, testing::ValuesIn(Texts),
 TEST_F(TLanguageTest, TheWarrantBoxOfAWarrantListsWhatIsLinked) {
   Open();
   Type("10001");
-  host.Record("10001").Set(22, "4").Update();
+  host.Record("10001").Set(Field::ProductType, "4").Update();
   Translate({"Res_Linked", "Res_ProdType_Warrant"});
   frame->SetLanguage(2);
   EXPECT_EQ(Find<QComboBox>("cmbWarrant").placeholderText(), "new Res_Linked");
   Type("700");
-  host.Record("700").Set(22, "1").Update();
+  host.Record("700").Set(Field::ProductType, "1").Update();
   frame->SetLanguage(2);
   EXPECT_EQ(Find<QComboBox>("cmbWarrant").placeholderText(), "new Res_ProdType_Warrant");
 }
@@ -127,7 +130,7 @@ TEST_F(TLanguageTest, CaptionButtonsFollowAndTheHostSavesTheLayout) {
 TEST_F(TLanguageTest, TheDepthGridIsRepaintedWithItsLabels) {
   Open();
   Type("700");
-  host.Record("700").Set(1, "318.2").Update();
+  host.Record("700").Set(Field::BestBid, "318.2").Update();
   TickRefresh();
   EXPECT_EQ(CellText(0, 55), "Res_QuorPrice_Buy");
   EXPECT_EQ(CellText(1, 21), "Res_HighPrice");
@@ -140,7 +143,7 @@ TEST_F(TLanguageTest, TheDepthGridIsRepaintedWithItsLabels) {
 TEST_F(TLanguageTest, TheMessagePanelsFollow) {
   Open();
   Type("700");
-  host.Record("700").Set({{3506, "1"}, {3507, "318.2"}}).Update();
+  host.Record("700").Set({{Field::PosMarker, "1"}, {Field::PosReferencePrice, "318.2"}}).Update();
   EXPECT_EQ(Find<TdxLayoutItem>("liPOSCaption").Caption(), "Res_POS:");
   Translate({"Res_POS"});
   frame->SetLanguage(1);
@@ -151,7 +154,7 @@ TEST_F(TLanguageTest, ThePerClickLineFollows) {
   host.SetFeedType(Constdef::FeedType_PerClick);
   Open();
   Type("700");
-  host.Record("700").Set(33, "10:15:30").Update();
+  host.Record("700").Set(Field::UpdateTime, "10:15:30").Update();
   EXPECT_EQ(Find<TcxLabel>("lblUpdateTime").text(), "Res_UpdateTime: 10:15:30");
   Translate({"Res_UpdateTime"});
   frame->SetLanguage(1);

@@ -1,5 +1,6 @@
 // What a view registers and undoes, its timer, symbol box, linking group and host messages.
 
+#include "host/RecordFields.h"
 #include "view/ViewFixture.h"
 
 #include <QApplication>
@@ -9,6 +10,8 @@
 using namespace Platform;
 
 namespace {
+
+namespace Field = Host::Field;
 
 using TLifecycleTest = TViewTest;
 using Fakes::TFakeClientOrder;
@@ -85,7 +88,7 @@ TEST_F(TLifecycleTest, TheIntervalIsReadOnceWhenTheViewIsMade) {
   host.config.SetCurrent("QuorPriceUpdateInterval", "60000");
   host.config.Announce();
   Type("700");
-  host.Record("700").Set(1, "318.2").Update();
+  host.Record("700").Set(Field::BestBid, "318.2").Update();
   EXPECT_TRUE(QTest::qWaitFor([&] { return CellText(6, 1) == "318.200"; })) << CellText(6, 1);
 }
 
@@ -102,7 +105,7 @@ TEST_F(TLifecycleTest, ManyUpdatesRefreshTheGridOncePerTick) {
     draw(canvas, cell, done);
   };
   for (int i = 0; i < 100; ++i)
-    host.Record("700").Set(1, std::to_string(300 + i)).Update();
+    host.Record("700").Set(Field::BestBid, std::to_string(300 + i)).Update();
   EXPECT_EQ(described, 0);
   TickRefresh();
   EXPECT_EQ(described, 1);
@@ -171,7 +174,7 @@ TEST_F(TLifecycleTest, AGroupIsJoinedAndLeft) {
 
 TEST_F(TLifecycleTest, ASymbolIsToldBeforeThePanelsThatItTakesAway) {
   Open();
-  host.Record("700").Set(200, "Trading halted");
+  host.Record("700").Set(Field::FirstMessage, "Trading halted");
   Type("700");
   host.viewHost.TakeNotifications();
   Type("5");
@@ -191,7 +194,7 @@ TEST_P(TPerclickGroupTest, ItsCopiedOrdersCarryTheGroup) {
   host.SetFeedType(Constdef::FeedType_PerClick);
   Open();
   Type("700");
-  host.Record("700").Set({{1, "318.2"}, {133, "316.4"}}).Update();
+  host.Record("700").Set({{Field::BestBid, "318.2"}, {Field::Open, "316.4"}}).Update();
   frame->SetGroupID("A");
   frame->resize(frame->GetWidth(), frame->GetHeight());
   frame->show();
@@ -208,7 +211,7 @@ INSTANTIATE_TEST_SUITE_P(Grids, TPerclickGroupTest,
 TEST_F(TLifecycleTest, CopiedOrdersCarryTheGroup) {
   Open();
   Type("700");
-  host.Record("700").Set(1, "318.2").Update();
+  host.Record("700").Set(Field::BestBid, "318.2").Update();
   TickRefresh();
   frame->SetGroupID("A");
   frame->resize(frame->GetWidth(), frame->GetHeight());
@@ -251,7 +254,7 @@ TEST_F(TLifecycleTest, ManyViewsOpenAndCloseInAnyOrder) {
   EXPECT_EQ(host.subscriptions.SubscriptionCount("700"), 5);
   for (const std::size_t closing : {2u, 0u, 4u, 1u, 3u}) {
     views[closing].reset();
-    host.Record("700").Set(1, "1").Update();
+    host.Record("700").Set(Field::BestBid, "1").Update();
   }
   EXPECT_EQ(host.Registrations(), before);
 }

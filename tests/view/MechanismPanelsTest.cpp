@@ -1,6 +1,7 @@
 // The message line, the panels of the market mechanisms and their markers, filled from a control.
 
 #include "view/MechanismPanels.h"
+#include "host/RecordFields.h"
 #include "view/FormFixture.h"
 
 using namespace Quorpriceview;
@@ -8,18 +9,24 @@ using Platform::TcxLabel;
 
 namespace {
 
+namespace Field = Host::Field;
+
 constexpr System::TColor VcmColour = 0x0000AA, CasColour = 0x00BB00, PosColour = 0xCC0000;
 
 using TFields = std::vector<std::pair<int, std::string>>;
 using TTexts = std::vector<std::string>;
 
-const TFields Vcm = {{3500, "1"},  {3501, "10:00"}, {3502, "10:05"},
-                     {3503, "50"}, {3504, "45"},    {3505, "55"}};
-const TFields Cas = {{3510, "1"},  {3511, "60"}, {3512, "54"},
-                     {3513, "66"}, {3514, "2"},  {3515, "7000"}};
-const TFields Pos = {{3506, "1"},  {3507, "70"}, {3508, "63"}, {3509, "77"},
-                     {3551, "64"}, {3552, "76"}, {3514, "3"},  {3515, "900"}};
-const TFields Message = {{200, "Left"}, {201, "Right"}};
+const TFields Vcm = {{Field::VcmMarker, "1"},      {Field::VcmStartTime, "10:00"},
+                     {Field::VcmEndTime, "10:05"}, {Field::VcmReferencePrice, "50"},
+                     {Field::VcmLowerPrice, "45"}, {Field::VcmUpperPrice, "55"}};
+const TFields Cas = {{Field::CasMarker, "1"},          {Field::CasReferencePrice, "60"},
+                     {Field::CasLowerPrice, "54"},     {Field::CasUpperPrice, "66"},
+                     {Field::ImbalanceDirection, "2"}, {Field::ImbalanceQuantity, "7000"}};
+const TFields Pos = {{Field::PosMarker, "1"},          {Field::PosReferencePrice, "70"},
+                     {Field::PosLowerPrice, "63"},     {Field::PosUpperPrice, "77"},
+                     {Field::PosSellLowerLimit, "64"}, {Field::PosBuyUpperLimit, "76"},
+                     {Field::ImbalanceDirection, "3"}, {Field::ImbalanceQuantity, "900"}};
+const TFields Message = {{Field::FirstMessage, "Left"}, {Field::SecondMessage, "Right"}};
 
 class TMechanismPanelsTest : public TFormTest {
 protected:
@@ -72,9 +79,9 @@ TEST_F(TMechanismPanelsTest, TheClosingAuctionWinsOverVolatilityControl) {
   EXPECT_EQ(form.liVCMCAS->Caption(), "Res_CAS:");
   EXPECT_EQ(form.lblVCMCASColor->Color(), CasColour);
   EXPECT_EQ(VcmCasTexts(), auction);
-  EXPECT_FALSE(Update({{3500, "0"}}));
+  EXPECT_FALSE(Update({{Field::VcmMarker, "0"}}));
   EXPECT_EQ(VcmCasTexts(), auction);
-  EXPECT_TRUE(Update({{3510, "0"}}));
+  EXPECT_TRUE(Update({{Field::CasMarker, "0"}}));
   EXPECT_EQ(Panels(), (std::vector{false, false, false}));
 }
 
@@ -93,21 +100,21 @@ TEST_F(TMechanismPanelsTest, PreOpeningSession) {
 }
 
 TEST_F(TMechanismPanelsTest, AMarkerAloneChangesNoHeight) {
-  EXPECT_FALSE(Update({{3500, "1"}}));
-  EXPECT_FALSE(Update({{3510, "1"}}));
+  EXPECT_FALSE(Update({{Field::VcmMarker, "1"}}));
+  EXPECT_FALSE(Update({{Field::CasMarker, "1"}}));
   EXPECT_EQ(Markers(), (std::vector{true, true, false}));
   EXPECT_EQ(Panels(), (std::vector{false, false, false}));
 }
 
 TEST_F(TMechanismPanelsTest, TheMessageLineShowsWhenEitherTextIsThere) {
-  EXPECT_TRUE(Update({{201, "Right"}}));
+  EXPECT_TRUE(Update({{Field::SecondMessage, "Right"}}));
   EXPECT_EQ(Panels(), (std::vector{true, false, false}));
   EXPECT_EQ(Text(form.lblLeftText), "");
   EXPECT_EQ(Text(form.lblRightText), "Right");
-  EXPECT_FALSE(Update({{200, "Left"}}));
+  EXPECT_FALSE(Update({{Field::FirstMessage, "Left"}}));
   EXPECT_EQ(Text(form.lblLeftText), "Left");
-  EXPECT_FALSE(Update({{201, ""}}));
-  EXPECT_TRUE(Update({{200, ""}}));
+  EXPECT_FALSE(Update({{Field::SecondMessage, ""}}));
+  EXPECT_TRUE(Update({{Field::FirstMessage, ""}}));
   EXPECT_EQ(Panels(), (std::vector{false, false, false}));
 }
 

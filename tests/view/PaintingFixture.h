@@ -162,7 +162,8 @@ inline Fakes::TFakeRecord& FillBook(Fakes::TFakeRecord& record) {
     record.Set(bidSizes[level], std::to_string(1000 + level));
     record.Set(askSizes[level], std::to_string(2000 + level));
   }
-  return record.Set({{3, "310.5"}, {31, "309"}, {120, BidQueue}, {121, AskQueue}});
+  return record.Set(
+      {{Field::Nominal, "310.5"}, {Field::PreviousClose, "309"}, {120, BidQueue}, {121, AskQueue}});
 }
 
 } // namespace PaintingExpectations

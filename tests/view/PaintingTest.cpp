@@ -1,5 +1,6 @@
 // The cells as the live grids show them.
 
+#include "host/RecordFields.h"
 #include "platform/LookAndFeel.h"
 #include "view/PaintingFixture.h"
 
@@ -7,6 +8,8 @@ using namespace PaintingExpectations;
 using Platform::TCellDescription;
 
 namespace {
+
+namespace Field = Host::Field;
 
 /// Adds what a grid shows of its own to what the frame decides.
 class TLiveTest : public TPaintingTest {
@@ -66,7 +69,11 @@ INSTANTIATE_TEST_SUITE_P(Modes, TLiveModeTest, testing::ValuesIn(Modes));
 
 TEST_F(TLiveTest, EveryCellOfThePerclickGridsAgrees) {
   host.SetFeedType(Constdef::FeedType_PerClick);
-  FillBook(host.Record("700")).Set({{133, "300"}, {17, "5000"}, {23, "HKD"}, {24, "100"}});
+  FillBook(host.Record("700"))
+      .Set({{Field::Open, "300"},
+            {Field::Volume, "5000"},
+            {Field::Currency, "HKD"},
+            {Field::BoardLot, "100"}});
   Show();
 
   TPerclickQuorMarketDataControl price(nullptr);
@@ -192,7 +199,8 @@ std::pair<int, int> Ink(const QImage& cell, QRgb fill) {
 }
 
 TEST_F(TLiveTest, OnTheScreenTheBestPriceStandsAtTheLeftAndTheQuantityInTheMiddle) {
-  FillBook(host.Record("700")).Set({{1, "1"}, {81, "1"}, {16, "1"}});
+  FillBook(host.Record("700"))
+      .Set({{Field::BestBid, "1"}, {Field::Bid.Price[1], "1"}, {Field::BestBidSize, "1"}});
   Show();
   const auto picture = Grid("PriceGrid").grab().toImage();
   const auto inkOf = [&](int row, int column, System::TColor fill) {
@@ -235,8 +243,13 @@ TEST_F(TLiveTest, AChangedNumberOfRowsAsksTheHostForTheSize) {
   Show();
   const int height = frame->GetHeight();
   host.viewHost.notifications.clear();
-  host.Record("5").Set(
-      {{116, "2"}, {117, "1"}, {118, "x"}, {131, "3"}, {132, "1"}, {133, "2"}, {3, "1"}});
+  host.Record("5").Set({{Field::UpperLimit, "2"},
+                        {Field::LowerLimit, "1"},
+                        {Field::AccruedInterest, "x"},
+                        {Field::High52Weeks, "3"},
+                        {Field::Low52Weeks, "1"},
+                        {Field::Open, "2"},
+                        {Field::Nominal, "1"}});
   frame->SetSymbol("5");
   TickRefresh();
   EXPECT_EQ(host.viewHost.TakeNotifications(), (std::vector{1025, 1024}));

@@ -1,5 +1,6 @@
 // The message line, the panels of the market mechanisms and their markers.
 
+#include "host/RecordFields.h"
 #include "view/ViewFixture.h"
 
 using Platform::TcxLabel;
@@ -7,16 +8,22 @@ using Platform::TdxLayoutItem;
 
 namespace {
 
+namespace Field = Host::Field;
+
 constexpr System::TColor VcmColour = 0x0000AA, CasColour = 0x00BB00, PosColour = 0xCC0000;
 
 using TFields = std::vector<std::pair<int, std::string>>;
 
-const TFields Vcm = {{3500, "1"},  {3501, "10:00"}, {3502, "10:05"},
-                     {3503, "50"}, {3504, "45"},    {3505, "55"}};
-const TFields Cas = {{3510, "1"},  {3511, "60"}, {3512, "54"},
-                     {3513, "66"}, {3514, "2"},  {3515, "7000"}};
-const TFields Pos = {{3506, "1"},  {3507, "70"}, {3508, "63"}, {3509, "77"},
-                     {3551, "64"}, {3552, "76"}, {3514, "3"},  {3515, "900"}};
+const TFields Vcm = {{Field::VcmMarker, "1"},      {Field::VcmStartTime, "10:00"},
+                     {Field::VcmEndTime, "10:05"}, {Field::VcmReferencePrice, "50"},
+                     {Field::VcmLowerPrice, "45"}, {Field::VcmUpperPrice, "55"}};
+const TFields Cas = {{Field::CasMarker, "1"},          {Field::CasReferencePrice, "60"},
+                     {Field::CasLowerPrice, "54"},     {Field::CasUpperPrice, "66"},
+                     {Field::ImbalanceDirection, "2"}, {Field::ImbalanceQuantity, "7000"}};
+const TFields Pos = {{Field::PosMarker, "1"},          {Field::PosReferencePrice, "70"},
+                     {Field::PosLowerPrice, "63"},     {Field::PosUpperPrice, "77"},
+                     {Field::PosSellLowerLimit, "64"}, {Field::PosBuyUpperLimit, "76"},
+                     {Field::ImbalanceDirection, "3"}, {Field::ImbalanceQuantity, "900"}};
 
 class TPanelsTest : public TViewTest {
 protected:
@@ -98,10 +105,16 @@ TEST_P(TShownTest, ExactlyTheirPanelsAndMarkers) {
 }
 
 const TShown Shown[] = {
-    {"Nothing", {{{3, "1"}}}, false, false, false, false, false},
-    {"VcmMarkerOnly", {{{3500, "1"}}}, false, false, true, false, false},
-    {"CasMarkerOnly", {{{3510, "1"}}}, false, false, false, true, false},
-    {"AllMarkersOff", {{{3500, "0"}, {3510, "0"}, {3506, "0"}}}, false, false, false, false, false},
+    {"Nothing", {{{Field::Nominal, "1"}}}, false, false, false, false, false},
+    {"VcmMarkerOnly", {{{Field::VcmMarker, "1"}}}, false, false, true, false, false},
+    {"CasMarkerOnly", {{{Field::CasMarker, "1"}}}, false, false, false, true, false},
+    {"AllMarkersOff",
+     {{{Field::VcmMarker, "0"}, {Field::CasMarker, "0"}, {Field::PosMarker, "0"}}},
+     false,
+     false,
+     false,
+     false,
+     false},
     {"Vcm", {Vcm}, true, false, true, false, false},
     {"Cas", {Cas}, true, false, false, true, false},
     {"Pos", {Pos}, false, true, false, false, true},
@@ -148,7 +161,7 @@ TEST_F(TPanelsTest, TheClosingAuctionWinsOverVolatilityControl) {
   EXPECT_EQ(Colour("lblVCMCASColor"), CasColour);
   EXPECT_EQ(VcmCasTexts(), CasTexts);
 
-  Update({{3510, "0"}});
+  Update({{Field::CasMarker, "0"}});
   EXPECT_EQ(Caption("liVCMCAS"), "Res_VCM:") << "the other one alone again";
   EXPECT_EQ(Colour("lblVCMCASColor"), VcmColour);
   EXPECT_EQ(VcmCasTexts(), VcmTexts);
@@ -158,7 +171,7 @@ TEST_F(TPanelsTest, APanelThatGoesLeavesNoTexts) {
   Follow();
   Update(Vcm);
   Update(Pos);
-  Update({{3500, "0"}, {3506, "0"}});
+  Update({{Field::VcmMarker, "0"}, {Field::PosMarker, "0"}});
   EXPECT_FALSE(IsShown("lgVCMCAS"));
   EXPECT_FALSE(IsShown("lgPOS"));
   EXPECT_EQ(VcmCasTexts(), TTexts(4));
@@ -170,21 +183,21 @@ TEST_F(TPanelsTest, OnlyAChangeOfVisibilityAsksForTheSize) {
   const std::vector sized{Constdef::Notify_SizeChanged};
   const std::vector<int> nothing;
   const std::pair<TFields, std::vector<int>> steps[] = {
-      {{{3500, "1"}}, nothing},          // a marker alone
-      {Vcm, sized},                      // its panel
-      {{{3505, "56"}}, nothing},         // a text
-      {Cas, nothing},                    // the same panel for the other mechanism
-      {{{3500, "0"}}, nothing},          // which stays
-      {{{3510, "0"}}, sized},            // and goes
-      {{{3510, "0"}}, nothing},          // nothing changed
-      {Pos, sized},                      //
-      {{{3507, "71"}}, nothing},         //
-      {{{200, "Suspended"}}, sized},     // the message line
-      {{{200, "Resumed"}}, nothing},     //
-      {{{201, "Ex-dividend"}}, nothing}, //
-      {{{200, ""}}, nothing},            // the right text is left
-      {{{201, ""}}, sized},              //
-      {{{3506, "0"}}, sized},            //
+      {{{Field::VcmMarker, "1"}}, nothing},               // a marker alone
+      {Vcm, sized},                                       // its panel
+      {{{Field::VcmUpperPrice, "56"}}, nothing},          // a text
+      {Cas, nothing},                                     // the same panel for the other mechanism
+      {{{Field::VcmMarker, "0"}}, nothing},               // which stays
+      {{{Field::CasMarker, "0"}}, sized},                 // and goes
+      {{{Field::CasMarker, "0"}}, nothing},               // nothing changed
+      {Pos, sized},                                       //
+      {{{Field::PosReferencePrice, "71"}}, nothing},      //
+      {{{Field::FirstMessage, "Suspended"}}, sized},      // the message line
+      {{{Field::FirstMessage, "Resumed"}}, nothing},      //
+      {{{Field::SecondMessage, "Ex-dividend"}}, nothing}, //
+      {{{Field::FirstMessage, ""}}, nothing},             // the right text is left
+      {{{Field::SecondMessage, ""}}, sized},              //
+      {{{Field::PosMarker, "0"}}, sized},                 //
   };
   for (const auto& [fields, notified] : steps) {
     Update(fields);
@@ -197,16 +210,16 @@ TEST_F(TPanelsTest, VolatilityControlThatEndsAloneAsksForTheSizeOnce) {
   Follow();
   Update(Vcm);
   host.viewHost.TakeNotifications();
-  Update({{3500, "0"}});
+  Update({{Field::VcmMarker, "0"}});
   EXPECT_FALSE(IsShown("lgVCMCAS"));
   EXPECT_EQ(host.viewHost.TakeNotifications(), std::vector{Constdef::Notify_SizeChanged});
-  Update({{3500, "0"}});
+  Update({{Field::VcmMarker, "0"}});
   EXPECT_TRUE(host.viewHost.TakeNotifications().empty());
 }
 
 TEST_F(TPanelsTest, SeveralPartsAtOnceAskOnce) {
   Follow();
-  for (const auto& fields : {Vcm, Pos, TFields{{200, "Suspended"}}})
+  for (const auto& fields : {Vcm, Pos, TFields{{Field::FirstMessage, "Suspended"}}})
     Set(fields);
   Record().Update();
   EXPECT_EQ(host.viewHost.TakeNotifications(), std::vector{Constdef::Notify_SizeChanged});
@@ -237,7 +250,7 @@ class TFeedTest : public TPanelsTest, public testing::WithParamInterface<std::op
 TEST_P(TFeedTest, OnlyDelayedQuotesHideTheMessageLine) {
   host.SetFeedType(GetParam());
   Follow();
-  Update({{200, "Left"}, {201, "Right"}});
+  Update({{Field::FirstMessage, "Left"}, {Field::SecondMessage, "Right"}});
   const bool delayed = GetParam() == 3;
   EXPECT_EQ(IsShown("lgInfo"), !delayed);
   EXPECT_EQ(IsShown("liDelay"), delayed);
@@ -250,10 +263,10 @@ INSTANTIATE_TEST_SUITE_P(FeedTypes, TFeedTest, testing::Values(std::nullopt, 0, 
 
 TEST_F(TPanelsTest, TheFeedTypeIsThatOfTheMoment) {
   Follow();
-  Update({{200, "Left"}});
+  Update({{Field::FirstMessage, "Left"}});
   EXPECT_TRUE(IsShown("lgInfo"));
   host.SetFeedType(Constdef::FeedType_Delayed);
-  Update({{200, "Other"}});
+  Update({{Field::FirstMessage, "Other"}});
   EXPECT_FALSE(IsShown("lgInfo"));
 }
 
@@ -264,13 +277,14 @@ TEST_F(TPanelsTest, ARejectedAndAConcealedSymbolSayWhy) {
   EXPECT_EQ(Text("lblLeftText"), "Unknown symbol");
   EXPECT_TRUE(IsShown("lgInfo"));
   Record().SetState(Constdef::RecordState_Ready);
-  Update({{20, "NYSE"}});
+  Update({{Field::Exchange, "NYSE"}});
   EXPECT_EQ(Text("lblLeftText"), "Res_InvalidSymbol");
 }
 
 TEST_F(TPanelsTest, AnotherSymbolTakesThePanelsAway) {
   Follow();
-  for (const auto& fields : {Vcm, Cas, Pos, TFields{{200, "Left"}, {201, "Right"}}})
+  for (const auto& fields :
+       {Vcm, Cas, Pos, TFields{{Field::FirstMessage, "Left"}, {Field::SecondMessage, "Right"}}})
     Update(fields);
   host.viewHost.notifications.clear();
   frame->SetSymbol("5");
@@ -328,7 +342,7 @@ TEST_F(TPanelsTest, SwatchesTakeTheSkinOfTheUpdate) {
   host.lookAndFeel.namedColours["coVCMBgColor"] = 0x123456;
   frame->SetSkin({});
   EXPECT_EQ(Colour("lblVCMCASColor"), VcmColour);
-  Update({{3505, "56"}});
+  Update({{Field::VcmUpperPrice, "56"}});
   EXPECT_EQ(Colour("lblVCMCASColor"), 0x123456u);
 }
 

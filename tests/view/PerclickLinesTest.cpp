@@ -1,10 +1,13 @@
 // The last price, change and update time of the per-click form, and asking for a quote.
 
+#include "host/RecordFields.h"
 #include "view/ViewFixture.h"
 
 using Platform::TcxLabel;
 
 namespace {
+
+namespace Field = Host::Field;
 
 class TPerclickLinesTest : public TViewTest {
 protected:
@@ -25,7 +28,12 @@ protected:
 
 TEST_F(TPerclickLinesTest, ShowPriceChangeAndTimeOfTheSnapshot) {
   Follow();
-  host.Record("700").Set({{3, "318.2"}, {48, "+1.2"}, {130, "0.38"}, {33, "09:30:01"}}).Update();
+  host.Record("700")
+      .Set({{Field::Nominal, "318.2"},
+            {Field::Change, "+1.2"},
+            {Field::ChangePercent, "0.38"},
+            {Field::UpdateTime, "09:30:01"}})
+      .Update();
   EXPECT_EQ(Text("lblLast"), "318.200");
   EXPECT_EQ(Text("lblChange"), "chg(+1.2)   chg%(0.38)");
   EXPECT_EQ(Text("lblUpdateTime"), "Res_UpdateTime: 09:30:01");
@@ -42,7 +50,7 @@ TEST_F(TPerclickLinesTest, BeforeTheFirstSnapshotTheTimeIsEmpty) {
 }
 
 TEST_F(TPerclickLinesTest, ASymbolThatIsLoadedShowsAtOnceAndTheNextReplacesIt) {
-  host.Record("700").Set({{3, "318.2"}, {33, "09:30:01"}});
+  host.Record("700").Set({{Field::Nominal, "318.2"}, {Field::UpdateTime, "09:30:01"}});
   Follow();
   EXPECT_EQ(Text("lblLast"), "318.200");
   Type("5");
@@ -53,14 +61,14 @@ TEST_F(TPerclickLinesTest, ASymbolThatIsLoadedShowsAtOnceAndTheNextReplacesIt) {
 TEST_F(TPerclickLinesTest, EveryUpdateIsShown) {
   Follow();
   for (const char* price : {"1", "2", "2", "3"}) {
-    host.Record("700").Set(3, price).Update();
+    host.Record("700").Set(Field::Nominal, price).Update();
     EXPECT_EQ(Text("lblLast"), std::string(price) + ".000");
   }
 }
 
 TEST_F(TPerclickLinesTest, TheTimeFollowsTheLanguage) {
   Follow();
-  host.Record("700").Set(33, "09:30:01").Update();
+  host.Record("700").Set(Field::UpdateTime, "09:30:01").Update();
   host.language.SetText("Res_UpdateTime", "Stand");
   frame->SetLanguage(1);
   EXPECT_EQ(Text("lblUpdateTime"), "Stand: 09:30:01");
@@ -69,7 +77,12 @@ TEST_F(TPerclickLinesTest, TheTimeFollowsTheLanguage) {
 TEST_F(TPerclickLinesTest, WithoutPerclickControlTheLinesStayEmpty) {
   for (const std::optional<int> feedType : {std::optional<int>(), {1}, {3}}) {
     Follow(feedType);
-    host.Record("700").Set({{3, "318.2"}, {48, "1"}, {130, "1"}, {33, "09:30"}}).Update();
+    host.Record("700")
+        .Set({{Field::Nominal, "318.2"},
+              {Field::Change, "1"},
+              {Field::ChangePercent, "1"},
+              {Field::UpdateTime, "09:30"}})
+        .Update();
     frame->SetLanguage(1);
     for (const char* label : {"lblLast", "lblChange", "lblUpdateTime"})
       EXPECT_EQ(Text(label), "") << label;
@@ -104,7 +117,7 @@ TEST_F(TPerclickLinesTest, ASymbolThatIsNoLongerAppliedIsNotRefreshed) {
 
 TEST_F(TPerclickLinesTest, ThePerclickGridsShowAnUpdateWithoutWaitingForTheTimer) {
   Follow();
-  host.Record("700").Set({{1, "318.2"}, {133, "300"}}).Update();
+  host.Record("700").Set({{Field::BestBid, "318.2"}, {Field::Open, "300"}}).Update();
   const auto text = [this](const char* grid, int row, int tag) {
     return Find<Platform::TcxGrid>(grid).View()->Cell(row, ColumnOf(grid, tag))->Text;
   };

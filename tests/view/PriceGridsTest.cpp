@@ -2,6 +2,7 @@
 
 #include "view/PriceGrids.h"
 
+#include "host/RecordFields.h"
 #include "view/FormFixture.h"
 #include "view/ViewMeasures.h"
 
@@ -10,6 +11,8 @@
 using namespace Quorpriceview;
 
 namespace {
+
+namespace Field = Host::Field;
 
 const std::vector DepthTags{21, 3, 16, 1, 19, 2};
 const std::vector AllTags{21, 3, 16, 1, 19, 2, 55, 56, 57, 58, 65, 66, 67, 68};
@@ -22,7 +25,11 @@ protected:
                                      {"coBuyColorLabel", 0x030303},
                                      {"coSellColorLabel", 0x040404}};
     host.lookAndFeel.indexedColours = {{6, 0x050505}, {7, 0x060606}, {8, 0x070707}, {9, 0x080808}};
-    Record().Set({{1, "318.2"}, {16, "4000"}, {3, "318"}, {120, "1234"}, {33, "09:30"}});
+    Record().Set({{Field::BestBid, "318.2"},
+                  {Field::BestBidSize, "4000"},
+                  {Field::Nominal, "318"},
+                  {Field::BidQueue, "1234"},
+                  {Field::UpdateTime, "09:30"}});
   }
 
   /// With columns, rows and skin, and symbol 700.
@@ -165,7 +172,7 @@ TEST_F(TPriceGridsTest, HighlightedBrokersAreThoseOfTheMoment) {
 
 TEST_F(TPriceGridsTest, PerclickCellsAreStyledToo) {
   host.SetFeedType(Constdef::FeedType_PerClick);
-  Record().Set(133, "300");
+  Record().Set(Field::Open, "300");
   Make();
   auto* price = form.PerclickPriceGridView;
   auto* info = form.PerclickInfoGridView;
@@ -188,7 +195,7 @@ TEST_F(TPriceGridsTest, PerclickCellsAreStyledToo) {
 
 TEST_F(TPriceGridsTest, TheLeftButtonAloneCopiesFromTheGridsOwnControl) {
   host.SetFeedType(Constdef::FeedType_PerClick);
-  Record().Set(133, "300");
+  Record().Set(Field::Open, "300");
   Make();
   for (auto* each : grids->Controls())
     each->GroupID = each == &grids->Price() ? "depth" : "perclick";
@@ -211,7 +218,7 @@ TEST_F(TPriceGridsTest, TheDepthGridWaitsForTheTimerAndThePerclickGridsDoNot) {
   host.SetFeedType(Constdef::FeedType_PerClick);
   host.config.SetCurrent("QuorPriceUpdateInterval", "400");
   Make();
-  Record().Set(1, "320").Update();
+  Record().Set(Field::BestBid, "320").Update();
   EXPECT_EQ(Cell(form.PerclickPriceGridView, 0, 1).Text, "320.000");
   EXPECT_EQ(Cell(6, 1).Text, "318.200");
   EXPECT_TRUE(QTest::qWaitFor([&] { return Cell(6, 1).Text == "320.000"; }));
@@ -225,7 +232,9 @@ TEST_F(TPriceGridsTest, LastPriceChangeAndTimeOfTheSnapshot) {
   host.SetFeedType(Constdef::FeedType_PerClick);
   Make();
   EXPECT_EQ(Text(form.lblLast), "318.000");
-  Record().Set({{3, "320"}, {48, "+2"}, {130, "0.6"}}).Update();
+  Record()
+      .Set({{Field::Nominal, "320"}, {Field::Change, "+2"}, {Field::ChangePercent, "0.6"}})
+      .Update();
   EXPECT_EQ(Text(form.lblLast), "320.000");
   EXPECT_EQ(Text(form.lblChange), "chg(+2)   chg%(0.6)");
   EXPECT_EQ(Text(form.lblUpdateTime), "Res_UpdateTime: 09:30");

@@ -3,14 +3,20 @@
 #include "view/QuorDetailView.h"
 
 #include "fakes/ViewFakes.h"
+#include "host/RecordFields.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
+namespace Field = Host::Field;
+
 class TQuorDetailFrameTest : public testing::Test {
 protected:
-  TQuorDetailFrameTest() { host.Record("700").Set({{22, "1"}, {18, "2000"}, {49, "15.5"}}); }
+  TQuorDetailFrameTest() {
+    host.Record("700").Set(
+        {{Field::ProductType, "1"}, {Field::IssueSize, "2000"}, {Field::PriceEarnings, "15.5"}});
+  }
 
   Platform::TcxGridTableView& View() {
     return *detail.findChild<Platform::TcxGrid*>("PriceGrid")->View();
@@ -41,7 +47,7 @@ TEST_F(TQuorDetailFrameTest, ShowsTheSymbolAndFollowsItsRecord) {
   ASSERT_EQ(View().RecordCount(), 4);
   EXPECT_EQ(Text(0, 0), "Res_IssuedShares");
   EXPECT_EQ(Text(0, 1), "2,000");
-  host.Record("700").Set(49, "16").Update();
+  host.Record("700").Set(Field::PriceEarnings, "16").Update();
   EXPECT_EQ(Text(2, 1), "16");
   detail.SetSymbol("");
   EXPECT_EQ(detail.Symbol(), "");

@@ -1,11 +1,14 @@
 // The boxes of warrants, related instruments and liquidity providers, filled from a control.
 
 #include "view/RelatedInstruments.h"
+#include "host/RecordFields.h"
 #include "view/FormFixture.h"
 
 using namespace Quorpriceview;
 
 namespace {
+
+namespace Field = Host::Field;
 
 using TItems = std::vector<std::string>;
 
@@ -26,14 +29,17 @@ protected:
 
 TEST_F(TRelatedInstrumentsTest, EachListHasItsBoxWhichShowsWhileItHasAnEntry) {
   control.SetSymbol("700");
-  Update({{135, "10002  5\t 10001"}, {136, "3"}, {3200, "  "}});
+  Update({{Field::WarrantList, "10002  5\t 10001"},
+          {Field::RelatedList, "3"},
+          {Field::LiquidityProviderList, "  "}});
   EXPECT_EQ(Items(form.cmbWarrant), (TItems{"10002", "5", "10001"}));
   EXPECT_EQ(Items(form.cmbRelated), TItems{"3"});
   EXPECT_EQ(Items(form.cmbLiqProvider), TItems());
   EXPECT_TRUE(form.liWarrant->IsVisibleFlag());
   EXPECT_TRUE(form.liRelated->IsVisibleFlag());
   EXPECT_FALSE(form.liLiqProvider->IsVisibleFlag());
-  Update({{135, ""}, {136, ""}, {3200, "4 4"}});
+  Update(
+      {{Field::WarrantList, ""}, {Field::RelatedList, ""}, {Field::LiquidityProviderList, "4 4"}});
   EXPECT_EQ(Items(form.cmbWarrant), TItems());
   EXPECT_EQ(Items(form.cmbLiqProvider), (TItems{"4", "4"}));
   EXPECT_FALSE(form.liWarrant->IsVisibleFlag());
@@ -46,7 +52,9 @@ TEST_F(TRelatedInstrumentsTest, FillingABoxChoosesNothing) {
   for (const auto* box : {form.cmbWarrant, form.cmbRelated, form.cmbLiqProvider})
     QObject::connect(box, &QComboBox::currentIndexChanged, &form, [&changes] { ++changes; });
   control.SetSymbol("700");
-  Update({{135, "5 6"}, {136, "5 6"}, {3200, "5 6"}});
+  Update({{Field::WarrantList, "5 6"},
+          {Field::RelatedList, "5 6"},
+          {Field::LiquidityProviderList, "5 6"}});
   EXPECT_EQ(changes, 0);
   for (const auto* box : {form.cmbWarrant, form.cmbRelated, form.cmbLiqProvider})
     EXPECT_EQ(box->currentIndex(), -1);
@@ -55,13 +63,13 @@ TEST_F(TRelatedInstrumentsTest, FillingABoxChoosesNothing) {
 TEST_F(TRelatedInstrumentsTest, AWarrantIsCaptionedByWhatIsLinkedAndNoListLeavesTheCaption) {
   control.SetSymbol("700");
   form.cmbWarrant->setPlaceholderText("as it was");
-  Update({{22, "4"}, {135, ""}});
+  Update({{Field::ProductType, "4"}, {Field::WarrantList, ""}});
   EXPECT_EQ(form.cmbWarrant->placeholderText(), "as it was");
-  Update({{135, " "}});
+  Update({{Field::WarrantList, " "}});
   EXPECT_EQ(form.cmbWarrant->placeholderText(), "Res_Linked");
-  Update({{22, "1"}, {135, "5"}});
+  Update({{Field::ProductType, "1"}, {Field::WarrantList, "5"}});
   EXPECT_EQ(form.cmbWarrant->placeholderText(), "Res_Linked") << "the product type is read once";
-  host.Record("5").Set({{22, "1"}, {135, "700"}});
+  host.Record("5").Set({{Field::ProductType, "1"}, {Field::WarrantList, "700"}});
   control.SetSymbol("5");
   UpdateRelatedInstruments(form, control);
   EXPECT_EQ(form.cmbWarrant->placeholderText(), "Res_ProdType_Warrant");
@@ -74,7 +82,7 @@ TEST_F(TRelatedInstrumentsTest, TextHintsOfTheLanguage) {
   EXPECT_EQ(form.cmbWarrant->placeholderText(), "Res_ProdType_Warrant");
   EXPECT_EQ(form.cmbRelated->placeholderText(), "Verwandt");
   EXPECT_EQ(form.cmbLiqProvider->placeholderText(), "Res_LiqProvider");
-  Record().Set(22, "4");
+  Record().Set(Field::ProductType, "4");
   control.SetSymbol("700");
   SetRelatedTexts(form, control);
   EXPECT_EQ(form.cmbWarrant->placeholderText(), "Res_Linked");

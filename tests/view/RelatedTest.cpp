@@ -1,5 +1,6 @@
 // The boxes of warrants, related instruments and liquidity providers, and choosing from them.
 
+#include "host/RecordFields.h"
 #include "view/ViewFixture.h"
 
 #include <QAbstractItemView>
@@ -9,6 +10,8 @@
 using Platform::TcxPopupEdit;
 
 namespace {
+
+namespace Field = Host::Field;
 
 using TItems = std::vector<std::string>;
 
@@ -107,7 +110,11 @@ TEST_F(TRelatedTest, ABoxWithoutTextHintHasNothingPreselectedEither) {
 
 TEST_F(TRelatedTest, TheThreeListsHaveTheirOwnBoxes) {
   Follow();
-  host.Record("700").Set({{135, "1 2"}, {136, "3"}, {3200, "4 5 6"}}).Update();
+  host.Record("700")
+      .Set({{Field::WarrantList, "1 2"},
+            {Field::RelatedList, "3"},
+            {Field::LiquidityProviderList, "4 5 6"}})
+      .Update();
   EXPECT_EQ(Items("cmbWarrant"), (TItems{"1", "2"}));
   EXPECT_EQ(Items("cmbRelated"), (TItems{"3"}));
   EXPECT_EQ(Items("cmbLiqProvider"), (TItems{"4", "5", "6"}));
@@ -127,9 +134,13 @@ TEST_F(TRelatedTest, AListThatGoesHidesItsBoxAgain) {
 }
 
 TEST_F(TRelatedTest, AnotherSymbolBringsItsOwnLists) {
-  host.Record("5").Set(136, "700");
+  host.Record("5").Set(Field::RelatedList, "700");
   Follow();
-  host.Record("700").Set({{135, "1"}, {136, "3"}, {3200, "4"}}).Update();
+  host.Record("700")
+      .Set({{Field::WarrantList, "1"},
+            {Field::RelatedList, "3"},
+            {Field::LiquidityProviderList, "4"}})
+      .Update();
   frame->SetSymbol("5");
   EXPECT_TRUE(Items("cmbWarrant").empty());
   EXPECT_EQ(Items("cmbRelated"), TItems{"700"});
@@ -147,7 +158,7 @@ struct TTextHint {
 class TTextHintTest : public TRelatedTest, public testing::WithParamInterface<TTextHint> {};
 
 TEST_P(TTextHintTest, TheWarrantBoxIsCaptionedByProductType) {
-  host.Record("700").Set(22, GetParam().productType);
+  host.Record("700").Set(Field::ProductType, GetParam().productType);
   Follow();
   Box("cmbWarrant").setPlaceholderText("as it was");
   Update(135, GetParam().list);
@@ -163,7 +174,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TTextHint{"1", "  ", "Res_ProdType_Warrant"}, TTextHint{"4", "", "as it was"}));
 
 TEST_F(TRelatedTest, BlanksOnlyHideTheWarrantBoxAndStillCaptionIt) {
-  host.Record("700").Set(22, "4");
+  host.Record("700").Set(Field::ProductType, "4");
   Follow();
   Update(135, "   ");
   EXPECT_FALSE(IsShown("liWarrant"));
@@ -171,7 +182,7 @@ TEST_F(TRelatedTest, BlanksOnlyHideTheWarrantBoxAndStillCaptionIt) {
 }
 
 TEST_F(TRelatedTest, AnEmptyListLeavesTheCaptionOfTheSymbolBefore) {
-  host.Record("700").Set({{22, "4"}, {135, "5"}});
+  host.Record("700").Set({{Field::ProductType, "4"}, {Field::WarrantList, "5"}});
   Follow();
   EXPECT_EQ(Hint("cmbWarrant"), "Res_Linked");
   frame->SetSymbol("5");
@@ -182,7 +193,8 @@ TEST_F(TRelatedTest, AnEmptyListLeavesTheCaptionOfTheSymbolBefore) {
 
 TEST_F(TRelatedTest, ChoosingAWarrantOrARelatedInstrumentShowsIt) {
   for (const char* name : {"cmbWarrant", "cmbRelated"}) {
-    host.Record("700").Set({{135, "5 10001 10002"}, {136, "5 10001 10002"}});
+    host.Record("700").Set(
+        {{Field::WarrantList, "5 10001 10002"}, {Field::RelatedList, "5 10001 10002"}});
     Follow();
     Choose(name, 1);
     EXPECT_EQ(Typed(), "10001") << name;
@@ -197,7 +209,7 @@ TEST_F(TRelatedTest, ChoosingAWarrantOrARelatedInstrumentShowsIt) {
 
 TEST_F(TRelatedTest, FromWarrantToWarrantTheBoxIsRebuiltEachTime) {
   for (const char* symbol : {"700", "10001", "10002", "10003"})
-    host.Record(symbol).Set(135, "10001 10002 10003 700");
+    host.Record(symbol).Set(Field::WarrantList, "10001 10002 10003 700");
   Follow();
   for (const auto& [index, symbol] : {std::pair{0, "10001"}, {1, "10002"}, {2, "10003"}}) {
     Choose("cmbWarrant", index);
@@ -211,7 +223,7 @@ TEST_F(TRelatedTest, FromWarrantToWarrantTheBoxIsRebuiltEachTime) {
 
 TEST_F(TRelatedTest, ArrowKeysInAClosedBoxGoThroughItToo) {
   for (const char* symbol : {"700", "10001", "10002"})
-    host.Record(symbol).Set(136, "10001 10002");
+    host.Record(symbol).Set(Field::RelatedList, "10001 10002");
   Follow();
   Box("cmbRelated").setFocus();
   QTest::keyClick(&Box("cmbRelated"), Qt::Key_Down);
@@ -221,7 +233,7 @@ TEST_F(TRelatedTest, ArrowKeysInAClosedBoxGoThroughItToo) {
 }
 
 TEST_F(TRelatedTest, ChoosingTheViewsOwnSymbolDoesNothing) {
-  host.Record("700").Set(135, "5 700");
+  host.Record("700").Set(Field::WarrantList, "5 700");
   Follow();
   Choose("cmbWarrant", 1);
   EXPECT_EQ(Symbol(), "700");
@@ -230,7 +242,7 @@ TEST_F(TRelatedTest, ChoosingTheViewsOwnSymbolDoesNothing) {
 }
 
 TEST_F(TRelatedTest, ASymbolThatDoesNotResolveLeavesTheViewOnItsOwn) {
-  host.Record("700").Set(135, "99999");
+  host.Record("700").Set(Field::WarrantList, "99999");
   Follow();
   Choose("cmbWarrant", 0);
   EXPECT_EQ(Symbol(), "700");
@@ -239,7 +251,7 @@ TEST_F(TRelatedTest, ASymbolThatDoesNotResolveLeavesTheViewOnItsOwn) {
 }
 
 TEST_F(TRelatedTest, ChoosingALiquidityProviderDoesNothing) {
-  host.Record("700").Set(3200, "5 10001");
+  host.Record("700").Set(Field::LiquidityProviderList, "5 10001");
   Follow();
   Choose("cmbLiqProvider", 1);
   EXPECT_EQ(Box("cmbLiqProvider").currentText(), "10001");
@@ -249,8 +261,8 @@ TEST_F(TRelatedTest, ChoosingALiquidityProviderDoesNothing) {
 }
 
 TEST_F(TRelatedTest, ALockedViewsOwnBoxesStillChangeItsSymbol) {
-  host.Record("700").Set({{135, "5"}, {136, "10001"}});
-  host.Record("5").Set(136, "10001");
+  host.Record("700").Set({{Field::WarrantList, "5"}, {Field::RelatedList, "10001"}});
+  host.Record("5").Set(Field::RelatedList, "10001");
   Follow();
   frame->SetLayoutData("LockState=1");
   Choose("cmbWarrant", 0);
@@ -262,7 +274,7 @@ TEST_F(TRelatedTest, ALockedViewsOwnBoxesStillChangeItsSymbol) {
 }
 
 TEST_F(TRelatedTest, AListThatChangesWhileItIsOpenOffersItsNewEntries) {
-  host.Record("700").Set(135, "5 10001");
+  host.Record("700").Set(Field::WarrantList, "5 10001");
   Follow();
   auto& box = Box("cmbWarrant");
   QTest::keyClick(&box, Qt::Key_F4);
@@ -275,7 +287,7 @@ TEST_F(TRelatedTest, AListThatChangesWhileItIsOpenOffersItsNewEntries) {
 }
 
 TEST_F(TRelatedTest, AListThatGoesWhileItIsOpenClosesWithItsBox) {
-  host.Record("700").Set(135, "5 10001");
+  host.Record("700").Set(Field::WarrantList, "5 10001");
   Follow();
   auto& box = Box("cmbWarrant");
   QTest::keyClick(&box, Qt::Key_F4);
@@ -288,7 +300,7 @@ TEST_F(TRelatedTest, AListThatGoesWhileItIsOpenClosesWithItsBox) {
 
 TEST_F(TRelatedTest, AViewThatIsClosedWhileAListIsOpen) {
   const auto before = host.Registrations();
-  host.Record("700").Set(135, "5 10001");
+  host.Record("700").Set(Field::WarrantList, "5 10001");
   Follow();
   QTest::keyClick(&Box("cmbWarrant"), Qt::Key_F4);
   frame.reset();
@@ -296,7 +308,7 @@ TEST_F(TRelatedTest, AViewThatIsClosedWhileAListIsOpen) {
 }
 
 TEST_F(TRelatedTest, AWheelThatPassesOverABoxChangesNothing) {
-  host.Record("700").Set(135, "5 10001");
+  host.Record("700").Set(Field::WarrantList, "5 10001");
   Follow();
   auto& box = Box("cmbWarrant");
   const auto turn = [&box] {

@@ -1,5 +1,6 @@
 // Caption buttons, the broker-name menu item, and which quantity buttons there are.
 
+#include "host/RecordFields.h"
 #include "view/QtyCaptions.h"
 #include "view/ViewFixture.h"
 
@@ -10,6 +11,8 @@
 using namespace Platform;
 
 namespace {
+
+namespace Field = Host::Field;
 
 constexpr int SizeChanged = Constdef::Notify_SizeChanged;
 constexpr int LayoutChanged = Constdef::Notify_LayoutChanged;
@@ -275,7 +278,7 @@ TEST_F(TToolbarTest, TheMenuItemTogglesNamesAndTellsNobody) {
   host.market.SetBroker("1234", "Harbour");
   Open();
   Type("700");
-  host.Record("700").Set(120, "1234").Update();
+  host.Record("700").Set(Field::BidQueue, "1234").Update();
   host.viewHost.notifications.clear();
   auto& item = Find<QAction>("mBrokerName");
   item.trigger();

@@ -1,5 +1,6 @@
 // How a view writes and reads its layout data.
 
+#include "host/RecordFields.h"
 #include "host/TroublesomeText.h"
 #include "view/LayoutData.h"
 #include "view/ViewFixture.h"
@@ -9,6 +10,8 @@
 using namespace Quorpriceview;
 
 namespace {
+
+namespace Field = Host::Field;
 
 class TViewLayoutTest : public TViewTest {
 protected:
@@ -143,7 +146,7 @@ TEST_F(TViewLayoutTest, TheBrokerNameReachesMenuQueueAndColumns) {
   host.market.SetBroker("1234", "Harbour");
   Open();
   Type("700");
-  host.Record("700").Set(120, "1234").Update();
+  host.Record("700").Set(Field::BidQueue, "1234").Update();
   TickRefresh();
   EXPECT_EQ(CellText(1, 55), "1234");
   frame->SetLayoutData("ShowBrokerName=-1");
