@@ -109,7 +109,7 @@ TNamedColours NamedColours(const TSkin& skin, const TPriceColours& prices) {
            named(Constdef::Colour_CasBackground, skin.CasBackground),
            named(Constdef::Colour_PosBackground, skin.PosBackground),
            named(Constdef::Colour_BidLabel, up.Label), named(Constdef::Colour_AskLabel, down.Label),
-           named("coWarningText", skin.WarningText)},
+           named(Colour_WarningText, skin.WarningText)},
           {{Constdef::Colour_BidBackground, up.Background},
            {Constdef::Colour_BidText, up.Text},
            {Constdef::Colour_AskBackground, down.Background},

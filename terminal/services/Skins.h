@@ -69,6 +69,9 @@ const std::vector<TSkin>& BuiltInSkins();
 /// The price colours that come with the terminal, the default first.
 const std::vector<TPriceColours>& BuiltInPriceColours();
 
+/// Of the terminal's own texts; no package asks for it.
+inline constexpr const char* Colour_WarningText = "coWarningText";
+
 /// Colours as packages ask for them.
 struct TNamedColours {
   std::map<std::string, System::TColor, std::less<>>

@@ -116,8 +116,8 @@ std::string CommandLineHelp() {
          "  --snapshot FILE   writes a picture of the view and ends\n"
          "  --seconds N       how long to run where there is no display (10), before a snapshot\n"
          "                    (3), and to record (60)\n"
-         "  --record FILE     records --seconds of the simulated market as fast as it can, every\n"
-         "                    change at its moment, and ends\n"
+         "  --record FILE     records --seconds of the market as fast as it can, every change\n"
+         "                    at its moment, and ends\n"
          "  --script FILE     carries out a script, - reads it from standard input\n"
          "  --package FILE    loads another package than the quorprice.so beside the program\n";
 }

@@ -4,6 +4,7 @@
 #include "host/ConstDef.h"
 #include "platform/Colour.h"
 #include "platform/DrawnIcon.h"
+#include "terminal/services/Skins.h"
 #include "terminal/windows/Chip.h"
 #include "terminal/windows/SkippedLines.h"
 #include "terminal/windows/WindowTexts.h"
@@ -83,7 +84,7 @@ QIcon JumpIcon() {
 QString WarningStyle() {
   auto* skin = Baselookandfeelservice::TCustomLookAndFeelService::GetInstance();
   return QStringLiteral("color:%1")
-      .arg(Platform::ToQColor(skin->GetColour(0, "coWarningText")).name());
+      .arg(Platform::ToQColor(skin->GetColour(0, Colour_WarningText)).name());
 }
 
 } // namespace
