@@ -67,6 +67,9 @@ enum class TProblemCode {
   TradePriceNotText,
   TradePriceNotNumber,
 
+  // What a user enters.
+  SymbolUnknown, ///< neither symbol nor name of anything listed
+
   // The store of layouts and settings.
   StoreInUse,    ///< another terminal keeps its changes there; it is read, and nothing is kept
   StoreDamaged,  ///< it could not be read and was set aside; changes are kept in a new one

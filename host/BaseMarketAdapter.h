@@ -26,7 +26,7 @@ public:
   /// the bands.
   virtual double PriceStep(double price) const = 0;
   /// The price that lies `steps` price steps above (below, when negative) `price`, taking each
-  /// step from the band it is in.
+  /// step from the band it is in; 0 when a step lies in no band, so that there is no such price.
   virtual double PriceStepsAway(double price, int steps) const = 0;
 };
 

@@ -32,7 +32,8 @@ std::optional<double> PriceFromBest(const TCustomSubItem& record, TLevelPosition
   if (!table || !best)
     return std::nullopt;
   const int steps = position.Side == Side::Bid ? -position.Level : position.Level;
-  return table->PriceStepsAway(*best, steps);
+  const double price = table->PriceStepsAway(*best, steps);
+  return price > 0 ? std::optional(price) : std::nullopt;
 }
 
 std::optional<double> LevelPrice(const TCopySource& source, int field, TLevelPosition position) {

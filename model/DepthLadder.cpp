@@ -105,7 +105,8 @@ std::string BestPriceStepText(const TCustomSubItem* record, int side) {
   if (!table)
     return {};
   const double step = table->PriceStep(record->GetNumber(fields->Price.front()));
-  return TCustomFormatter::GetInstance()->FormatPrice(record->Symbol(), 0, step);
+  return step > 0 ? TCustomFormatter::GetInstance()->FormatPrice(record->Symbol(), 0, step)
+                  : std::string();
 }
 
 std::string LevelPriceText(const TCustomSubItem* record, TMarketDataType type, int level,

@@ -1,10 +1,12 @@
 #include "platform/GridCell.h"
 
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 #include <QTextLayout>
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <limits>
 #include <unordered_map>
@@ -89,6 +91,14 @@ QPoint TextPosition(const TDrawnText& text, const QRect& pixels, unsigned flags,
   return {x, pixels.top() + qRound(baseline) - qRound(text.Ascent)};
 }
 
+bool IsFigure(const TCellDescription& cell) {
+  const auto isOfWords = [](char c) {
+    return std::isalpha(static_cast<unsigned char>(c)) || c < 0;
+  };
+  return cell.DrawnByOwner || cell.Flags & (DT_RIGHT | DT_CENTER) ||
+         std::ranges::none_of(cell.Text, isOfWords);
+}
+
 void PaintText(QPainter& painter, const TDrawnText& text, const QPoint& position,
                const QRect& pixels) {
   const QRect place(position, text.Image.size());
@@ -113,6 +123,8 @@ struct TCellPainter::TCache {
   void Prepare(const QFont& font, qreal scale);
   const QFont& Style(int size, bool bold);
   const TDrawnText& Text(const TCellDescription& cell);
+  /// With an ellipsis at its end, no wider than `room`.
+  const TDrawnText& Shortened(TCellDescription cell, qreal room);
 };
 
 void TCellPainter::TCache::Prepare(const QFont& font, qreal scale) {
@@ -150,6 +162,13 @@ const TDrawnText& TCellPainter::TCache::Text(const TCellDescription& cell) {
       .first->second;
 }
 
+const TDrawnText& TCellPainter::TCache::Shortened(TCellDescription cell, qreal room) {
+  const QFontMetricsF metrics(Style(cell.Size, cell.Bold));
+  cell.Text =
+      metrics.elidedText(QString::fromStdString(cell.Text), Qt::ElideRight, room).toStdString();
+  return Text(cell);
+}
+
 TCellPainter::TCellPainter() : cache_(std::make_unique<TCache>()) {}
 
 TCellPainter::~TCellPainter() = default;
@@ -166,12 +185,15 @@ void TCellPainter::Paint(QPainter& painter, const TCellDescription& cell, const 
     cache_->Prepare(font, scale);
     const TDrawnText& text = cache_->Text(cell);
     const int room = pixels.width() - 2 * (qRound(SidePadding * scale) - Overhang);
+    const int indentedRoom = room - qRound((Indent - SidePadding) * scale);
     const auto paint = [&](const TDrawnText& drawn) {
       PaintText(painter, drawn, TextPosition(drawn, pixels, cell.Flags, scale), pixels);
     };
-    // A figure that is cut off looks like a smaller one, so it is squeezed.
-    if (text.Image.width() > room && room > 2 * Overhang && cell.Flags & (DT_RIGHT | DT_CENTER))
+    // A figure that is cut off looks like a smaller one, so it is squeezed; words are shortened.
+    if (IsFigure(cell) && text.Image.width() > room && room > 2 * Overhang)
       paint(DrawText(cell, cache_->Style(cell.Size, cell.Bold), scale, room - 2 * Overhang));
+    else if (!IsFigure(cell) && text.Image.width() > indentedRoom)
+      paint(cache_->Shortened(cell, (indentedRoom - 2 * Overhang) / scale));
     else
       paint(text);
   }

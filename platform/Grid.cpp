@@ -1,5 +1,7 @@
 #include "platform/Grid.h"
 
+#include "platform/ToolTip.h"
+
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QMenu>
@@ -8,6 +10,7 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <algorithm>
 #include <utility>
 
 namespace Platform {
@@ -32,7 +35,7 @@ bool TcxGrid::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip || !view_ || !view_->CellHints)
     return QWidget::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
-  QToolTip::showText(help->globalPos(), view_->HintAt(help->pos()), this);
+  QToolTip::showText(help->globalPos(), ToolTipOf(view_->HintAt(help->pos())), this);
   return true;
 }
 
@@ -84,7 +87,9 @@ void TcxGrid::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void TcxGrid::contextMenuEvent(QContextMenuEvent* event) {
-  if (view_ && view_->popupMenu_)
+  // A menu without entries would be no more than a window that swallows the next click.
+  const QMenu* menu = view_ ? view_->popupMenu_ : nullptr;
+  if (menu && std::ranges::any_of(menu->actions(), &QAction::isVisible))
     view_->popupMenu_->popup(event->globalPos());
   else
     QWidget::contextMenuEvent(event);

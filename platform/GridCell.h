@@ -68,8 +68,8 @@ public:
   ~TCellPainter();
 
   /// Family and style come from `font`, size and weight from the cell. Nothing is painted outside
-  /// `bounds`: a left-aligned text that is too wide ends there, another one is squeezed to fit.
-  /// The painter may be moved and scaled, not turned.
+  /// `bounds`: words of the grid at the left that are too wide are shortened with an ellipsis,
+  /// whatever else is too wide is squeezed to fit. The painter may be moved and scaled, not turned.
   void Paint(QPainter& painter, const TCellDescription& cell, const QRect& bounds,
              const QFont& font);
 

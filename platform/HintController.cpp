@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QToolTip>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -36,7 +37,7 @@ QPoint KeptOnScreen(const QPoint& pointer, const QSize& size) {
 } // namespace
 
 TcxHintStyleController::TcxHintStyleController(QWidget* parent)
-    : QObject(parent), window_(new QLabel(parent, Qt::ToolTip | Qt::WindowTransparentForInput)) {
+    : QObject(parent), window_(new QLabel(parent, Qt::ToolTip)) {
   window_->setAttribute(Qt::WA_ShowWithoutActivating);
   window_->setAttribute(Qt::WA_TransparentForMouseEvents);
   window_->setFocusPolicy(Qt::NoFocus);
@@ -62,6 +63,8 @@ void TcxHintStyleController::ShowHint(int x, int y, const QString& caption, cons
   const QSize size = FitText(maxWidth);
   window_->setGeometry(QRect(KeptOnScreen({x, y}, size), size));
   window_->show();
+  // The flag has an effect on a window that is there; given to the label, it has none on X11.
+  window_->windowHandle()->setFlag(Qt::WindowTransparentForInput);
 }
 
 QSize TcxHintStyleController::FitText(int maxWidth) {

@@ -8,7 +8,8 @@
 
 namespace Platform {
 
-/// A line of text, or a colour swatch when it has a colour and no text.
+/// A line of text, or a colour swatch when it has a colour and no text. Texts of all scripts stand
+/// on the line that the font's own letters stand on, so that labels side by side are even.
 class Q_DECL_EXPORT TcxLabel : public QLabel {
   Q_OBJECT
 
@@ -26,9 +27,22 @@ public:
   /// Font size in points.
   void SetFontSize(int points);
 
+  /// May be narrower than its text from now on, which then ends with an ellipsis and is shown as a
+  /// whole by the tool tip.
+  void SetShortened();
+
+  QSize minimumSizeHint() const override;
+
+protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
 private:
+  bool IsTooNarrow() const;
+
   std::optional<TColor> colour_;
   std::optional<TColor> textColour_;
+  bool isShortened_ = false;
 };
 
 } // namespace Platform

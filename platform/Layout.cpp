@@ -1,5 +1,7 @@
 #include "platform/Layout.h"
 
+#include "platform/WrappingLayout.h"
+
 namespace Platform {
 
 namespace {
@@ -31,8 +33,8 @@ TdxLayoutElement::TdxLayoutElement(const QString& name, QWidget* parent) : QWidg
 }
 
 TdxLayoutItem::TdxLayoutItem(const QString& name, QWidget* control, QWidget* parent)
-    : TdxLayoutElement(name, parent), caption_(new QLabel(this)), control_(control) {
-  caption_->setTextFormat(Qt::PlainText);
+    : TdxLayoutElement(name, parent), caption_(new TcxLabel({}, this)), control_(control) {
+  caption_->setForegroundRole(QPalette::PlaceholderText); // dimmed beside what it is the caption of
   caption_->hide();
   auto* box = NewBox(TLayoutDirection::Horizontal);
   box->addWidget(caption_);
@@ -48,9 +50,12 @@ void TdxLayoutItem::SetCaption(const QString& caption) {
 }
 
 TdxLayoutGroup::TdxLayoutGroup(const QString& name, TLayoutDirection direction, QWidget* parent)
-    : TdxLayoutElement(name, parent), elements_(NewBox(direction)) {
+    : TdxLayoutElement(name, parent) {
   auto* outer = NewBox(TLayoutDirection::Vertical);
-  outer->addLayout(elements_);
+  if (direction == TLayoutDirection::Wrapping)
+    outer->addLayout(lines_ = new TWrappingLayout(HorizontalSpacing, VerticalSpacing));
+  else
+    outer->addLayout(box_ = NewBox(direction));
   setLayout(outer);
 }
 
@@ -77,7 +82,7 @@ TdxLayoutGroup* TdxLayoutGroup::AddGroup(const QString& name, TLayoutDirection d
 
 TdxLayoutItem* TdxLayoutGroup::AddItem(const QString& name, QWidget* control, bool takesFreeWidth) {
   auto* item = new TdxLayoutItem(name, control, this);
-  const bool vertical = elements_->direction() == QBoxLayout::TopToBottom;
+  const bool vertical = box_ && box_->direction() == QBoxLayout::TopToBottom;
   item->setSizePolicy(takesFreeWidth ? QSizePolicy::Preferred : QSizePolicy::Maximum,
                       QSizePolicy::Fixed);
   Add(item, takesFreeWidth && !vertical ? 1 : 0,
@@ -86,24 +91,47 @@ TdxLayoutItem* TdxLayoutGroup::AddItem(const QString& name, QWidget* control, bo
 }
 
 void TdxLayoutGroup::Add(TdxLayoutElement* element, int stretch, Qt::Alignment alignment) {
-  elements_->addWidget(element, stretch, alignment);
+  if (box_) {
+    box_->addWidget(element, stretch, alignment);
+  } else {
+    lines_->addWidget(element);
+    if (stretch > 0)
+      lines_->SetTakesFreeWidth();
+  }
   element->SetVisibleFlag(true); // in a group on the screen it would wait for an event
 }
 
-void TdxLayoutGroup::AddStretch() { elements_->addStretch(); }
+void TdxLayoutGroup::AddStretch() {
+  if (box_)
+    box_->addStretch();
+}
 
 void TdxLayoutGroup::Align(TdxLayoutElement* element, Qt::Alignment alignment) {
-  elements_->setAlignment(element, alignment);
+  if (box_)
+    box_->setAlignment(element, alignment);
+  else
+    lines_->setAlignment(element, alignment);
+}
+
+void TdxLayoutGroup::FillHeight(TdxLayoutElement* element) {
+  element->setSizePolicy(element->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+}
+
+void TdxLayoutGroup::SetSpacing(int pixels) {
+  if (box_)
+    box_->setSpacing(pixels);
+  else
+    lines_->SetSpacing(pixels);
 }
 
 TdxLayoutControl::TdxLayoutControl(const QString& name, QWidget* parent)
     : QWidget(parent), root_(new TdxLayoutGroup(name + QStringLiteral("Group_Root"),
                                                 TLayoutDirection::Vertical, this)) {
   setObjectName(name);
-  root_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  root_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
   auto* box = NewBox(TLayoutDirection::Vertical);
   box->addWidget(root_);
-  box->addStretch();
+  box->addStretch(1); // all that is left, whatever stretches inside
   setLayout(box);
 }
 
@@ -112,9 +140,9 @@ int TdxLayoutControl::ContentWidth() {
   return root_->sizeHint().width();
 }
 
-int TdxLayoutControl::ContentHeight() {
+int TdxLayoutControl::ContentHeight(int width) {
   Settle(root_);
-  return root_->sizeHint().height();
+  return root_->hasHeightForWidth() ? root_->heightForWidth(width) : root_->sizeHint().height();
 }
 
 } // namespace Platform

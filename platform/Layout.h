@@ -1,10 +1,13 @@
 #pragma once
 
+#include "platform/Label.h"
+
 #include <QBoxLayout>
-#include <QLabel>
 #include <QWidget>
 
 namespace Platform {
+
+class TWrappingLayout;
 
 /// A group or an item of a layout control. Its name is its object name; its own visible flag is
 /// not isHidden(), whatever its parents show.
@@ -34,11 +37,12 @@ public:
   QWidget* Control() const { return control_; }
 
 private:
-  QLabel* caption_;
+  TcxLabel* caption_;
   QWidget* control_;
 };
 
-enum class TLayoutDirection { Horizontal, Vertical };
+/// Wrapping: horizontal, in as many lines as the width asks for.
+enum class TLayoutDirection { Horizontal, Vertical, Wrapping };
 
 /// Elements side by side or one below the other. A hidden element takes no room, and an element
 /// is as wide as its content unless it takes the free width; a group is as wide as its place.
@@ -56,17 +60,22 @@ public:
   TdxLayoutGroup* AddGroup(const QString& name, TLayoutDirection direction);
   /// `takesFreeWidth`: the control grows into the room that the others leave.
   TdxLayoutItem* AddItem(const QString& name, QWidget* control, bool takesFreeWidth = false);
-  /// Room at the end that nothing grows into.
+  /// Room at the end that nothing grows into; a wrapping group leaves it anyway.
   void AddStretch();
   /// Places an element of this group by itself: left, centred, at the top, ...
   void Align(TdxLayoutElement* element, Qt::Alignment alignment);
+  /// Lets an element of this group grow to the group's height.
+  static void FillHeight(TdxLayoutElement* element);
+  /// Room between elements that are side by side, in pixels.
+  void SetSpacing(int pixels);
 
 private:
   void Add(TdxLayoutElement* element, int stretch, Qt::Alignment alignment);
 
   QString caption_;
   QLabel* captionLabel_ = nullptr;
-  QBoxLayout* elements_;
+  QBoxLayout* box_ = nullptr;
+  TWrappingLayout* lines_ = nullptr; ///< in place of the box when the group wraps
 };
 
 /// Lays a tree of groups out from the top; its size is that of its content.
@@ -80,9 +89,10 @@ public:
   TdxLayoutGroup* Root() const { return root_; }
 
   /// The room that the visible elements ask for, in pixels, as they stand now: nothing that waits
-  /// for an event is missing, also while the control is not on the screen.
+  /// for an event is missing, also while the control is not on the screen. The height is that at
+  /// `width`.
   int ContentWidth();
-  int ContentHeight();
+  int ContentHeight(int width);
 
 private:
   TdxLayoutGroup* root_;

@@ -5,6 +5,8 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 
+#include <utility>
+
 namespace Platform {
 
 namespace {
@@ -22,9 +24,24 @@ void TcxPopupEdit::Resolve() {
     Resolver();
 }
 
-void TcxPopupEdit::PerformExit() {
+void TcxPopupEdit::PerformExit() { Exit(Qt::OtherFocusReason); }
+
+void TcxPopupEdit::Exit(Qt::FocusReason reason) {
   Resolve();
-  emit Exited();
+  emit Exited(reason);
+}
+
+void TcxPopupEdit::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  isEntered_ = event->reason() == Qt::MouseFocusReason;
+}
+
+/// Pressing the button places the caret, so all is selected when it is released, unless the mouse
+/// was drawn over a part of it.
+void TcxPopupEdit::mouseReleaseEvent(QMouseEvent* event) {
+  QLineEdit::mouseReleaseEvent(event);
+  if (std::exchange(isEntered_, false) && !hasSelectedText())
+    selectAll();
 }
 
 void TcxPopupEdit::focusOutEvent(QFocusEvent* event) {
@@ -32,7 +49,7 @@ void TcxPopupEdit::focusOutEvent(QFocusEvent* event) {
   // Of another window's becoming active the form hears nothing: its focus stays in the box. A form
   // that is destroyed loses its window first, too, and could not answer any more.
   if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
-    PerformExit();
+    Exit(event->reason());
 }
 
 // The completer hands Enter to the edit before it puts its own entry there, which would come after
@@ -49,6 +66,12 @@ void TcxPopupEdit::ApplyCompletion() {
 void TcxPopupEdit::keyPressEvent(QKeyEvent* event) {
   if (!IsEnter(*event)) {
     emit KeyDown(event->key());
+    if (event->key() == Qt::Key_Escape && text() != hint_) {
+      setText(hint_);
+      selectAll();
+      event->accept();
+      return;
+    }
     QLineEdit::keyPressEvent(event);
     const QString typed = event->text();
     if (!typed.isEmpty() && typed.front().isPrint())

@@ -8,7 +8,7 @@ namespace Platform {
 
 /// An edit whose hint holds what its text was last resolved to. Leaving the box, by focus or by
 /// PerformExit, and pressing Enter first run the resolver that its editor manager put there, then
-/// tell the owner.
+/// tell the owner. Escape puts the hint back, and a click into the box selects all of it.
 class Q_DECL_EXPORT TcxPopupEdit : public QLineEdit {
   Q_OBJECT
 
@@ -29,23 +29,27 @@ public:
   void PerformExit();
 
 signals:
-  /// The box was left, or told so. A pop-up that opens over it, or another window that becomes
-  /// active, does not count as leaving.
-  void Exited();
+  /// The box was left, or told so, which has Qt::OtherFocusReason. A pop-up that opens over it, or
+  /// another window that becomes active, does not count as leaving.
+  void Exited(Qt::FocusReason reason);
   /// A key went down; `key` is a Qt::Key or EnterKey.
   void KeyDown(int key);
   /// A character was typed and is in the text, or EnterKey was pressed.
   void KeyPress(int character);
 
 protected:
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
   void Resolve();
+  void Exit(Qt::FocusReason reason);
   void ApplyCompletion();
 
   QString hint_;
+  bool isEntered_ = false; ///< the mouse button is down that brought the focus
 };
 
 } // namespace Platform

@@ -193,7 +193,7 @@ QAbstractItemDelegate* TQuorPricePreferenceFrame::BrokerIDGridViewGetProperties(
 
 int TQuorPricePreferenceFrame::GetWidth() { return lcPreference->ContentWidth(); }
 
-int TQuorPricePreferenceFrame::GetHeight() { return lcPreference->ContentHeight(); }
+int TQuorPricePreferenceFrame::GetHeight() { return lcPreference->ContentHeight(GetWidth()); }
 
 bool TQuorPricePreferenceFrame::SetLanguage(int) {
   lgQuorPrice->SetCaption(GetResource("Res_QuorPrice_Preference"));

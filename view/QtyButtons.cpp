@@ -3,6 +3,7 @@
 #include "host/BaseConfigManager.h"
 #include "host/ConstDef.h"
 #include "model/RecordText.h"
+#include "platform/ToolTip.h"
 #include "text/Numbers.h"
 #include "view/QuorPriceForm.h"
 
@@ -37,6 +38,7 @@ bool SetQtyButtonCaption(TQuorPriceForm& form) {
     const auto caption = config->ReadString(Constdef::Section_QtyButtonCaption, key);
     // A single '&' would give the button a key that copies.
     button->setText(QString::fromStdString(caption).replace(QLatin1Char('&'), QLatin1String("&&")));
+    button->setToolTip(Platform::ToolTipOf(QString::fromStdString(caption)));
     found = found || !caption.empty();
   }
   return found;

@@ -3,6 +3,8 @@
 #include "host/ConstDef.h"
 #include "view/CaptionImages.h"
 
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -17,6 +19,7 @@ constexpr int SymbolMinimumWidth = 200;
 constexpr int ComboWidth = 100;
 constexpr QSize SwatchSize(20, 17);
 constexpr QSize QtyButtonSize(65, 25);
+constexpr int PanelSpacing = 12; // between a pair of caption and figure and the next
 constexpr int HintFontSize = 8;
 
 template <typename TControl> TControl* Named(const QString& name, TControl* control) {
@@ -24,8 +27,8 @@ template <typename TControl> TControl* Named(const QString& name, TControl* cont
   return control;
 }
 
-/// A box of symbols. A wheel that passes over it must not change the view's symbol, so it takes the
-/// wheel only while it has the focus.
+/// A box of symbols. A wheel that passes over it must not change the view's symbol, and that of its
+/// whole group: only the open list can be turned.
 class TSymbolCombo : public TcxComboBox {
 public:
   TSymbolCombo() {
@@ -34,11 +37,26 @@ public:
   }
 
 protected:
-  void wheelEvent(QWheelEvent* event) override {
-    if (hasFocus())
-      TcxComboBox::wheelEvent(event);
-    else
-      event->ignore();
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
+/// A quantity button whose caption is as large as there is room for. A part of a quantity would be
+/// another one.
+class TQtyButton : public TcxButton {
+protected:
+  void paintEvent(QPaintEvent*) override {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const int room = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this).width();
+    const int width = option.fontMetrics.size(Qt::TextShowMnemonic, text()).width();
+    if (width > room) {
+      QFont fitting = font();
+      fitting.setPointSizeF(QFontInfo(fitting).pointSizeF() * room / width);
+      painter.setFont(fitting);
+      option.fontMetrics = QFontMetrics(fitting, this);
+    }
+    painter.drawControl(QStyle::CE_PushButton, option);
   }
 };
 
@@ -86,7 +104,7 @@ TQuorPriceForm::TQuorPriceForm() {
 }
 
 void TQuorPriceForm::BuildSymbolLine() {
-  lgSymbol = lcGrid->Root()->AddGroup("lgSymbol", TLayoutDirection::Horizontal);
+  lgSymbol = lcGrid->Root()->AddGroup("lgSymbol", TLayoutDirection::Wrapping);
   liPOS = AddLabel(lgSymbol, "POS", lblPOS);
   liVCM = AddLabel(lgSymbol, "VCM", lblVCM);
   liCAS = AddLabel(lgSymbol, "CAS", lblCAS);
@@ -120,18 +138,23 @@ void TQuorPriceForm::BuildGrids() {
   liPerclickPriceGrid = lgPrice->AddItem("liPerclickPriceGrid", PerclickPriceGrid);
   PerclickInfoGrid = NewGrid("PerclickInfoGrid", {250, 238});
   PerclickInfoGridView = PerclickInfoGrid->View();
-  lgPerclick->AddItem("liPerclickInfoGrid", PerclickInfoGrid);
+  PerclickInfoGrid->setMaximumHeight(QWIDGETSIZE_MAX);
+  lgPerclick->FillHeight(lgPerclick->AddItem("liPerclickInfoGrid", PerclickInfoGrid));
   lgPerclick->AddStretch();
 }
 
 void TQuorPriceForm::BuildPanels() {
   auto* root = lcGrid->Root();
   lgInfo = root->AddGroup("lgInfo", TLayoutDirection::Horizontal);
+  lgInfo->SetSpacing(PanelSpacing);
   AddLabel(lgInfo, "LeftText", lblLeftText, {}, true);
   AddLabel(lgInfo, "RightText", lblRightText, {}, true);
   lblRightText->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  for (auto* message : {lblLeftText, lblRightText})
+    message->SetShortened();
 
-  lgPOS = root->AddGroup("lgPOS", TLayoutDirection::Horizontal);
+  lgPOS = root->AddGroup("lgPOS", TLayoutDirection::Wrapping);
+  lgPOS->SetSpacing(PanelSpacing);
   AddLabel(lgPOS, "POSColor", lblPOSColor);
   liPOSCaption = AddLabel(lgPOS, "POSCaption", lblPOSCaption, "POS:");
   liPOSRefPrice = AddLabel(lgPOS, "POSRefPrice", lblPOSRefPrice, "Ref Px");
@@ -139,15 +162,14 @@ void TQuorPriceForm::BuildPanels() {
   liPOSLowerPrice = AddLabel(lgPOS, "POSLowerPrice", lblPOSLowerPrice, "Lower Px");
   liPOSUpperLimit = AddLabel(lgPOS, "POSUpperLimit", lblPOSUpperLimit, "Buy Up Limit");
   liPOSLowerLimit = AddLabel(lgPOS, "POSLowerLimit", lblPOSLowerLimit, "Sell Low Limit");
-  lgPOS->AddStretch();
 
-  lgVCMCAS = root->AddGroup("lgVCMCAS", TLayoutDirection::Horizontal);
+  lgVCMCAS = root->AddGroup("lgVCMCAS", TLayoutDirection::Wrapping);
+  lgVCMCAS->SetSpacing(PanelSpacing);
   AddLabel(lgVCMCAS, "VCMCASColor", lblVCMCASColor);
   liVCMCAS = AddLabel(lgVCMCAS, "VCMCAS", lblVCMCAS, "VCM:");
   liRefPrice = AddLabel(lgVCMCAS, "RefPrice", lblRefPrice, "Ref Px");
   liUpperPrice = AddLabel(lgVCMCAS, "UpperPrice", lblUpperPrice, "Upper Px");
   liLowerPrice = AddLabel(lgVCMCAS, "LowerPrice", lblLowerPrice, "Lower Px");
-  lgVCMCAS->AddStretch();
 
   for (auto* swatch : {lblPOSColor, lblVCMCASColor})
     swatch->setFixedSize(SwatchSize);
@@ -165,7 +187,7 @@ void TQuorPriceForm::BuildQtyButtons() {
   for (auto*& button : btnQty) {
     auto* row = number < QtyButtonCount / 2 ? top : bottom;
     const auto name = QString::number(++number);
-    button = Named(Constdef::ComponentPrefix_QtyButton + name, new TcxButton);
+    button = Named(Constdef::ComponentPrefix_QtyButton + name, new TQtyButton);
     button->setFixedSize(QtyButtonSize);
     row->AddItem("liBtn" + name, button);
   }

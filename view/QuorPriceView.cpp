@@ -9,6 +9,9 @@
 #include "view/FeedType.h"
 #include "view/Texts.h"
 
+#include <QApplication>
+#include <QEvent>
+
 #include <utility>
 
 namespace Quorpriceview {
@@ -138,6 +141,15 @@ void TQuorPriceFrame::SetSymbol(const std::string& symbol) {
   SymbolProductTypeUpdate();
 }
 
+void TQuorPriceFrame::edtSymbolExit(Qt::FocusReason reason) {
+  const bool isAnother = Symbol() != grids_.Price().Symbol();
+  SetSymbol(Symbol());
+  auto* pressed = QApplication::focusWidget();
+  const bool copies = qobject_cast<TcxGrid*>(pressed) || qobject_cast<TcxButton*>(pressed);
+  if (isAnother && reason == Qt::MouseFocusReason && copies && isAncestorOf(pressed))
+    DropPress(pressed);
+}
+
 bool TQuorPriceFrame::SetGroupID(const std::string& group) {
   if (group == following_.GroupID)
     return true;
@@ -214,6 +226,12 @@ void TQuorPriceFrame::btnProChartClick() {
 }
 
 // Size, language, skin and configuration.
+
+void TQuorPriceFrame::changeEvent(QEvent* event) {
+  TQuorPriceForm::changeEvent(event);
+  if (event->type() == QEvent::FontChange)
+    grids_.SetLastPriceFonts();
+}
 
 int TQuorPriceFrame::GetWidth() {
   ResetSize();

@@ -59,6 +59,7 @@ public:
   void SetSymbol(const std::string& symbol);
 
 protected:
+  void changeEvent(QEvent* event) override;
   void hideEvent(QHideEvent* event) override {
     hint_.Hide(); // it is a window of its own and would stay on the screen
     TQuorPriceForm::hideEvent(event);
@@ -136,7 +137,7 @@ private:
   }
 
   // What a user does.
-  void edtSymbolExit() { SetSymbol(Symbol()); }
+  void edtSymbolExit(Qt::FocusReason reason = Qt::OtherFocusReason);
   void edtSymbolKeyDown(int key) {
     if (key == Platform::TcxPopupEdit::EnterKey)
       edtSymbolExit();

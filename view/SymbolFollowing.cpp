@@ -8,11 +8,33 @@
 #include "model/RecordText.h"
 #include "text/Numbers.h"
 
+#include <QEvent>
+
 namespace Quorpriceview {
 
 using Baseglobalchannelmanager::TCustomGroupData;
 using Baseglobalchannelmanager::TCustomListObject;
 using Baseorderdata::TCustomClientOrder;
+
+namespace {
+
+class TPressFilter : public QObject {
+public:
+  explicit TPressFilter(QWidget* pressed) : QObject(pressed) { pressed->installEventFilter(this); }
+
+protected:
+  bool eventFilter(QObject* pressed, QEvent* event) override {
+    if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonDblClick)
+      return false;
+    pressed->removeEventFilter(this);
+    deleteLater();
+    return true;
+  }
+};
+
+} // namespace
+
+void DropPress(QWidget* pressed) { new TPressFilter(pressed); }
 
 std::string AppliedSymbol(const Platform::TcxPopupEdit& box) { return box.Hint().toStdString(); }
 

@@ -14,6 +14,10 @@ std::string AppliedSymbol(const Platform::TcxPopupEdit& box);
 /// Lets the box resolve and apply a symbol as if it had been typed.
 void EnterSymbol(Platform::TcxPopupEdit& box, const std::string& symbol);
 
+/// Drops the press of a mouse button that is about to reach `pressed`. A press that takes the focus
+/// out of the box may enter another symbol first; it was not meant for what shows that one now.
+void DropPress(QWidget* pressed);
+
 /// Which symbols of others a view follows: its linking group, and the host's default group data
 /// mode (-1 when unset). With the mode unset it follows everybody; otherwise a linked view follows
 /// its own group only, and an unlinked view follows broadcasts and orders only when bit 0 of the

@@ -60,9 +60,11 @@ int FitToColumns(TcxGrid* grid, int margin) {
   return width;
 }
 
-void FitToRows(TcxGrid* grid, int rows) {
-  grid->setFixedHeight(rows * grid->View()->DataRowHeight() + GridBorder);
+int HeightOfRows(const TcxGrid* grid, int rows) {
+  return rows * grid->View()->DataRowHeight() + GridBorder;
 }
+
+void FitToRows(TcxGrid* grid, int rows) { grid->setFixedHeight(HeightOfRows(grid, rows)); }
 
 } // namespace
 
@@ -164,7 +166,11 @@ void TViewMeasures::DetectRowHeight() {
 void TViewMeasures::SetGridHeights(int rows) {
   FitToRows(form_.PriceGrid, rows);
   FitToRows(form_.PerclickPriceGrid, BestPriceRow::Count);
-  FitToRows(form_.PerclickInfoGrid, InfoRow::Count);
+  // At least; its group, which has higher rows to show in it, makes it as high as itself.
+  auto* info = form_.PerclickInfoGrid;
+  info->setMinimumHeight(HeightOfRows(info, InfoRow::Count));
+  if (!info->isVisible())
+    info->resize(info->width(), info->minimumHeight());
   form_.lgPerclick->setFixedHeight(form_.liPerclickPriceGrid->sizeHint().height() +
                                    form_.liLast->sizeHint().height() +
                                    form_.liChange->sizeHint().height() + PerclickGroupMargin);
@@ -184,7 +190,7 @@ void TViewMeasures::SetDisplayModeHeight(int rows) {
 int TViewMeasures::FrameHeight(int rows) {
   SetGridHeights(rows);
   form_.lcGrid->ensurePolished();
-  return std::max(form_.lcGrid->ContentHeight(), MinimumHeight);
+  return std::max(form_.lcGrid->ContentHeight(frameWidth_), MinimumHeight);
 }
 
 } // namespace Quorpriceview

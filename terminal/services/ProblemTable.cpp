@@ -102,6 +102,9 @@ const TProblemRow problemTexts[] = {
     {TradePriceNotNumber, "成交價「%1」並非數字。", "成交价“%1”不是数字。",
      "The trade's price \"%1\" is not a number."},
 
+    // What a user enters.
+    {SymbolUnknown, "找不到「%1」。", "找不到“%1”。", "Nothing is listed as %1."},
+
     // The file of layouts and settings, %1: the name it was given, or why it is of no use, is %2.
     {StoreInUse, "另一個終端正在使用 %1，本終端只讀取其中的設定，不會儲存任何更改。",
      "另一个终端正在使用 %1，本终端只读取其中的设置，不会保存任何更改。",

@@ -70,13 +70,13 @@ double TSpreadTable::PriceStepsAway(double price, int steps) const {
   while (left > 0) {
     const auto* band = steps > 0 ? BandAbove(units) : BandBelow(units);
     if (!band)
-      break;
+      return 0;
     const auto toEdge = steps > 0 ? band->To - units : units - band->From;
     const auto taken = std::min(left, StepsToPass(toEdge, band->Step));
     units += steps > 0 ? taken * band->Step : -taken * band->Step;
     left -= taken;
   }
-  return ToPrice(units);
+  return std::max(ToPrice(units), 0.);
 }
 
 } // namespace Terminal

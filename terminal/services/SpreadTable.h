@@ -23,7 +23,6 @@ public:
 
   int State() const override { return state_; }
   double PriceStep(double price) const override;
-  /// A walk that leaves the bands ends at the first price outside them.
   double PriceStepsAway(double price, int steps) const override;
 
   /// Decimals of the step at `price`; nothing outside the bands.

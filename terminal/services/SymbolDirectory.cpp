@@ -62,13 +62,11 @@ void TSymbolDirectory::Add(std::string_view symbol, std::string_view name,
   if (entry.Names == names)
     return;
   for (const auto& former : entry.Names)
-    if (const auto known = byPlainName_.find(Plain(former));
-        known != byPlainName_.end() && known->second == position)
-      byPlainName_.erase(known);
+    byPlainName_[Plain(former)].erase(position);
   entry.Names = names;
   for (const auto& each : names)
     if (!each.isEmpty())
-      byPlainName_.emplace(Plain(each), position);
+      byPlainName_[Plain(each)].insert(position);
   ++revision_;
 }
 
@@ -88,7 +86,8 @@ const TSymbolDirectory::TEntry* TSymbolDirectory::Find(const QString& text) cons
   if (const auto found = byPlainSymbol_.find(PlainSymbol(text)); found != byPlainSymbol_.end())
     return &entries_[found->second];
   const auto found = byPlainName_.find(Plain(text));
-  return found == byPlainName_.end() ? nullptr : &entries_[found->second];
+  const bool isOne = found != byPlainName_.end() && found->second.size() == 1;
+  return isOne ? &entries_[*found->second.begin()] : nullptr;
 }
 
 std::optional<std::string> TSymbolDirectory::Resolve(std::string_view text) const {

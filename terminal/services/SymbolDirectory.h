@@ -5,6 +5,7 @@
 #include <array>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,8 +31,8 @@ public:
            std::string_view simplifiedName = {});
 
   /// The listed symbol that `text` means: the symbol itself, with or without leading zeros, a
-  /// ".HK" and blanks around it, its full name in any language, or both as Text gives them; in any
-  /// case and in full-width letters as well.
+  /// ".HK" and blanks around it, its full name in any language that no other symbol has, or both as
+  /// Text gives them; in any case and in full-width letters as well.
   std::optional<std::string> Resolve(std::string_view text) const;
 
   /// How the entry is offered for choice: its symbol and its name in a language.
@@ -49,7 +50,7 @@ private:
   std::vector<TEntry> entries_;
   std::map<std::string, std::size_t, std::less<>> bySymbol_; ///< positions in entries_
   std::map<QString, std::size_t> byPlainSymbol_;
-  std::map<QString, std::size_t> byPlainName_;
+  std::map<QString, std::set<std::size_t>> byPlainName_;
   int revision_ = 0;
 };
 

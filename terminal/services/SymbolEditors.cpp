@@ -1,9 +1,14 @@
 #include "terminal/services/SymbolEditors.h"
 
+#include "data/Problem.h"
 #include "platform/PopupEdit.h"
+#include "platform/ToolTip.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QToolTip>
+
+#include <algorithm>
 
 namespace Terminal {
 
@@ -21,6 +26,8 @@ private:
   void OfferCompletions();
   void Resolve();
   void ApplySymbol(const QString& symbol, bool byUser);
+  bool OfferChoice() const;
+  void Refuse(const QString& text);
   void Report();
 
   TSymbolEditors& manager_;
@@ -91,10 +98,34 @@ void TSymbolEditor::Resolve() {
     return;
   if (const auto symbol = manager_.symbols_.Resolve(text.toStdString()))
     ApplySymbol(QString::fromStdString(*symbol), byUser);
-  else if (entering && typed)
-    edit_->selectAll();
-  else
-    edit_->setText(edit_->Hint());
+  else if (!entering || !typed || !OfferChoice())
+    Refuse(typed ? text : QString());
+}
+
+/// Opens the list of what fits the text; false when it is no part of any name.
+bool TSymbolEditor::OfferChoice() const {
+  const auto text = edit_->text();
+  const bool isName = std::ranges::any_of(text, [](QChar c) { return c.isLetter(); });
+  auto* completer = edit_->completer();
+  if (!isName || !completer)
+    return false;
+  completer->setCompletionPrefix(text);
+  if (completer->completionCount() == 0)
+    return false;
+  completer->complete();
+  return true;
+}
+
+/// Puts the hint's symbol back; the user is told about a text of theirs.
+void TSymbolEditor::Refuse(const QString& text) {
+  edit_->setText(edit_->Hint());
+  if (text.trimmed().isEmpty())
+    return;
+  const auto sentence =
+      Sentence({Data::TProblemCode::SymbolUnknown, {text.trimmed().toStdString()}},
+               manager_.languages_.CurrentLanguage());
+  QToolTip::showText(edit_->mapToGlobal(edit_->rect().bottomLeft()),
+                     Platform::ToolTipOf(QString::fromStdString(sentence)), edit_);
 }
 
 void TSymbolEditor::ApplySymbol(const QString& symbol, bool byUser) {

@@ -15,8 +15,8 @@ namespace Terminal {
 class TSymbolEditor;
 
 /// Makes symbol boxes of edits. What the user types is resolved in the directory; a symbol that is
-/// found becomes hint and text. What is not found stays selected in the box after Enter, so that
-/// it can be corrected, and gives way to the hint's symbol when the box is left.
+/// found becomes hint and text. Enter on a name, or a part of it, that fits several opens the list
+/// of them. What is not found gives way to the hint's symbol, and a hint says why.
 class TSymbolEditors : public Editormanager::TEditorManager {
 public:
   /// Both outlive the manager.

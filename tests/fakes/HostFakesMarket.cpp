@@ -2,7 +2,9 @@
 
 #include "host/ConstDef.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace Fakes {
 
@@ -28,11 +30,13 @@ double TFakeSpreadTable::StepAbove(double price) const {
 }
 
 double TFakeSpreadTable::PriceStepsAway(double price, int steps) const {
-  for (; steps > 0; --steps)
-    price = Rounded(price + StepAbove(price));
-  for (; steps < 0; ++steps)
-    price = Rounded(price - PriceStep(price));
-  return price;
+  for (int left = std::abs(steps); left > 0; --left) {
+    const double step = steps > 0 ? StepAbove(price) : PriceStep(price);
+    if (step == 0)
+      return 0;
+    price = Rounded(price + (steps > 0 ? step : -step));
+  }
+  return std::max(price, 0.);
 }
 
 TFakeBroker::TFakeBroker(std::string name_, std::string name1_, std::string name2_,

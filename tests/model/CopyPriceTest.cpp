@@ -200,6 +200,19 @@ TEST_F(TCopyDerivedPriceTest, APriceThatCannotBeDerivedIsLeftUnset) {
   EXPECT_FALSE(Click(9, Column::AskPrice).price.has_value());
 }
 
+TEST_F(TCopyDerivedPriceTest, ALevelThatLiesBeyondTheTableHasNoPrice) {
+  host.market.SetSpreadTable("01", 1, {{0, 10, 0.5}});
+  Record().Set({{Field::BestBid, "1"}, {Field::BestAsk, "9.5"}});
+  EXPECT_EQ(Click(9, Column::BidPrice).price, 0.5);
+  EXPECT_FALSE(Click(10, Column::BidPrice).price.has_value()) << "zero is no price";
+  EXPECT_FALSE(Click(11, Column::BidPrice).price.has_value());
+  EXPECT_EQ(Click(9, Column::AskPrice).price, 10);
+  EXPECT_FALSE(Click(10, Column::AskPrice).price.has_value()) << "the table ends at 10";
+  Record().Set({{Field::BestBid, "20"}, {Field::BestAsk, "20"}});
+  EXPECT_FALSE(Click(9, Column::BidPrice).price.has_value()) << "20 lies in no band";
+  EXPECT_FALSE(Click(9, Column::AskPrice).price.has_value());
+}
+
 TEST_F(TCopyDerivedPriceTest, PricesAreDerivedOnlyForAFeedOfOrderCounts) {
   control.SetSymbol("");
   Record().Set(Field::Bid.Price[1], "100.5"); // the first level beyond the best now has a price

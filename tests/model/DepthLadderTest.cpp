@@ -225,6 +225,12 @@ TEST_F(TPriceStepTest, ThereIsNoStepWithoutAReadySpreadTable) {
   EXPECT_EQ(Step(Side::Bid), "700@1");
 }
 
+TEST_F(TPriceStepTest, ThereIsNoStepWhereNoBandIs) {
+  Record().Set({{Field::BestBid, "1000.5"}, {Field::BestAsk, "0"}});
+  EXPECT_EQ(Step(Side::Bid), "");
+  EXPECT_EQ(Step(Side::Ask), "");
+}
+
 TEST_F(TPriceStepTest, ThereIsNoStepWithoutABestPrice) {
   Record().Remove(Field::BestAsk);
   EXPECT_EQ(Step(Side::Ask), "");

@@ -1,5 +1,6 @@
 #include "platform/GridCell.h"
 
+#include <QFontMetrics>
 #include <QImage>
 #include <QPainter>
 
@@ -164,6 +165,39 @@ TEST(CellPainter, AFigureThatIsTooWideIsSqueezedAndNotCutOff) {
   }
   EXPECT_NE(Painted(Cell("123,456,789", OneLine | DT_RIGHT), bounds),
             Painted(Cell("23,456,789", OneLine | DT_RIGHT), bounds));
+}
+
+TEST(CellPainter, AFigureThatTheOwnerDrawsIsSqueezedToo) {
+  const QRect bounds(20, 10, 50, 20);
+  TCellDescription cell = Cell("10000.005", DT_VCENTER);
+  cell.DrawnByOwner = true;
+  cell.Size = 14;
+  cell.Bold = true;
+  const QImage whole = Painted(cell, bounds);
+  EXPECT_LE(Glyphs(whole).right(), bounds.right() - 1);
+  cell.Text = "10000.00";
+  EXPECT_NE(Painted(cell, bounds), whole) << "the last digit is seen";
+  cell.Text = "10000.005";
+  const QRect wide(20, 10, 150, 20);
+  EXPECT_NEAR(Glyphs(Painted(cell, wide)).height(), Glyphs(whole).height(), 2) << "as high as ever";
+}
+
+TEST(CellPainter, AnIdAtTheLeftThatIsTooWideIsSqueezed) {
+  EXPECT_LE(Glyphs(Painted(Cell("88888888", OneLine), {20, 10, 40, 20})).right(), 58);
+}
+
+TEST(CellPainter, WordsThatAreTooWideAreShortenedAtOneIndent) {
+  const QRect bounds(20, 10, 60, 20);
+  const QFontMetrics metrics(QFont(QFont().family(), 10));
+  for (const char* name : {"HARBOUR SECURITIES", "滙豐金融證券經紀有限公司", "HARBOUR S"}) {
+    const auto shortened = metrics.elidedText(QString::fromUtf8(name), Qt::ElideRight, 60 - 6 - 2);
+    ASSERT_TRUE(shortened.endsWith(QChar(0x2026))) << name;
+    EXPECT_EQ(Painted(Cell(name, OneLine), bounds),
+              Painted(Cell(shortened.toStdString(), OneLine), bounds))
+        << name;
+    EXPECT_GE(Glyphs(Painted(Cell(name, OneLine), bounds)).left(), 26) << name;
+    EXPECT_LE(Glyphs(Painted(Cell(name, OneLine), bounds)).right(), 78) << name;
+  }
 }
 
 TEST(CellPainter, DigitsOfRightAlignedNumbersStandInColumns) {

@@ -125,6 +125,21 @@ TEST_F(TGridMouseTest, ARightClickShowsThePopupMenu) {
   View->SetPopupMenu(nullptr);
 }
 
+TEST_F(TGridMouseTest, AMenuWithoutAVisibleEntryIsNotShown) {
+  QMenu menu;
+  menu.addAction("Detail")->setVisible(false);
+  menu.addAction("Names")->setVisible(false);
+  View->SetPopupMenu(&menu);
+  QContextMenuEvent event(QContextMenuEvent::Mouse, Middle(1, 1), Grid.mapToGlobal(Middle(1, 1)));
+  QApplication::sendEvent(&Grid, &event);
+  EXPECT_FALSE(menu.isVisible());
+  menu.actions().last()->setVisible(true);
+  QApplication::sendEvent(&Grid, &event);
+  EXPECT_TRUE(menu.isVisible());
+  menu.hide();
+  View->SetPopupMenu(nullptr);
+}
+
 TEST_F(TGridMouseTest, AResizeIsTold) {
   QSignalSpy resized(&Grid, &TcxGrid::Resized);
   Grid.resize(180, 120);

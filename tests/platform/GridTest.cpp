@@ -226,7 +226,7 @@ TEST_F(TGridTest, ACellThatIsTooNarrowForItsTextSaysItInAHint) {
   EXPECT_EQ(hover(0), "") << "unless they are asked for";
   View->CellHints = true;
   EXPECT_EQ(hover(1), "");
-  EXPECT_EQ(hover(0), "9,412,345,678,901");
+  EXPECT_EQ(hover(0), "<p>9,412,345,678,901</p>");
   QToolTip::hideText();
 }
 

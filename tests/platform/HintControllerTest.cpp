@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QScreen>
 #include <QTest>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -102,7 +103,7 @@ TEST_F(THintTest, TakesNeitherFocusNorMouse) {
   EXPECT_TRUE(edit.hasFocus());
   EXPECT_EQ(QApplication::activeWindow(), &Owner);
   EXPECT_TRUE(Window().testAttribute(Qt::WA_TransparentForMouseEvents));
-  EXPECT_TRUE(Window().windowFlags() & Qt::WindowTransparentForInput);
+  EXPECT_TRUE(Window().windowHandle()->flags() & Qt::WindowTransparentForInput);
 }
 
 TEST(HintController, TakesItsWindowAlong) {

@@ -38,7 +38,7 @@ protected:
   void Show() {
     Window.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&Window));
-    Control->ContentHeight();
+    Control->ContentHeight(1000);
   }
 
   QRect Place(QWidget* widget) { return {widget->mapTo(Control, QPoint()), widget->size()}; }
@@ -54,7 +54,7 @@ TEST_F(TLayoutTest, ElementsHaveTheirNames) {
 }
 
 TEST_F(TLayoutTest, ContentIsKnownBeforeAnythingWasShown) {
-  EXPECT_EQ(Control->ContentHeight(), 26 + Down + 40);
+  EXPECT_EQ(Control->ContentHeight(1000), 26 + Down + 40);
   EXPECT_EQ(Control->ContentWidth(), 50 + Across + 30);
 }
 
@@ -63,13 +63,13 @@ TEST_F(TLayoutTest, AHiddenElementTakesNoRoomAtOnce) {
     if (shown)
       Show();
     Right->SetVisibleFlag(false);
-    EXPECT_EQ(Control->ContentHeight(), 20 + Down + 40);
+    EXPECT_EQ(Control->ContentHeight(1000), 20 + Down + 40);
     EXPECT_EQ(Control->ContentWidth(), 70);
     Line->SetVisibleFlag(false);
-    EXPECT_EQ(Control->ContentHeight(), 40);
+    EXPECT_EQ(Control->ContentHeight(1000), 40);
     Line->SetVisibleFlag(true);
     Right->SetVisibleFlag(true);
-    EXPECT_EQ(Control->ContentHeight(), 26 + Down + 40);
+    EXPECT_EQ(Control->ContentHeight(1000), 26 + Down + 40);
     EXPECT_EQ(Control->ContentWidth(), 50 + Across + 30);
   }
 }
@@ -87,7 +87,7 @@ TEST_F(TLayoutTest, TheVisibleFlagIsTheElementsOwn) {
 TEST_F(TLayoutTest, AnEmptyGroupTakesNoRoom) {
   Left->SetVisibleFlag(false);
   Right->SetVisibleFlag(false);
-  EXPECT_LE(Control->ContentHeight(), Down + 40);
+  EXPECT_LE(Control->ContentHeight(1000), Down + 40);
 }
 
 TEST_F(TLayoutTest, ContentFollowsAControlsSizeAtOnce) {
@@ -96,11 +96,11 @@ TEST_F(TLayoutTest, ContentFollowsAControlsSizeAtOnce) {
       Show();
     Below->Control()->setFixedHeight(120);
     Left->Control()->setFixedWidth(200);
-    EXPECT_EQ(Control->ContentHeight(), 26 + Down + 120);
+    EXPECT_EQ(Control->ContentHeight(1000), 26 + Down + 120);
     EXPECT_EQ(Control->ContentWidth(), 200 + Across + 30);
     Below->Control()->setFixedHeight(40);
     Left->Control()->setFixedWidth(50);
-    EXPECT_EQ(Control->ContentHeight(), 26 + Down + 40);
+    EXPECT_EQ(Control->ContentHeight(1000), 26 + Down + 40);
   }
 }
 
@@ -108,7 +108,7 @@ TEST_F(TLayoutTest, AnElementAddedOnTheScreenCountsAtOnce) {
   Show();
   auto* group = Root->AddGroup("lgMore", TLayoutDirection::Vertical);
   group->AddItem("liMore", Box(10, 31));
-  EXPECT_EQ(Control->ContentHeight(), 26 + Down + 40 + Down + 31);
+  EXPECT_EQ(Control->ContentHeight(1000), 26 + Down + 40 + Down + 31);
 }
 
 TEST_F(TLayoutTest, LiesAtTheTopWhateverRoomThereIs) {
@@ -123,7 +123,7 @@ TEST_F(TLayoutTest, StretchInsideDoesNotMakeTheContentHigher) {
   Root->AddGroup("lgColumn", TLayoutDirection::Vertical)->AddStretch();
   Root->AddStretch();
   Show();
-  EXPECT_EQ(Root->height(), Control->ContentHeight());
+  EXPECT_EQ(Root->height(), Control->ContentHeight(1000));
   EXPECT_EQ(Place(Below->Control()), QRect(0, 28, 70, 40));
 }
 
@@ -149,7 +149,7 @@ TEST_F(TLayoutTest, FreeWidthGoesToWhoTakesIt) {
   EXPECT_EQ(edit->width(), 300 - taken);
   EXPECT_EQ(Place(last->Control()).right(), 299);
   Left->SetVisibleFlag(false);
-  Control->ContentHeight();
+  Control->ContentHeight(1000);
   EXPECT_EQ(edit->width(), 300 - taken + 50 + Across);
 }
 
@@ -172,7 +172,7 @@ TEST_F(TLayoutTest, AlignPlacesAnElementByItself) {
   Show();
   EXPECT_EQ(Place(Below->Control()).left(), (300 - 70) / 2);
   Root->Align(Below, Qt::AlignRight);
-  Control->ContentHeight();
+  Control->ContentHeight(1000);
   EXPECT_EQ(Place(Below->Control()).right(), 299);
 }
 
@@ -194,11 +194,11 @@ TEST_F(TLayoutTest, AnItemsCaptionStandsBeforeItsControl) {
 TEST_F(TLayoutTest, AGroupShowsItsCaptionOnlyWhenTold) {
   Line->SetCaption("Prices");
   EXPECT_EQ(Line->Caption(), "Prices");
-  EXPECT_EQ(Control->ContentHeight(), 26 + Down + 40);
+  EXPECT_EQ(Control->ContentHeight(1000), 26 + Down + 40);
   Line->ShowCaption();
   const auto* caption = Line->findChild<QLabel*>({}, Qt::FindDirectChildrenOnly);
   EXPECT_EQ(caption->text(), "Prices");
-  EXPECT_EQ(Control->ContentHeight(), caption->sizeHint().height() + Down + 26 + Down + 40);
+  EXPECT_EQ(Control->ContentHeight(1000), caption->sizeHint().height() + Down + 26 + Down + 40);
   Line->SetCaption("Other");
   EXPECT_EQ(caption->text(), "Other");
 }
@@ -210,5 +210,27 @@ TEST_F(TLayoutTest, AGroupOfFixedHeightLeavesItsItemsAlone) {
   group->setFixedHeight(150);
   Show();
   EXPECT_EQ(label->height(), label->sizeHint().height());
-  EXPECT_EQ(Control->ContentHeight(), 26 + Down + 40 + Down + 150);
+  EXPECT_EQ(Control->ContentHeight(1000), 26 + Down + 40 + Down + 150);
+}
+
+TEST_F(TLayoutTest, AWrappingGroupGoesOnInAnotherLineWhereItsElementsDoNotFit) {
+  Line->SetVisibleFlag(false);
+  Below->SetVisibleFlag(false);
+  auto* group = Root->AddGroup("lgLines", TLayoutDirection::Wrapping);
+  group->SetSpacing(10);
+  auto* edit = new QWidget;
+  edit->setMinimumSize(100, 20);
+  auto* taker = group->AddItem("liTaker", edit, true);
+  auto* second = group->AddItem("liSecond", Box(100, 20));
+  auto* third = group->AddItem("liThird", Box(100, 20));
+  EXPECT_EQ(Control->ContentHeight(320), 20);
+  EXPECT_EQ(Control->ContentHeight(319), 20 + Down + 20);
+  EXPECT_EQ(Control->ContentHeight(150), 3 * 20 + 2 * Down);
+  Control->resize(250, 200);
+  Show();
+  EXPECT_EQ(taker->width(), 250 - 10 - 100) << "takes what is free in its line";
+  EXPECT_EQ(second->x(), 150);
+  EXPECT_EQ(third->pos(), QPoint(0, 20 + Down));
+  second->SetVisibleFlag(false);
+  EXPECT_EQ(Control->ContentHeight(250), 20) << "what is hidden takes no room";
 }

@@ -91,7 +91,7 @@ TEST_F(TPageTest, ItsSizeIsThatOfItsContent) {
   Open();
   auto& layout = Find<Platform::TdxLayoutControl>("lcPreference");
   EXPECT_EQ(page->GetWidth(), layout.ContentWidth());
-  EXPECT_EQ(page->GetHeight(), layout.ContentHeight());
+  EXPECT_EQ(page->GetHeight(), layout.ContentHeight(page->GetWidth()));
   EXPECT_GE(page->GetWidth(), 415);
   const int height = page->GetHeight();
   EXPECT_GT(height, 200 + 25);

@@ -77,6 +77,35 @@ TEST_F(TClicksTest, EveryKindOfCellOfTheFullLayout) {
   }
 }
 
+TEST_F(TClicksTest, AClickThatEntersAnotherSymbolCopiesNothing) {
+  host.config.Set(Constdef::Section_QtyButtonCaption,
+                  std::string(Constdef::KeyPrefix_QtyButton) + "1", "1K");
+  FillBook(host.Record("5"));
+  Show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(frame.get()));
+  auto& box = Find<Platform::TcxPopupEdit>("edtSymbol");
+  auto& button = Find<Platform::TcxButton>("btnQty1");
+  const auto leaveWith = [&](const char* text) {
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, QLatin1String(text));
+  };
+  leaveWith("5");
+  Click("PriceGrid", 6, 2);
+  EXPECT_EQ(box.Hint(), "5");
+  EXPECT_TRUE(TakeOrders().empty()) << "it was meant for the price of the symbol before";
+  leaveWith("700");
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(box.Hint(), "700");
+  EXPECT_TRUE(TakeOrders().empty());
+  Click("PriceGrid", 6, 2);
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(TakeOrders().size(), 2u) << "the next ones copy";
+  leaveWith("700");
+  Click("PriceGrid", 6, 2);
+  EXPECT_EQ(TakeOrders().size(), 1u) << "it enters no other symbol";
+}
+
 TEST_F(TClicksTest, EveryKindOfCellOfTheSimpleLayout) {
   Show();
   SetMode(qm10Simple);

@@ -3,6 +3,9 @@
 #include "host/RecordFields.h"
 #include "view/ViewFixture.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
+
 using Platform::TcxLabel;
 using Platform::TdxLayoutItem;
 
@@ -344,6 +347,55 @@ TEST_F(TPanelsTest, SwatchesTakeTheSkinOfTheUpdate) {
   EXPECT_EQ(Colour("lblVCMCASColor"), VcmColour);
   Update({{Field::VcmUpperPrice, "56"}});
   EXPECT_EQ(Colour("lblVCMCASColor"), 0x123456u);
+}
+
+// The lines under six columns
+
+TEST_F(TPanelsTest, WrapWhereTheFrameIsNarrow) {
+  host.SetFeedType(Constdef::FeedType_Delayed);
+  Follow();
+  for (const auto& fields : {Vcm, Pos})
+    Update(fields);
+  Update({{Field::WarrantList, "1"}, {Field::RelatedList, "2"}, {Field::LiquidityProviderList, "3"}});
+  frame->resize(frame->GetWidth(), frame->GetHeight());
+  frame->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(frame.get()));
+  ASSERT_LT(frame->width(), 600);
+  int bottom = 0;
+  for (const auto* label : frame->findChildren<TcxLabel*>()) {
+    if (!label->isVisible())
+      continue;
+    EXPECT_GE(label->width(), label->sizeHint().width()) << label->objectName().toStdString();
+    const QRect place(label->mapTo(frame.get(), QPoint()), label->size());
+    EXPECT_TRUE(frame->rect().contains(place)) << label->objectName().toStdString();
+    bottom = std::max(bottom, place.bottom());
+  }
+  EXPECT_LT(bottom, frame->height());
+  EXPECT_GE(Find<QWidget>("edtSymbol").width(), 200);
+  for (const char* box : {"cmbWarrant", "cmbRelated", "cmbLiqProvider"}) {
+    const auto& widget = Find<QWidget>(box);
+    EXPECT_TRUE(frame->rect().contains(QRect(widget.mapTo(frame.get(), QPoint()), widget.size())))
+        << box;
+  }
+}
+
+TEST_F(TPanelsTest, MessagesThatAreTooLongAreShortenedWithAGap) {
+  Follow();
+  const std::string words = "A message of the exchange that is far longer than its half of the line. ";
+  Update({{Field::FirstMessage, words + words}, {Field::SecondMessage, words + words}});
+  frame->resize(frame->GetWidth(), frame->GetHeight());
+  frame->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(frame.get()));
+  auto& left = Find<TcxLabel>("lblLeftText");
+  auto& right = Find<TcxLabel>("lblRightText");
+  const int gap = right.mapTo(frame.get(), QPoint()).x() -
+                  left.mapTo(frame.get(), QPoint(left.width(), 0)).x();
+  EXPECT_GE(gap, 12);
+  EXPECT_LE(right.mapTo(frame.get(), QPoint(right.width(), 0)).x(), frame->width());
+  QHelpEvent help(QEvent::ToolTip, {5, 5}, right.mapToGlobal(QPoint(5, 5)));
+  QApplication::sendEvent(&right, &help);
+  EXPECT_TRUE(QToolTip::text().contains(QString::fromStdString(words))) << "as a whole";
+  QToolTip::hideText();
 }
 
 } // namespace

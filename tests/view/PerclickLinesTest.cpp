@@ -3,6 +3,8 @@
 #include "host/RecordFields.h"
 #include "view/ViewFixture.h"
 
+#include <cmath>
+
 using Platform::TcxLabel;
 
 namespace {
@@ -37,6 +39,28 @@ TEST_F(TPerclickLinesTest, ShowPriceChangeAndTimeOfTheSnapshot) {
   EXPECT_EQ(Text("lblLast"), "318.200");
   EXPECT_EQ(Text("lblChange"), "chg(+1.2)   chg%(0.38)");
   EXPECT_EQ(Text("lblUpdateTime"), "Res_UpdateTime: 09:30:01");
+}
+
+TEST_F(TPerclickLinesTest, TheSummaryIsAsHighAsThePricesBesideIt) {
+  Follow();
+  frame->resize(frame->GetWidth(), frame->GetHeight());
+  frame->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(frame.get()));
+  const auto& info = Find<Platform::TcxGrid>("PerclickInfoGrid");
+  EXPECT_EQ(info.height(), Find<QWidget>("lgPerclick").height());
+  const int row = info.View()->DataRowHeight();
+  for (const int value : {1, 3})
+    EXPECT_EQ(info.View()->CellBounds(value, ColumnOf("PerclickInfoGrid", 10000)).height(),
+              static_cast<int>(std::nearbyint(row * 1.5)));
+}
+
+TEST_F(TPerclickLinesTest, TheLastPriceFollowsTheFont) {
+  Follow();
+  QFont font = frame->font();
+  font.setPointSize(14);
+  frame->setFont(font);
+  EXPECT_EQ(Find<TcxLabel>("lblLast").font().pointSize(), 20);
+  EXPECT_EQ(Find<TcxLabel>("lblChange").font().pointSize(), 16);
 }
 
 TEST_F(TPerclickLinesTest, BeforeTheFirstSnapshotTheTimeIsEmpty) {

@@ -61,4 +61,24 @@ TEST_F(TQtyButtonsTest, AnAmpersandIsNoKey) {
   EXPECT_TRUE(form.btnQty[0]->shortcut().isEmpty());
 }
 
+TEST_F(TQtyButtonsTest, ACaptionIsNeverCutAndItsWholeIsTheToolTip) {
+  form.setFont(QFont(form.font().family(), 14));
+  auto& button = *form.btnQty[0];
+  const auto seen = [&](const char* caption) {
+    Configure("Btn1", caption);
+    SetQtyButtonCaption(form);
+    return button.grab().toImage();
+  };
+  seen("");
+  EXPECT_EQ(button.toolTip(), "");
+  // The first and the last digit are seen.
+  const QImage whole = seen("1,500,000");
+  EXPECT_NE(whole, seen("2,500,000"));
+  EXPECT_NE(whole, seen("1,500,008"));
+  EXPECT_TRUE(button.toolTip().contains("1,500,008"));
+  for (const int x : {3, 4, whole.width() - 5, whole.width() - 4})
+    for (int y = 3; y < whole.height() - 3; ++y)
+      ASSERT_GT(qGray(whole.pixel(x, y)), 160) << "no digit reaches the border";
+}
+
 } // namespace

@@ -117,7 +117,7 @@ TEST_F(TQuorPriceFormTest, TheRootStandsFromTopToBottomInOrder) {
                                    "lgVCMCAS", "liDelay", "liUpdateTime", "lgBtn"};
   for (const char* name : order)
     Find<QWidget>(name).show();
-  form.resize(700, form.lcGrid->ContentHeight());
+  form.resize(700, form.lcGrid->ContentHeight(700));
   form.show();
   int bottom = 0;
   for (const char* name : order) {
@@ -132,7 +132,7 @@ class TRowTest : public TQuorPriceFormTest,
 TEST_P(TRowTest, StandsFromLeftToRightInOrder) {
   for (auto* element : form.findChildren<TdxLayoutElement*>())
     element->show();
-  form.resize(2000, form.lcGrid->ContentHeight());
+  form.resize(2000, form.lcGrid->ContentHeight(700));
   form.show();
   int right = -1;
   for (const char* name : GetParam()) {

@@ -322,7 +322,7 @@ TEST_F(TRelatedTest, AWheelThatPassesOverABoxChangesNothing) {
   EXPECT_EQ(Symbol(), "700");
   box.setFocus();
   turn();
-  EXPECT_EQ(Symbol(), "5") << "with the focus it is the user's choice";
+  EXPECT_EQ(Symbol(), "700") << "with the focus, too";
 }
 
 } // namespace

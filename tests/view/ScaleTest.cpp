@@ -114,13 +114,9 @@ TEST_F(TScaleTest, TheScaleMessageDoesNothingAtAnotherScale) {
   EXPECT_TRUE(host.viewHost.TakeNotifications().empty());
 }
 
-TEST_F(TScaleTest, TheLastPriceTakesItsFontFromTheFrameAtAChangeOfScale) {
+TEST_F(TScaleTest, TheLastPriceTakesItsFontFromTheFrame) {
   Open();
   frame->SetFont("DejaVu Sans", 15, 0);
-  host.config.Announce();
-  EXPECT_NE(Find<TcxLabel>("lblLast").font().pointSize(), 21);
-  SetScale("115");
-  host.config.Announce();
   EXPECT_EQ(Find<TcxLabel>("lblLast").font().pointSize(), 21);
   EXPECT_EQ(Find<TcxLabel>("lblChange").font().pointSize(), 17);
 }

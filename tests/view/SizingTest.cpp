@@ -292,11 +292,11 @@ TEST_F(TSizingTest, AViewIsAsHighAsItsContentAndNeverUnderThreeHundred) {
   Open();
   auto& content = Find<TdxLayoutControl>("lcGrid");
   SetRowHeight(5);
-  ASSERT_LT(content.ContentHeight(), 300);
+  ASSERT_LT(content.ContentHeight(content.width()), 300);
   EXPECT_EQ(frame->GetHeight(), 300);
   SetRowHeight(50);
   const int height = frame->GetHeight();
-  EXPECT_EQ(height, content.ContentHeight());
+  EXPECT_EQ(height, content.ContentHeight(content.width()));
   EXPECT_GT(height, 13 * 50 + 6);
 }
 

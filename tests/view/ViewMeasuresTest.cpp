@@ -271,7 +271,7 @@ TEST_F(TViewMeasuresTest, AFrameIsAsHighAsItsContentAndNeverUnderThreeHundred) {
   EXPECT_EQ(measures.FrameHeight(13), 300);
   SetRowHeight(50);
   const int height = measures.FrameHeight(13);
-  EXPECT_EQ(height, form.lcGrid->ContentHeight());
+  EXPECT_EQ(height, form.lcGrid->ContentHeight(measures.FrameWidth()));
   EXPECT_GT(height, 13 * 50 + 6);
   EXPECT_EQ(measures.FrameHeight(18), height + 5 * 50);
 }

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCompleter>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -157,15 +158,63 @@ TEST_F(TSymbolBoxTest, LeavingTheBoxResolvesWhatWasTyped) {
   EXPECT_EQ(Heard, QStringList{"700"});
 }
 
-TEST_F(TSymbolBoxTest, AnUnknownSymbolStaysSelectedAfterEnterAndGivesWayWhenTheBoxIsLeft) {
+TEST_F(TSymbolBoxTest, AnUnknownSymbolGivesWayAndAHintSaysWhy) {
   Enter("700");
   Enter("12345");
   EXPECT_EQ(Edit->Hint(), "700");
-  EXPECT_EQ(Edit->text(), "12345");
-  EXPECT_EQ(Edit->selectedText(), "12345");
+  EXPECT_EQ(Edit->text(), "700");
+  EXPECT_TRUE(QToolTip::text().contains("Nothing is listed as 12345."));
+  QToolTip::hideText();
+  Type("<b>x</b>");
   Leave();
   EXPECT_EQ(Edit->Hint(), "700");
   EXPECT_EQ(Edit->text(), "700");
+  EXPECT_TRUE(QToolTip::text().contains("Nothing is listed as &lt;b&gt;x&lt;/b&gt;."))
+      << QToolTip::text().toStdString();
+}
+
+TEST_F(TSymbolBoxTest, EscapeShowsTheSymbolAgain) {
+  Enter("700");
+  Type("5");
+  Edit->completer()->popup()->hide();
+  QTest::keyClick(Edit, Qt::Key_Escape);
+  EXPECT_EQ(Edit->text(), "700");
+  EXPECT_EQ(Edit->selectedText(), "700");
+  Leave();
+  EXPECT_EQ(Edit->Hint(), "700");
+}
+
+TEST_F(TSymbolBoxTest, ANameThatFitsSeveralOpensTheList) {
+  Symbols.Add("11", "HSBC PREF");
+  Enter("700");
+  Enter("hsbc");
+  auto* list = Edit->completer()->popup();
+  ASSERT_TRUE(list->isVisible());
+  EXPECT_EQ(list->model()->rowCount(), 2);
+  EXPECT_EQ(Edit->text(), "hsbc");
+  EXPECT_EQ(Edit->Hint(), "700");
+  QTest::keyClick(list, Qt::Key_Down);
+  QTest::keyClick(list, Qt::Key_Down);
+  QTest::keyClick(list, Qt::Key_Return);
+  EXPECT_EQ(Edit->Hint(), "11");
+}
+
+TEST_F(TSymbolBoxTest, AFullNameThatTwoHaveOpensTheList) {
+  Symbols.Add("11", "HSBC HOLDINGS");
+  Enter("hsbc holdings");
+  EXPECT_TRUE(Edit->completer()->popup()->isVisible());
+  EXPECT_EQ(Edit->Hint(), "");
+  Edit->completer()->popup()->hide();
+  EXPECT_EQ(Symbols.Resolve("11  HSBC HOLDINGS"), "11");
+}
+
+TEST_F(TSymbolBoxTest, AClickIntoTheBoxSelectsItsText) {
+  Enter("700");
+  Leave();
+  QTest::mouseClick(Edit, Qt::LeftButton, {}, {20, Edit->height() / 2});
+  EXPECT_EQ(Edit->selectedText(), "700");
+  QTest::mouseClick(Edit, Qt::LeftButton, {}, {20, Edit->height() / 2});
+  EXPECT_EQ(Edit->selectedText(), "") << "the next one places the caret";
 }
 
 TEST_F(TSymbolBoxTest, AClearedBoxShowsItsSymbolAgainWhenItIsLeft) {

@@ -108,13 +108,19 @@ TEST(SpreadTable, AWalkEndsOnTheDecimalPriceItself) {
   EXPECT_EQ(table.PriceStepsAway(0.07, 700), 7.07);
 }
 
-TEST(SpreadTable, AWalkOutOfTheBandsEndsOutsideThem) {
+TEST(SpreadTable, AWalkOutOfTheBandsLeadsToNoPrice) {
   const TEquities table;
-  EXPECT_EQ(table.PriceStepsAway(9990, 100), 9995);
-  EXPECT_EQ(table.PriceStepsAway(0.012, -100), 0.01);
-  EXPECT_EQ(table.PriceStepsAway(12000, 3), 12000);
-  EXPECT_EQ(table.PriceStepsAway(0.25, std::numeric_limits<int>::min()), 0.01);
-  EXPECT_EQ(TSpreadTable().PriceStepsAway(5, 3), 5);
+  EXPECT_EQ(table.PriceStepsAway(9990, 1), 9995);
+  EXPECT_EQ(table.PriceStepsAway(9990, 2), 0);
+  EXPECT_EQ(table.PriceStepsAway(0.012, -2), 0.01);
+  EXPECT_EQ(table.PriceStepsAway(0.012, -3), 0);
+  EXPECT_EQ(table.PriceStepsAway(12000, 3), 0);
+  EXPECT_EQ(table.PriceStepsAway(0.25, std::numeric_limits<int>::min()), 0);
+  EXPECT_EQ(TSpreadTable().PriceStepsAway(5, 3), 0);
+  TSpreadTable fromZero;
+  fromZero.Define(1, {{0, 0.25, 0.001}});
+  EXPECT_EQ(fromZero.PriceStepsAway(0.002, -1), 0.001);
+  EXPECT_EQ(fromZero.PriceStepsAway(0.002, -2), 0);
 }
 
 TEST(SpreadTable, AWalkThereAndBackReturnsToItsStart) {
