@@ -19,7 +19,8 @@ constexpr int SymbolMinimumWidth = 200;
 constexpr int ComboWidth = 100;
 constexpr QSize SwatchSize(20, 17);
 constexpr QSize QtyButtonSize(65, 25);
-constexpr int PanelSpacing = 12; // between a pair of caption and figure and the next
+constexpr int QtyButtonMargin = 4; // around its caption
+constexpr int PanelSpacing = 12;   // between a pair of caption and figure and the next
 constexpr int HintFontSize = 8;
 
 template <typename TControl> TControl* Named(const QString& name, TControl* control) {
@@ -48,7 +49,8 @@ protected:
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
-    const int room = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this).width();
+    const int room = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this).width() -
+                     QtyButtonMargin;
     const int width = option.fontMetrics.size(Qt::TextShowMnemonic, text()).width();
     if (width > room) {
       QFont fitting = font();
