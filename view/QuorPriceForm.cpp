@@ -19,7 +19,7 @@ constexpr int SymbolMinimumWidth = 200;
 constexpr int ComboWidth = 100;
 constexpr QSize SwatchSize(20, 17);
 constexpr QSize QtyButtonSize(65, 25);
-constexpr int QtyButtonMargin = 4; // around its caption
+constexpr int QtyButtonMargin = 8; // around its caption
 constexpr int PanelSpacing = 12;   // between a pair of caption and figure and the next
 constexpr int HintFontSize = 8;
 
