@@ -5,7 +5,7 @@
 packages=(
   g++ cmake ninja-build python3
   qt6-base-dev libqt6sql6-sqlite libsimdjson-dev
-  libgtest-dev libbenchmark-dev
+  libgtest-dev libbenchmark-dev xvfb xauth xdotool
   fonts-dejavu-core fonts-noto-cjk
 )
 

@@ -5,8 +5,6 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 
-#include <utility>
-
 namespace Platform {
 
 namespace {
@@ -31,21 +29,20 @@ void TcxPopupEdit::Exit(Qt::FocusReason reason) {
   emit Exited(reason);
 }
 
-void TcxPopupEdit::focusInEvent(QFocusEvent* event) {
-  QLineEdit::focusInEvent(event);
-  isEntered_ = event->reason() == Qt::MouseFocusReason;
-}
-
 /// Pressing the button places the caret, so all is selected when it is released, unless the mouse
 /// was drawn over a part of it.
 void TcxPopupEdit::mouseReleaseEvent(QMouseEvent* event) {
   QLineEdit::mouseReleaseEvent(event);
-  if (std::exchange(isEntered_, false) && !hasSelectedText())
+  if (hasSelectedText() || text() != hint_)
+    return;
+  isClicked_ = !isClicked_;
+  if (isClicked_)
     selectAll();
 }
 
 void TcxPopupEdit::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
+  isClicked_ = false;
   // Of another window's becoming active the form hears nothing: its focus stays in the box. A form
   // that is destroyed loses its window first, too, and could not answer any more.
   if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
@@ -64,6 +61,7 @@ void TcxPopupEdit::ApplyCompletion() {
 }
 
 void TcxPopupEdit::keyPressEvent(QKeyEvent* event) {
+  isClicked_ = false;
   if (!IsEnter(*event)) {
     emit KeyDown(event->key());
     if (event->key() == Qt::Key_Escape && text() != hint_) {

@@ -8,7 +8,8 @@ namespace Platform {
 
 /// An edit whose hint holds what its text was last resolved to. Leaving the box, by focus or by
 /// PerformExit, and pressing Enter first run the resolver that its editor manager put there, then
-/// tell the owner. Escape puts the hint back, and a click into the box selects all of it.
+/// tell the owner. Escape puts the hint back. A click selects all of it, the next one places the
+/// caret; in a text that is being typed each one does.
 class Q_DECL_EXPORT TcxPopupEdit : public QLineEdit {
   Q_OBJECT
 
@@ -38,7 +39,6 @@ signals:
   void KeyPress(int character);
 
 protected:
-  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -49,7 +49,7 @@ private:
   void ApplyCompletion();
 
   QString hint_;
-  bool isEntered_ = false; ///< the mouse button is down that brought the focus
+  bool isClicked_ = false; ///< a click has selected all, and nothing was done since
 };
 
 } // namespace Platform
