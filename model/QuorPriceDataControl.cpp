@@ -253,7 +253,13 @@ void TCustomQuorMarketDataControl::AppendDetailRows() {
     return;
   if (!detailControl_)
     detailControl_ = std::make_unique<TCustomQuorDetailDataControl>(this, TIssueSizeStyle::Amount);
+  detailControl_->OnChange = nullptr; // the caller tells of what happens here
   detailControl_->SetSymbol(std::string(record_->Symbol()));
+  // Of an update of the underlying nobody else tells.
+  detailControl_->OnChange = [this](System::TObject*) {
+    if (DetailInUse())
+      Changed();
+  };
   header_.AppendDetail(*detailControl_, RowCount());
 }
 

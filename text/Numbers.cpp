@@ -116,21 +116,21 @@ void WriteQuantityText(std::string& text, std::string_view given) {
   }
 }
 
-std::string AbbreviatedNumber(double value, int most) {
-  struct TUnit {
-    double Size;
-    const char* Letter;
+std::string AbbreviatedNumber(double value, int decimals, std::span<const TUnit> units) {
+  decimals = std::clamp(decimals, 0, MaxDecimals);
+  const TUnit* unit = nullptr;
+  // What rounding would bring to the size of a unit is one of it.
+  const auto reaches = [&](const TUnit& next) {
+    const double size = unit ? unit->Size : 1;
+    return std::abs(value) / size >= next.Size / size - 0.5 * std::pow(10, -decimals);
   };
-  static constexpr TUnit units[] = {{1, ""}, {1e3, "K"}, {1e6, "M"}, {1e9, "B"}};
-  const int decimals = std::clamp(most, 0, MaxDecimals);
-  // What rounding would bring to a thousand of a unit is one of the next.
-  const double nearlyThousand = 1000 - 0.5 * std::pow(10, -decimals);
-  const auto* unit = units;
-  while (unit + 1 != std::end(units) && std::abs(value) / unit->Size >= nearlyThousand)
-    ++unit;
+  for (const TUnit& next : units)
+    if (reaches(next))
+      unit = &next;
   std::string text;
-  WriteNumber(text, value / unit->Size, 0, decimals, TGrouping::Thousands);
-  return text.empty() ? text : text + unit->Letter;
+  WriteNumber(text, unit ? value / unit->Size : value, unit ? decimals : 0, decimals,
+              TGrouping::Thousands);
+  return text.empty() || !unit ? text : text + unit->Name;
 }
 
 } // namespace Text

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -44,7 +45,15 @@ void WritePriceText(std::string& text, std::string_view given, std::optional<int
 /// as it is.
 void WriteQuantityText(std::string& text, std::string_view given);
 
-/// 1234567 as 1.23M: thousands K, millions M, billions B, with at most `most` decimals.
-std::string AbbreviatedNumber(double value, int most);
+/// What large numbers are counted in: millions, say.
+struct TUnit {
+  double Size;
+  const char* Name;
+};
+
+/// `value` in the largest of `units`, ascending, that it reaches, with that many decimals and the
+/// unit's name: 1.50M. Below all of them, with no more decimals than it needs. Empty for what is
+/// not finite.
+std::string AbbreviatedNumber(double value, int decimals, std::span<const TUnit> units);
 
 } // namespace Text

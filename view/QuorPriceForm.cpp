@@ -2,11 +2,11 @@
 
 #include "host/ConstDef.h"
 #include "view/CaptionImages.h"
+#include "view/SymbolCombo.h"
 
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QVBoxLayout>
-#include <QWheelEvent>
 
 namespace Quorpriceview {
 
@@ -27,19 +27,6 @@ template <typename TControl> TControl* Named(const QString& name, TControl* cont
   control->setObjectName(name);
   return control;
 }
-
-/// A box of symbols. A wheel that passes over it must not change the view's symbol, and that of its
-/// whole group: only the open list can be turned.
-class TSymbolCombo : public TcxComboBox {
-public:
-  TSymbolCombo() {
-    setFixedWidth(ComboWidth);
-    setFocusPolicy(Qt::StrongFocus);
-  }
-
-protected:
-  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-};
 
 /// A quantity button whose caption is as large as there is room for. A part of a quantity would be
 /// another one.
@@ -66,6 +53,7 @@ protected:
 
 TdxLayoutItem* AddCombo(TdxLayoutGroup* group, const QString& name, TcxComboBox*& combo) {
   combo = Named("cmb" + name, new TSymbolCombo);
+  combo->setFixedWidth(ComboWidth);
   return group->AddItem("li" + name, combo);
 }
 

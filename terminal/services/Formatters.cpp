@@ -17,6 +17,18 @@ namespace {
 /// Amounts from here on are shortened.
 constexpr double ShortenedFrom = 10'000'000;
 
+constexpr Text::TUnit TraditionalUnits[] = {{1e4, "萬"}, {1e8, "億"}, {1e12, "萬億"}};
+constexpr Text::TUnit SimplifiedUnits[] = {{1e4, "万"}, {1e8, "亿"}, {1e12, "万亿"}};
+constexpr Text::TUnit EnglishUnits[] = {{1e3, "K"}, {1e6, "M"}, {1e9, "B"}, {1e12, "T"}};
+
+std::span<const Text::TUnit> UnitsOf(int language) {
+  if (language == Constdef::Language_TraditionalChinese)
+    return TraditionalUnits;
+  if (language == Constdef::Language_SimplifiedChinese)
+    return SimplifiedUnits;
+  return EnglishUnits;
+}
+
 /// The price that decides in which band the symbol trades; 0 when there is none.
 double ReferencePrice(const TCustomSubItem& record) {
   for (const int field : {Host::Field::Nominal, Host::Field::PreviousClose, Host::Field::BestBid,
@@ -62,6 +74,20 @@ std::optional<int> PriceDecimals(const TCustomSubItem& record, TMarketAdapter& m
   return table->Decimals(ReferencePrice(record));
 }
 
+std::optional<int> LadderDecimals(const TCustomSubItem& record, TMarketAdapter& market) {
+  auto decimals = PriceDecimals(record, market);
+  const auto* table =
+      decimals ? market.GetSpreadTable(record.GetText(Host::Field::SpreadCode)) : nullptr;
+  // Of a book, the bands are known by its two ends.
+  for (const auto* side : {&Host::Field::Bid, &Host::Field::Ask}) {
+    const auto end = std::find_if(side->Price.rbegin(), side->Price.rend(),
+                                  [&record](int field) { return record.HasValue(field); });
+    if (table && end != side->Price.rend())
+      decimals = std::max(decimals, table->Decimals(record.GetNumber(*end)));
+  }
+  return decimals;
+}
+
 std::string TFormatter::FormatNumber(double value, int flag) {
   const int decimals = flag == 0 ? 0 : 2;
   std::string text;
@@ -78,18 +104,18 @@ std::string TFormatter::FormatQuantity(double value) {
 std::string TFormatter::FormatAmount(std::string_view, double value) {
   // What would not fit a column of figures is shortened.
   if (std::abs(value) >= ShortenedFrom)
-    return Text::AbbreviatedNumber(value, 2);
+    return FormatAbbreviatedAmount(value, 2);
   const bool isWhole = std::round(value * 100) == std::round(value) * 100;
   return FormatNumber(value, isWhole ? 0 : 1);
 }
 
 std::string TFormatter::FormatAbbreviatedAmount(double value, int precision) {
-  return Text::AbbreviatedNumber(value, precision);
+  return Text::AbbreviatedNumber(value, precision, UnitsOf(languages_.CurrentLanguage()));
 }
 
 std::string TFormatter::FormatPrice(std::string_view symbol, int precision, double value) {
   const auto* record = precision == 0 ? records_.Find(symbol) : nullptr;
-  const int least = record ? PriceDecimals(*record, market_).value_or(0) : 0;
+  const int least = record ? LadderDecimals(*record, market_).value_or(0) : 0;
   const int most = precision == 0 ? Text::MaxDecimals : std::clamp(precision, 0, Text::MaxDecimals);
   std::string text;
   Text::WriteNumber(text, value, least, most, Text::TGrouping::None);
@@ -101,7 +127,7 @@ bool TMarketDataFormatter::FormatPrice(const TCustomSubItem& record, int field, 
   const auto given = FieldText(record, field);
   if (given.empty())
     return false;
-  Text::WritePriceText(text, given, PriceDecimals(record, market_));
+  Text::WritePriceText(text, given, LadderDecimals(record, market_));
   return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/BaseFormatter.h"
 #include "host/ICommon.h"
+#include "terminal/services/LanguageTexts.h"
 #include "terminal/services/MarketAdapter.h"
 #include "terminal/services/SubscribeAdapter.h"
 
@@ -12,22 +13,29 @@ namespace Terminal {
 std::optional<int> PriceDecimals(const Basesubscribedata::TCustomSubItem& record,
                                  TMarketAdapter& market);
 
+/// The same for the prices of its book too, each of which may lie in another band: the most that
+/// one of them has, so that they all have as many.
+std::optional<int> LadderDecimals(const Basesubscribedata::TCustomSubItem& record,
+                                  TMarketAdapter& market);
+
 /// Texts of numbers. No price is cut: it shows every decimal it has, eight at most.
 class TFormatter : public Baseformatter::TCustomFormatter {
 public:
-  TFormatter(TMarketAdapter& market, const TSubscribeAdapter& records)
-      : market_(market), records_(records) {}
+  TFormatter(TMarketAdapter& market, const TSubscribeAdapter& records, TLanguageTexts& languages)
+      : market_(market), records_(records), languages_(languages) {}
 
   std::string FormatNumber(double value, int flag) override;
   std::string FormatQuantity(double value) override;
-  /// Whole amounts without decimals, others with two.
+  /// Whole amounts without decimals, others with two; what would not fit a column is shortened.
   std::string FormatAmount(std::string_view symbol, double value) override;
+  /// In the units of the language.
   std::string FormatAbbreviatedAmount(double value, int precision) override;
   std::string FormatPrice(std::string_view symbol, int precision, double value) override;
 
 private:
   TMarketAdapter& market_;
   const TSubscribeAdapter& records_;
+  TLanguageTexts& languages_;
 };
 
 /// Texts of record fields. A text that is no number is shown as it stands.

@@ -51,7 +51,7 @@ public:
   TTradeSideDetector TradeSides;
   TMarketAdapter Market{Symbols};
   TSubscribeAdapter Subscriptions{Symbols, TradeSides};
-  TFormatter Formatter{Market, Subscriptions};
+  TFormatter Formatter{Market, Subscriptions, Languages};
   TMarketDataFormatter MarketDataFormatter{Market};
   TOrderAdapter Orders;
   TUserProfile Profile;

@@ -1,5 +1,7 @@
 #include "terminal/services/SubscribeAdapter.h"
 
+#include "text/Numbers.h"
+
 namespace Terminal {
 
 using Basesubscribedata::TCustomSubItem;
@@ -67,8 +69,10 @@ void TSubscribeAdapter::Apply(const Data::TRecordChange& change) {
   auto& record = Provide(change.Symbol);
   if (!record.named_)
     symbols_.Add(change.Symbol);
-  for (const auto& trade : change.Trades)
+  for (auto trade : change.Trades) {
+    Text::WriteQuantityText(trade.Quantity, std::string(trade.Quantity));
     trades_.AddTrade(change.Symbol, trade);
+  }
   record.Merge(change);
   record.realtimeListeners_.Notify(&record);
   record.updateHandlers_.Notify(this, &record);

@@ -70,7 +70,8 @@ protected:
   Terminal::TTradeSideDetector Trades;
   Terminal::TMarketAdapter Market{Symbols};
   Terminal::TSubscribeAdapter Adapter{Symbols, Trades};
-  TFormatter Formatter{Market, Adapter};
+  Terminal::TLanguageTexts Languages;
+  TFormatter Formatter{Market, Adapter, Languages};
   TMarketDataFormatter MarketData{Market};
 
 private:
@@ -104,21 +105,50 @@ TEST_F(TFormatsTest, AnAmountHasCentsWhenItHasAFractionAndIsShortenedFromTenMill
   EXPECT_EQ(Formatter.FormatAmount("700", 1234.5), "1,234.50");
   EXPECT_EQ(Formatter.FormatAmount("700", 1999.999), "2,000");
   EXPECT_EQ(Formatter.FormatAmount("700", 9999999), "9,999,999");
-  EXPECT_EQ(Formatter.FormatAmount("700", 10000000), "10M");
-  EXPECT_EQ(Formatter.FormatAmount("700", 3012345678901), "3,012.35B");
+  EXPECT_EQ(Formatter.FormatAmount("700", 10000000), "10.00M");
+  EXPECT_EQ(Formatter.FormatAmount("700", 3012345678901), "3.01T");
 }
 
 TEST_F(TFormatsTest, AnAbbreviatedAmountIsInThousandsMillionsOrBillions) {
   EXPECT_EQ(Formatter.FormatAbbreviatedAmount(0, 2), "0");
   EXPECT_EQ(Formatter.FormatAbbreviatedAmount(950.255, 2), "950.25");
-  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(1500, 2), "1.5K");
-  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(1000000, 2), "1M");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(1500, 2), "1.50K");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(1000000, 2), "1.00M");
   EXPECT_EQ(Formatter.FormatAbbreviatedAmount(1234567, 2), "1.23M");
   EXPECT_EQ(Formatter.FormatAbbreviatedAmount(4560000000, 2), "4.56B");
-  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(3012345678901, 1), "3,012.3B");
-  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(999999999, 2), "1B");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(3012345678901, 1), "3.0T");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(999999999, 2), "1.00B");
   EXPECT_EQ(Formatter.FormatAbbreviatedAmount(999994999, 2), "999.99M");
   EXPECT_EQ(Formatter.FormatAbbreviatedAmount(-1234567, 0), "-1M");
+}
+
+TEST_F(TFormatsTest, AmountsHaveTheUnitsOfTheLanguage) {
+  Languages.SetLanguage(Constdef::Language_TraditionalChinese);
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(9500, 2), "9,500");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(12000, 2), "1.20萬");
+  EXPECT_EQ(Formatter.FormatAbbreviatedAmount(99999999, 2), "1.00億");
+  EXPECT_EQ(Formatter.FormatAmount("700", 580000000), "5.80億");
+  EXPECT_EQ(Formatter.FormatAmount("700", 2927440000000), "2.93萬億");
+  Languages.SetLanguage(Constdef::Language_SimplifiedChinese);
+  EXPECT_EQ(Formatter.FormatAmount("700", 10000000), "1,000.00万");
+  EXPECT_EQ(Formatter.FormatAmount("700", 580000000), "5.80亿");
+  EXPECT_EQ(Formatter.FormatAmount("700", 2927440000000), "2.93万亿");
+}
+
+TEST_F(TFormatsTest, AllPricesOfALadderHaveTheDecimalsThatOneOfThemNeeds) {
+  const auto& record = Record({{Field::SpreadCode, "01"},
+                               {Field::Nominal, "0.3"},
+                               {Field::BestBid, "0.3"},
+                               {Field::Bid.Price[1], "0.25"},
+                               {Field::Bid.Price[2], "0.249"},
+                               {Field::BestAsk, "0.35"},
+                               {Field::Ask.Price[1], "0.4"}});
+  EXPECT_EQ(Price(record, Field::BestBid), "0.300");
+  EXPECT_EQ(Price(record, Field::Bid.Price[1]), "0.250");
+  EXPECT_EQ(Price(record, Field::Bid.Price[2]), "0.249");
+  EXPECT_EQ(Price(record, Field::Ask.Price[1]), "0.400");
+  EXPECT_EQ(Price(record, Field::Nominal), "0.300");
+  EXPECT_EQ(Formatter.FormatPrice(record.Symbol(), 0, 0.3), "0.300") << "as the nominal reads";
 }
 
 TEST_F(TFormatsTest, APriceHasTheDecimalsOfItsStepAtTheNominalPrice) {

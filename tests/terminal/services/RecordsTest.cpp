@@ -201,6 +201,14 @@ TEST_F(TRecordsTest, TheTradesOfAChangeAreKnownBeforeItsFollowersHear) {
   EXPECT_EQ(latest, "09:30:02");
 }
 
+TEST_F(TRecordsTest, TheQuantitiesOfTradesAreGroupedLikeOthers) {
+  Data::TRecordChange change{.Symbol = "700"};
+  change.Trades = {{"09:30:01", "B", "1234500", 318.2}, {"09:30:02", "", "12,000", 318.4}};
+  Adapter.Apply(change);
+  EXPECT_EQ(Trades.GetSymbolMarketTrade("700")->GetTrade(1)->Quantity, "1,234,500");
+  EXPECT_EQ(Trades.GetSymbolMarketTrade("700")->GetTrade(0)->Quantity, "12,000");
+}
+
 TEST(Trades, AreLatestFirstAndFiftyAtMost) {
   Terminal::TTradeSideDetector detector;
   EXPECT_EQ(detector.GetSymbolMarketTrade("700"), nullptr);
