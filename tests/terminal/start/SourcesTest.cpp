@@ -140,10 +140,12 @@ TEST_F(TEverySourceTest, ThatHasAnEndFinishesThere) {
   }
 }
 
-TEST_F(TEverySourceTest, CanBeReadAheadOfAnyClock) {
+TEST_F(TEverySourceTest, ThatCanBeReadAheadGivesTheSameMarket) {
   for (const auto& kind : Feed::SourceKinds()) {
     SCOPED_TRACE(kind.MenuText);
     TMarketPlayer player;
+    if (!kind.Read)
+      continue;
     ASSERT_FALSE(player.Open(kind, OptionsFor(kind)));
     player.Step(0);
     const auto opened = kind.Read(OptionsFor(kind));
