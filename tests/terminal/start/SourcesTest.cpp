@@ -101,7 +101,7 @@ TEST_F(TEverySourceTest, DoesWhatItsTraitsSay) {
     const auto traits = player.Traits();
     player.Step(0);
     ASSERT_NE(player.Index(), nullptr);
-    EXPECT_EQ(feed.Mark(), feed.IsSimulated() ? Feed::Mark_Invented : traits.Mark);
+    EXPECT_STREQ(feed.Mark(), feed.IsSimulated() ? Feed::Mark_Invented : traits.Mark);
     EXPECT_EQ(desk.IsOpen(), traits.Orders != nullptr);
     desk.Submit("nothing", Data::TSide::Bid, 1, 1);
     player.Step(0);
