@@ -9,6 +9,7 @@ TBrokerGrid::TBrokerGrid() {
   setSelectionMode(NoSelection);
   setEditTriggers(AllEditTriggers);
   setTabKeyNavigation(false);
+  setWordWrap(false);
 }
 
 void TBrokerGrid::EnterCell(const QModelIndex& cell) {

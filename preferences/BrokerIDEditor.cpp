@@ -10,12 +10,15 @@
 #include <QStringListModel>
 #include <QToolTip>
 
+#include <algorithm>
+
 namespace Quorpricepreference {
 
 namespace {
 
 constexpr const char* HintKey = "Res_BrokerIDHint";
 constexpr int NumberLength = 4;
+constexpr int ListMargin = 24; ///< the frame and the scroll bar beside the offered names, in pixels
 
 /// None for a number, which needs no looking up.
 QStringList BrokersCalled(const QString& text) {
@@ -27,10 +30,14 @@ void Offer(QCompleter& completer, const QString& typed) {
   for (const auto& id : BrokersCalled(typed))
     lines << BrokerText(id);
   qobject_cast<QStringListModel*>(completer.model())->setStringList(lines);
-  if (lines.isEmpty())
-    completer.popup()->hide();
-  else
-    completer.complete();
+  auto* list = completer.popup();
+  if (lines.isEmpty()) {
+    list->hide();
+    return;
+  }
+  QRect below = completer.widget()->rect();
+  below.setWidth(std::max(below.width(), list->sizeHintForColumn(0) + ListMargin));
+  completer.complete(below);
 }
 
 /// After the editor has closed, for a change of focus hides hints.

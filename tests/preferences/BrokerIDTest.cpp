@@ -137,6 +137,16 @@ TEST_F(TBrokerIDTest, ABrokerIsLookedUpByItsNameInThreeLanguages) {
   }
 }
 
+TEST_F(TBrokerIDTest, LongNamesAreOfferedInFullAndShownOnOneLine) {
+  host.market.SetBroker("4444", "A Securities House With A Name That Is Wider Than Its Column");
+  OpenWithRows("4444", "$000000FF");
+  EXPECT_FALSE(Grid().wordWrap());
+  TypeID(0, "wider");
+  const auto* list = qobject_cast<QAbstractItemView*>(QApplication::activePopupWidget());
+  ASSERT_NE(list, nullptr);
+  EXPECT_GE(list->viewport()->width(), list->sizeHintForColumn(0));
+}
+
 TEST_F(TBrokerIDTest, TheChosenBrokersNumberIsEntered) {
   OpenWithRows("1111", "$000000FF");
   TypeID(0, "lotus");
