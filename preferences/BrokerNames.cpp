@@ -37,7 +37,7 @@ QString BrokerText(const QString& id) {
   id.toUInt(&isNumber);
   if (!isNumber)
     return id;
-  const QString number = FourDigits(id.trimmed());
+  QString number = FourDigits(id.trimmed());
   const auto* broker = FindBroker(number);
   if (!broker)
     return number;

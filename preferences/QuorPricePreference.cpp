@@ -86,7 +86,7 @@ template <typename TComponent> TComponent* Named(const char* name, TComponent* c
 TQuorPricePreferenceFrame::TQuorPricePreferenceFrame() {
   BuildForm();
   InitView();
-  SetLanguage(Constdef::Language_English);
+  TQuorPricePreferenceFrame::SetLanguage(Constdef::Language_English);
   TCustomConfigManager::GetInstance()->RegisterListener(
       [this](System::TObject* sender, System::TObject* changed) { ConfigUpdate(sender, changed); },
       this);
