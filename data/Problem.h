@@ -14,6 +14,7 @@ enum class TProblemCode {
   FileUnreadable,
   FileUnwritable,
   RecordingIncomplete, ///< it could not be written to the end
+  MarketNotReadable,   ///< to be recorded; it comes by the clock only
 
   // A line of a recording.
   LineTooLong,

@@ -26,7 +26,7 @@ struct TSourceOption {
   std::string Value; ///< what the help calls its value
   std::string Help;
   /// Whether a value can be used; null: any that is not empty.
-  bool (*Takes)(const std::string& value) = nullptr;
+  bool (*Accepts)(const std::string& value) = nullptr;
 };
 
 /// The values of options by their names; one that was not given has an empty value or none.
@@ -51,7 +51,8 @@ struct TSourceKind {
   const char* Files = "";    ///< pattern of those that a user may choose; empty: it needs none
   /// Paused at its first moment. `wake` as TMarketReader has it.
   TOpenedSource (*Open)(const TSourceOptions& options, std::function<void()> wake) = nullptr;
-  /// The first moment tells everything as it stands.
+  /// The first moment tells everything as it stands. Null: the market cannot be read ahead of the
+  /// clock.
   TOpenedStream (*Read)(const TSourceOptions& options) = nullptr;
   bool IsDefault = false; ///< played where no other is asked for
 

@@ -39,6 +39,10 @@ public:
   virtual std::string_view Name1() const = 0;     ///< name in language 1
   virtual std::string_view Name2() const = 0;     ///< name in language 2
   virtual std::string_view OtherName() const = 0; ///< last fallback
+
+  /// The name in a language (Constdef::Language_...); where it is empty the default name, and where
+  /// that is empty too the last fallback.
+  std::string_view NameIn(int language) const;
 };
 
 /// Reference data of an instrument.

@@ -62,3 +62,12 @@ std::string Baselanguagemanager::TCustomLanguageManager::GetResource(std::string
   GetText(text, Constdef::Const_ResourceStringTag, key, 3, 0, 0);
   return text;
 }
+
+std::string_view Basemarketadapter::TCustomBroker::NameIn(int language) const {
+  const auto name = language == Constdef::Language_TraditionalChinese  ? Name1()
+                    : language == Constdef::Language_SimplifiedChinese ? Name2()
+                                                                       : Name();
+  if (!name.empty())
+    return name;
+  return Name().empty() ? OtherName() : Name();
+}

@@ -2,17 +2,17 @@
 
 namespace Market {
 
-TOrderBook::TBookSide::TBookSide(int ticks)
+TOrderBook::TSideLevels::TSideLevels(int ticks)
     : Pages(static_cast<std::size_t>(ticks / PageSize + 1)), Occupied(ticks) {}
 
-TOrderBook::TLevel& TOrderBook::TBookSide::At(int tick) {
+TOrderBook::TLevel& TOrderBook::TSideLevels::At(int tick) {
   auto& page = Pages[static_cast<std::size_t>(tick / PageSize)];
   if (!page)
     page = std::make_unique<TPage>();
   return (*page)[static_cast<std::size_t>(tick % PageSize)];
 }
 
-const TOrderBook::TLevel* TOrderBook::TBookSide::Find(int tick) const {
+const TOrderBook::TLevel* TOrderBook::TSideLevels::Find(int tick) const {
   const auto& page = Pages[static_cast<std::size_t>(tick / PageSize)];
   return page ? &(*page)[static_cast<std::size_t>(tick % PageSize)] : nullptr;
 }
@@ -20,14 +20,14 @@ const TOrderBook::TLevel* TOrderBook::TBookSide::Find(int tick) const {
 TOrderBook::TOrderBook(const TTickGrid& grid)
     : grid_(grid), bids_(grid.Count()), asks_(grid.Count()) {}
 
-int TOrderBook::BestFrom(const TBookSide& levels, TSide side, int tick) {
+int TOrderBook::BestFrom(const TSideLevels& levels, TSide side, int tick) {
   return side == TSide::Bid ? levels.Occupied.AtOrBelow(tick) : levels.Occupied.AtOrAbove(tick);
 }
 
 void TOrderBook::Add(const TBookOrder& order) {
   TQueuedOrder& added = pool_.Add(order);
   added.Tick = grid_.TickAtOrBelow(order.Price);
-  TBookSide& side = SideOf(order.Side);
+  TSideLevels& side = SideOf(order.Side);
   TLevel& level = side.At(added.Tick);
   if (level.Orders == 0)
     side.Occupied.Insert(added.Tick);
@@ -41,7 +41,7 @@ void TOrderBook::Add(const TBookOrder& order) {
 }
 
 TBookOrder TOrderBook::Fill(TSide side, TQuantity quantity) {
-  TBookSide& levels = SideOf(side);
+  TSideLevels& levels = SideOf(side);
   TQueuedOrder& order = *levels.At(levels.Best).Front;
   Withdraw(order, quantity);
   const TBookOrder filled = order;
@@ -75,7 +75,7 @@ void TOrderBook::Withdraw(TQueuedOrder& order, TQuantity quantity) {
 
 /// Of an order with nothing left.
 void TOrderBook::Unlink(TQueuedOrder& order) {
-  TBookSide& side = SideOf(order.Side);
+  TSideLevels& side = SideOf(order.Side);
   TLevel& level = side.At(order.Tick);
   (order.Ahead ? order.Ahead->Behind : level.Front) = order.Behind;
   (order.Behind ? order.Behind->Ahead : level.Back) = order.Ahead;
@@ -88,7 +88,7 @@ void TOrderBook::Unlink(TQueuedOrder& order) {
 }
 
 const TBookOrder* TOrderBook::Front(TSide side) const {
-  const TBookSide& levels = SideOf(side);
+  const TSideLevels& levels = SideOf(side);
   return levels.Best == TTickSet::None ? nullptr : levels.Find(levels.Best)->Front;
 }
 

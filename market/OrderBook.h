@@ -87,11 +87,11 @@ private:
 
   /// The levels by tick number, in pages that come into being when first used: a book touches a
   /// small part of its grid.
-  struct TBookSide {
+  struct TSideLevels {
     static constexpr int PageSize = 64;
     using TPage = std::array<TLevel, PageSize>;
 
-    explicit TBookSide(int ticks);
+    explicit TSideLevels(int ticks);
 
     TLevel& At(int tick);
     const TLevel* Find(int tick) const; ///< null when nothing ever stood there
@@ -101,18 +101,18 @@ private:
     int Best = TTickSet::None;
   };
 
-  TBookSide& SideOf(TSide side) { return side == TSide::Bid ? bids_ : asks_; }
-  const TBookSide& SideOf(TSide side) const { return side == TSide::Bid ? bids_ : asks_; }
+  TSideLevels& SideOf(TSide side) { return side == TSide::Bid ? bids_ : asks_; }
+  const TSideLevels& SideOf(TSide side) const { return side == TSide::Bid ? bids_ : asks_; }
   /// Of the occupied ticks the best that is `tick` or worse.
-  static int BestFrom(const TBookSide& levels, TSide side, int tick);
+  static int BestFrom(const TSideLevels& levels, TSide side, int tick);
   static int WorseBy(TSide side, int tick) { return side == TSide::Bid ? tick - 1 : tick + 1; }
   void Withdraw(TQueuedOrder& order, TQuantity quantity);
   void Unlink(TQueuedOrder& order);
 
   const TTickGrid& grid_;
   TOrderPool pool_;
-  TBookSide bids_;
-  TBookSide asks_;
+  TSideLevels bids_;
+  TSideLevels asks_;
 };
 
 template <class TOnFill>
@@ -128,7 +128,7 @@ TQuantity TOrderBook::Match(TSide side, TPrice limit, TQuantity quantity, TOnFil
 }
 
 template <class TVisit> void TOrderBook::VisitLevels(TSide side, TVisit&& visit) const {
-  const TBookSide& levels = SideOf(side);
+  const TSideLevels& levels = SideOf(side);
   for (int tick = levels.Best; tick != TTickSet::None;
        tick = BestFrom(levels, side, WorseBy(side, tick))) {
     const TLevel& level = *levels.Find(tick);
@@ -138,7 +138,7 @@ template <class TVisit> void TOrderBook::VisitLevels(TSide side, TVisit&& visit)
 }
 
 template <class TVisit> void TOrderBook::VisitOrders(TSide side, TVisit&& visit) const {
-  const TBookSide& levels = SideOf(side);
+  const TSideLevels& levels = SideOf(side);
   for (int tick = levels.Best; tick != TTickSet::None;
        tick = BestFrom(levels, side, WorseBy(side, tick)))
     for (const TQueuedOrder* order = levels.Find(tick)->Front; order; order = order->Behind)

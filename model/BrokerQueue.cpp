@@ -47,23 +47,8 @@ std::string IDText(std::string_view entry) {
   return std::string(entry);
 }
 
-std::string_view NameInLanguage(const TCustomBroker& broker, int language) {
-  switch (language) {
-  case Constdef::Language_TraditionalChinese:
-    return broker.Name1();
-  case Constdef::Language_SimplifiedChinese:
-    return broker.Name2();
-  default:
-    return broker.Name();
-  }
-}
-
 std::string NameText(const TCustomBroker& broker) {
-  const int language = TCustomLanguageManager::GetInstance()->CurrentLanguage();
-  for (const auto name : {NameInLanguage(broker, language), broker.Name()})
-    if (!name.empty())
-      return std::string(name);
-  return std::string(broker.OtherName());
+  return std::string(broker.NameIn(TCustomLanguageManager::GetInstance()->CurrentLanguage()));
 }
 
 } // namespace

@@ -43,12 +43,12 @@ inline constexpr int Category = 3000; ///< of a CBBC, worked out from its name
 
 /// Sides of the book.
 namespace Side {
-enum Identifier : int { Bid = 0, Ask = 1 };
+enum : int { Bid = 0, Ask = 1 };
 } // namespace Side
 
 /// Identifiers by which the grids' columns ask for their texts.
 namespace Column {
-enum Identifier : int {
+enum : int {
   // The depth grid; the best-price grid has its price and size columns.
   BidPrice = 1,
   AskPrice = 2,
@@ -75,17 +75,17 @@ enum Identifier : int {
 
 /// Rows of the best-price grid.
 namespace BestPriceRow {
-enum Identifier : int { Price, Step, Size, Count };
+enum : int { Price, Step, Size, Count };
 } // namespace BestPriceRow
 
 /// Rows of the summary grid: labels over values.
 namespace InfoRow {
-enum Identifier : int { UpperLabel, UpperValue, LowerLabel, LowerValue, Count };
+enum : int { UpperLabel, UpperValue, LowerLabel, LowerValue, Count };
 } // namespace InfoRow
 
 /// Columns of the detail list.
 namespace DetailColumn {
-enum Identifier : int { Label = 0, Value = 1 };
+enum : int { Label = 0, Value = 1 };
 } // namespace DetailColumn
 
 } // namespace Quorpricedatacontrol

@@ -4,7 +4,7 @@
 # Debian packages to build and run everything.
 packages=(
   g++ cmake ninja-build python3
-  qt6-base-dev libqt6sql6-sqlite libsimdjson-dev
+  qt6-base-dev qt6-translations-l10n libqt6sql6-sqlite libsimdjson-dev
   libgtest-dev libbenchmark-dev xvfb xauth xdotool
   fonts-dejavu-core fonts-noto-cjk
 )

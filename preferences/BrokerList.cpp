@@ -16,6 +16,11 @@ QByteArrayList Split(const std::string& text) {
 
 } // namespace
 
+bool IsBrokerID(std::string_view text) {
+  const auto id = Text::Trim(text);
+  return id.empty() || (id.size() <= 4 && Text::IsDigits(id));
+}
+
 TStoredBrokers StoreBrokers(const std::vector<TBrokerRow>& rows) {
   QByteArrayList ids, colours;
   for (const auto& row : rows) {

@@ -25,6 +25,9 @@ struct TStoredBrokers {
   bool operator==(const TStoredBrokers&) const = default;
 };
 
+/// Whether a row may have the text as its ID: up to four digits, or nothing, with blanks around.
+bool IsBrokerID(std::string_view text);
+
 /// Rows without an ID, or with a blank one, are left out of both lists.
 TStoredBrokers StoreBrokers(const std::vector<TBrokerRow>& rows);
 

@@ -1,6 +1,8 @@
 #include "preferences/BrokerListModel.h"
 
 #include "platform/Colour.h"
+#include "preferences/BrokerNames.h"
+#include "preferences/NamedColours.h"
 
 #include <algorithm>
 
@@ -20,6 +22,21 @@ std::optional<std::string> IDOf(const QVariant& value) {
   if (!value.isValid())
     return std::nullopt;
   return value.toString().toStdString();
+}
+
+/// The value that is edited.
+QVariant ValueOf(const TBrokerRow& row, int tag) {
+  if (tag == tagBrokerID && row.ID)
+    return QString::fromStdString(*row.ID);
+  if (tag == tagColour && row.Colour)
+    return *row.Colour;
+  return {};
+}
+
+QString TextOf(const TBrokerRow& row, int tag) {
+  if (tag == tagBrokerID && row.ID)
+    return BrokerText(QString::fromStdString(*row.ID));
+  return tag == tagColour ? ColourName(row.Colour) : QString();
 }
 
 } // namespace
@@ -84,14 +101,18 @@ int TBrokerListModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant TBrokerListModel::data(const QModelIndex& index, int role) const {
-  if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole))
+  if (!index.isValid())
     return {};
   const auto& row = rows_[static_cast<std::size_t>(index.row())];
-  switch (TagOf(index.column())) {
-  case tagBrokerID:
-    return row.ID ? QVariant(QString::fromStdString(*row.ID)) : QVariant();
-  case tagColour:
-    return row.Colour && role == Qt::EditRole ? QVariant(*row.Colour) : QVariant();
+  const int tag = TagOf(index.column());
+  switch (role) {
+  case Qt::EditRole:
+    return ValueOf(row, tag);
+  case Qt::DisplayRole:
+    return TextOf(row, tag);
+  case Qt::AccessibleTextRole:
+    return tag == tagDelete ? captions_[static_cast<std::size_t>(index.column())]
+                            : TextOf(row, tag);
   default:
     return {};
   }
@@ -102,9 +123,13 @@ bool TBrokerListModel::setData(const QModelIndex& index, const QVariant& value, 
     return false;
   auto& row = rows_[static_cast<std::size_t>(index.row())];
   switch (TagOf(index.column())) {
-  case tagBrokerID:
-    row.ID = IDOf(value);
+  case tagBrokerID: {
+    auto id = IDOf(value);
+    if (id && !IsBrokerID(*id))
+      return false;
+    row.ID = std::move(id);
     break;
+  }
   case tagColour:
     row.Colour = ColourOf(value);
     break;

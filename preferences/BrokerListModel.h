@@ -12,7 +12,8 @@ enum TBrokerColumn { tagDelete = 25, tagBrokerID = 45, tagColour = 200 };
 
 /// The rows of highlighted brokers behind the page's list. Columns are known by their tags. A
 /// value that is absent is an invalid variant; a colour is a 32-bit number, and may be set as a
-/// QColor too.
+/// QColor too. What is no ID of a broker is refused. The texts to be shown are the broker with its
+/// name, and the name of the colour.
 class TBrokerListModel : public QAbstractTableModel {
 public:
   /// Roles of the header: the column's tag, and its width as the list of columns says it.

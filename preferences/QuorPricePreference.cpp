@@ -1,12 +1,14 @@
 #include "preferences/QuorPricePreference.h"
 
 #include "host/BaseConfigManager.h"
-#include "host/BaseLanguageManager.h"
+#include "host/BaseMarketAdapter.h"
 #include "host/ConstDef.h"
+#include "preferences/Resource.h"
 
 #include <QHeaderView>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 
@@ -14,7 +16,7 @@ namespace Quorpricepreference {
 
 using namespace Platform;
 using Baseconfigmanager::TCustomConfigManager;
-using Baselanguagemanager::TCustomLanguageManager;
+using Basemarketadapter::TCustomMarketAdapter;
 
 namespace {
 
@@ -43,10 +45,6 @@ struct TColumnKey {
 constexpr std::array<TColumnKey, 3> BrokerColumns{{{tagBrokerID, "Res_BrokerID", 100},
                                                    {tagColour, "Res_Color", 100},
                                                    {tagDelete, "Res_Delete", DeleteColumnWidth}}};
-
-QString GetResource(const char* key) {
-  return QString::fromStdString(TCustomLanguageManager::GetInstance()->GetResource(key));
-}
 
 /// The first entry for any letter that names none.
 int IndexOfStyle(const std::string& stored) {
@@ -88,15 +86,18 @@ template <typename TComponent> TComponent* Named(const char* name, TComponent* c
 TQuorPricePreferenceFrame::TQuorPricePreferenceFrame() {
   BuildForm();
   InitView();
-  SetLanguage(Constdef::Language_English);
+  TQuorPricePreferenceFrame::SetLanguage(Constdef::Language_English);
   TCustomConfigManager::GetInstance()->RegisterListener(
       [this](System::TObject* sender, System::TObject* changed) { ConfigUpdate(sender, changed); },
       this);
+  TCustomMarketAdapter::GetInstance()->RegisterBrokerListener(
+      [this](System::TObject*, System::TObject*) { BrokerIDGrid->viewport()->update(); }, this);
   ConfigUpdate(this, nullptr);
   cbBrokerIDPropertiesChange();
 }
 
 TQuorPricePreferenceFrame::~TQuorPricePreferenceFrame() {
+  TCustomMarketAdapter::GetInstance()->UnregisterBrokerListener(this);
   TCustomConfigManager::GetInstance()->UnregisterListener(this);
 }
 
@@ -127,7 +128,7 @@ void TQuorPricePreferenceFrame::BuildBrokerGroup() {
           &TQuorPricePreferenceFrame::cbBrokerIDPropertiesChange);
 
   lgBrokerGrid = lgBrokerID->AddGroup(QStringLiteral("lgBrokerGrid"), TLayoutDirection::Vertical);
-  BrokerIDGrid = Named("BrokerIDGrid", new QTableView);
+  BrokerIDGrid = Named("BrokerIDGrid", new TBrokerGrid);
   BrokerIDGrid->setMinimumSize(GridSize);
   liBrokerIDColor = lgBrokerGrid->AddItem(QStringLiteral("liBrokerIDColor"), BrokerIDGrid, true);
 
@@ -152,7 +153,7 @@ void TQuorPricePreferenceFrame::InitView() {
   cxEditRepository1 = Named("cxEditRepository1", new QObject(this));
   eriColor = Named("eriColor", new TColourEditor(cxEditRepository1));
   eriDelete = Named("eriDelete", new TDeleteButton(cxEditRepository1));
-  eriBrokerID = Named("eriBrokerID", new TCellEditor(cxEditRepository1));
+  eriBrokerID = Named("eriBrokerID", new TBrokerIDEditor(cxEditRepository1));
 
   std::vector<Columninfo::TColumnInfo> columns;
   for (const auto& column : BrokerColumns)
@@ -172,9 +173,7 @@ void TQuorPricePreferenceFrame::InitView() {
   header->setMinimumSectionSize(DeleteColumnWidth);
   header->setSectionResizeMode(deleteColumn, QHeaderView::ResizeToContents);
   BrokerIDGrid->verticalHeader()->hide();
-  BrokerIDGrid->setSelectionMode(QAbstractItemView::NoSelection);
-  BrokerIDGrid->setEditTriggers(QAbstractItemView::AllEditTriggers);
-  connect(BrokerIDGrid, &QTableView::clicked, this,
+  connect(BrokerIDGrid, &TBrokerGrid::clicked, this,
           &TQuorPricePreferenceFrame::BrokerIDGridViewCellClick);
 }
 
@@ -268,7 +267,9 @@ bool TQuorPricePreferenceFrame::ResetFactory() { return Reset(); }
 bool TQuorPricePreferenceFrame::SendMessage(int, std::int64_t) { return true; }
 
 void TQuorPricePreferenceFrame::btnAddClick() {
-  BrokerIDGridView->SetRowCount(BrokerIDGridView->rowCount() + 1);
+  const int row = BrokerIDGridView->rowCount();
+  BrokerIDGridView->SetRowCount(row + 1);
+  BrokerIDGrid->EnterCell(BrokerIDGridView->index(row, BrokerIDGridView->ColumnOf(tagBrokerID)));
 }
 
 void TQuorPricePreferenceFrame::btnClearClick() { BrokerIDGridView->SetRowCount(0); }
@@ -278,10 +279,23 @@ void TQuorPricePreferenceFrame::cbBrokerIDPropertiesChange() {
 }
 
 void TQuorPricePreferenceFrame::BrokerIDGridViewCellClick(const QModelIndex& cell) {
-  if (BrokerIDGridView->TagOf(cell.column()) == tagDelete)
-    BrokerIDGridView->RemoveRow(BrokerIDGrid->currentIndex().row());
-  else
-    BrokerIDGrid->edit(cell);
+  if (BrokerIDGridView->TagOf(cell.column()) == tagDelete) {
+    DeleteFocusedRow();
+    return;
+  }
+  BrokerIDGrid->OpenEditor(cell);
+  if (auto* colours = qobject_cast<QComboBox*>(BrokerIDGrid->indexWidget(cell)))
+    colours->showPopup();
+}
+
+/// The delete button that comes to its place has the focus then.
+void TQuorPricePreferenceFrame::DeleteFocusedRow() {
+  const int row = BrokerIDGrid->currentIndex().row();
+  BrokerIDGridView->RemoveRow(row);
+  const int next = std::min(row, BrokerIDGridView->rowCount() - 1);
+  if (next >= 0)
+    BrokerIDGrid->setCurrentIndex(
+        BrokerIDGridView->index(next, BrokerIDGridView->ColumnOf(tagDelete)));
 }
 
 } // namespace Quorpricepreference

@@ -3,10 +3,10 @@
 #include "host/view/BaseView.h"
 #include "platform/Controls.h"
 #include "platform/Layout.h"
+#include "preferences/BrokerGrid.h"
+#include "preferences/BrokerIDEditor.h"
 #include "preferences/BrokerListModel.h"
-#include "preferences/CellEditors.h"
-
-#include <QTableView>
+#include "preferences/ColourEditor.h"
 
 namespace Quorpricepreference {
 
@@ -41,6 +41,7 @@ private:
   void btnClearClick();
   void cbBrokerIDPropertiesChange();
   void BrokerIDGridViewCellClick(const QModelIndex& cell);
+  void DeleteFocusedRow();
   /// The editor of a column's cells, by its tag.
   QAbstractItemDelegate* BrokerIDGridViewGetProperties(int tag) const;
 
@@ -50,13 +51,13 @@ private:
       *liClear;
   Platform::TcxComboBox* cmbCopyPriceStyle;
   Platform::TcxCheckBox* cbBrokerID;
-  QTableView* BrokerIDGrid;
+  TBrokerGrid* BrokerIDGrid;
   TBrokerListModel* BrokerIDGridView;
   Platform::TcxButton *btnAdd, *btnClear;
   QObject* cxEditRepository1;
   TColourEditor* eriColor;
   TDeleteButton* eriDelete;
-  TCellEditor* eriBrokerID;
+  TBrokerIDEditor* eriBrokerID;
 };
 
 } // namespace Quorpricepreference

@@ -129,11 +129,11 @@ private:
   void ConfigUpdate();
   void UpdateCopySymbol(TObject* message) {
     if (!state_.IsLocked())
-      following_.Follow(*edtSymbol, message);
+      following_.Apply(*edtSymbol, message);
   }
   void CopyPrice(TObject* message) {
     if (!state_.IsLocked())
-      following_.FollowOrder(*edtSymbol, message, grids_.Price().Symbol());
+      following_.ApplyOrder(*edtSymbol, message, grids_.Price().Symbol());
   }
 
   // What a user does.

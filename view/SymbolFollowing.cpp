@@ -61,7 +61,7 @@ bool TSymbolFollowing::FollowsOrder(std::string_view group) const {
   return FollowsEverybody() || (GroupID.empty() ? UnlinkedFollows() : group == GroupID);
 }
 
-void TSymbolFollowing::Follow(Platform::TcxPopupEdit& box, System::TObject* message) const {
+void TSymbolFollowing::Apply(Platform::TcxPopupEdit& box, System::TObject* message) const {
   if (!box.isEnabled())
     return;
   std::string symbol;
@@ -76,8 +76,8 @@ void TSymbolFollowing::Follow(Platform::TcxPopupEdit& box, System::TObject* mess
     EnterSymbol(box, symbol);
 }
 
-void TSymbolFollowing::FollowOrder(Platform::TcxPopupEdit& box, System::TObject* message,
-                                   const std::string& shown) const {
+void TSymbolFollowing::ApplyOrder(Platform::TcxPopupEdit& box, System::TObject* message,
+                                  const std::string& shown) const {
   const auto* record = dynamic_cast<Datadef::TCopyOrderRecord*>(message);
   const auto* order = record ? dynamic_cast<TCustomClientOrder*>(record->Order) : nullptr;
   if (!order || !FollowsOrder(record->Source))

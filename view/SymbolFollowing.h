@@ -37,11 +37,11 @@ struct TSymbolFollowing {
 
   /// Enters the symbol of a list's broadcast or of a linking group's message, unless the box holds
   /// it already or is disabled.
-  void Follow(Platform::TcxPopupEdit& box, System::TObject* message) const;
+  void Apply(Platform::TcxPopupEdit& box, System::TObject* message) const;
   /// Enters the symbol of the order that order entry works on, without resolution, unless it is
   /// the one that is shown.
-  void FollowOrder(Platform::TcxPopupEdit& box, System::TObject* message,
-                   const std::string& shown) const;
+  void ApplyOrder(Platform::TcxPopupEdit& box, System::TObject* message,
+                  const std::string& shown) const;
 
 private:
   bool FollowsEverybody() const { return GroupDataMode < 0; }

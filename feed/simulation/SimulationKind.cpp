@@ -2,18 +2,14 @@
 
 #include "feed/simulation/SimulationReader.h"
 #include "market/SimulatedMarket.h"
-
-#include <charconv>
+#include "text/Numbers.h"
 
 namespace Feed {
 
 namespace {
 
 std::optional<std::uint64_t> Seed(const std::string& text) {
-  std::uint64_t seed = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, seed);
-  return error == std::errc() && stop == end ? std::optional(seed) : std::nullopt;
+  return Text::ParseWhole<std::uint64_t>(text);
 }
 
 std::optional<TTimeOfDay> Start(const std::string& text) {

@@ -155,8 +155,7 @@ QJsonObject SendGroupMessage(TScriptSession& session, const QJsonObject& members
 }
 
 QJsonObject ChangeScale(TScriptSession& session, const QJsonObject& members) {
-  session.Services().Config.WriteString(Constdef::Section_TradePlatform, Constdef::Key_ScaleSize,
-                                        std::to_string(members["value"].toInt()), true);
+  session.Services().Settings.Scale.Set(members["value"].toInt());
   session.Services().Channels.Send(Constdef::Channel_ScaleChanged, nullptr, nullptr);
   return {};
 }

@@ -22,7 +22,7 @@ using TKind = TMemberKind;
   throw TScriptError(QStringLiteral("The component \"%1\" %2.").arg(component, QLatin1String(why)));
 }
 
-QObject& FindComponent(const TViewPane& pane, const QString& name) {
+QObject& NeededComponent(const TViewPane& pane, const QString& name) {
   auto* component = name.isEmpty() ? nullptr : pane.View()->findChild<QObject*>(name);
   if (!component)
     throw TScriptError(QStringLiteral("The view has no component \"%1\".").arg(name));
@@ -31,8 +31,8 @@ QObject& FindComponent(const TViewPane& pane, const QString& name) {
 
 /// The component as the kind of widget that a command needs, ready to be used.
 template <typename TWidget>
-TWidget& FindUsable(const TViewPane& pane, const QString& name, const char* kind) {
-  auto* widget = qobject_cast<TWidget*>(&FindComponent(pane, name));
+TWidget& NeededWidget(const TViewPane& pane, const QString& name, const char* kind) {
+  auto* widget = qobject_cast<TWidget*>(&NeededComponent(pane, name));
   if (!widget)
     throw TScriptError(
         QStringLiteral("The component \"%1\" is not %2.").arg(name, QLatin1String(kind)));
@@ -48,7 +48,7 @@ struct TCellPlace {
 
 TCellPlace FindCell(const TViewPane& pane, const QJsonObject& members) {
   const QString name = members["grid"].toString();
-  auto& grid = FindUsable<Platform::TcxGrid>(pane, name, "a grid");
+  auto& grid = NeededWidget<Platform::TcxGrid>(pane, name, "a grid");
   const int row = members["row"].toInt();
   const int tag = members["col"].toInt();
   const auto& columns = grid.View()->Columns();
@@ -63,7 +63,7 @@ TCellPlace FindCell(const TViewPane& pane, const QJsonObject& members) {
 }
 
 QJsonObject TypeSymbol(TScriptSession& session, const QJsonObject& members) {
-  auto& box = FindUsable<Platform::TcxPopupEdit>(
+  auto& box = NeededWidget<Platform::TcxPopupEdit>(
       session.Pane(members), QLatin1String(Constdef::Component_SymbolBox), "a symbol box");
   Input::Type(&box, members["text"].toString());
   Input::PressKey(&box, Qt::Key_Return);
@@ -99,10 +99,10 @@ void ChooseMenuItem(const TViewPane& pane, QAction* item) {
 QJsonObject PressComponent(TScriptSession& session, const QJsonObject& members) {
   const auto& pane = session.Pane(members);
   const QString name = members["component"].toString();
-  if (auto* item = qobject_cast<QAction*>(&FindComponent(pane, name)))
+  if (auto* item = qobject_cast<QAction*>(&NeededComponent(pane, name)))
     ChooseMenuItem(pane, item);
   else
-    Input::Click(&FindUsable<QPushButton>(pane, name, "a button or a menu item"));
+    Input::Click(&NeededWidget<QPushButton>(pane, name, "a button or a menu item"));
   return {};
 }
 
@@ -128,7 +128,7 @@ QJsonObject PressCaptionButton(TScriptSession& session, const QJsonObject& membe
 
 QJsonObject ChooseEntry(TScriptSession& session, const QJsonObject& members) {
   const QString name = members["component"].toString();
-  auto& box = FindUsable<QComboBox>(session.Pane(members), name, "a combo box");
+  auto& box = NeededWidget<QComboBox>(session.Pane(members), name, "a combo box");
   const int index = members["index"].toInt();
   if (index < 0 || index >= box.count())
     throw TScriptError(

@@ -33,7 +33,7 @@ void CheckSymbol(const QJsonObject& members) {
 }
 
 QJsonObject DefineSpreadTable(TScriptSession& session, const QJsonObject& members) {
-  TSpreadDefinition table{TextOf(members, "code"), members["state"].toInt(), {}};
+  TReferenceData::TSpreadTable table{TextOf(members, "code"), members["state"].toInt(), {}};
   for (const auto& element : members["bands"].toArray()) {
     CheckElements(element.toArray(), TKind::Number, QStringLiteral("a band"));
     const QJsonArray band = element.toArray();

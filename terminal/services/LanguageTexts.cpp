@@ -43,8 +43,10 @@ void TLanguageTexts::GetText(std::string& text, std::string_view tag, std::strin
 }
 
 void TLanguageTexts::SetLanguage(int language) {
-  if (language >= Constdef::Language_TraditionalChinese && language <= Constdef::Language_English)
-    language_ = language;
+  if (language < Constdef::Language_TraditionalChinese || language > Constdef::Language_English)
+    return;
+  language_ = language;
+  toolkit_.SetLanguage(language);
 }
 
 } // namespace Terminal

@@ -2,6 +2,7 @@
 
 #include "data/Problem.h"
 #include "host/BaseLanguageManager.h"
+#include "terminal/services/ToolkitTexts.h"
 
 #include <unordered_map>
 
@@ -45,7 +46,8 @@ public:
                int second) override;
   int CurrentLanguage() override { return language_; }
 
-  /// Constdef::Language_...; another number is ignored. Views are told by the caller.
+  /// Constdef::Language_...; another number is ignored. The toolkit follows; views are told by the
+  /// caller.
   void SetLanguage(int language);
 
   /// While on, every text is its own key and a currency's name its code.
@@ -56,6 +58,7 @@ private:
 
   TTable resources_;
   TTable currencies_;
+  TToolkitTexts toolkit_;
   int language_ = Constdef::Language_English;
   bool keysMode_ = false;
 };

@@ -66,7 +66,7 @@ const Basemarketadapter::TCustomInstrument* TMarketAdapter::GetInstrument(std::s
   return FindOrNull(instruments_, symbol);
 }
 
-void TMarketAdapter::DefineSpreadTables(const std::vector<TSpreadDefinition>& tables) {
+void TMarketAdapter::DefineSpreadTables(const std::vector<TReferenceData::TSpreadTable>& tables) {
   TChangedKeys changed;
   for (const auto& table : tables) {
     spreadTables_[table.Code].Define(table.State, table.Bands);

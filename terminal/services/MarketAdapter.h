@@ -20,12 +20,6 @@ private:
 };
 
 /// What defines a spread table.
-struct TSpreadDefinition {
-  std::string Code;
-  int State = 0;
-  std::vector<TSpreadBand> Bands;
-};
-
 /// What defines a broker. Names may be empty.
 struct TBrokerDefinition {
   std::string ID; ///< four digits
@@ -52,7 +46,7 @@ public:
   const Basemarketadapter::TCustomInstrument* GetInstrument(std::string_view symbol) override;
 
   /// Defines or replaces the tables and announces their codes together.
-  void DefineSpreadTables(const std::vector<TSpreadDefinition>& tables);
+  void DefineSpreadTables(const std::vector<TReferenceData::TSpreadTable>& tables);
   /// Replaces the whole broker directory and announces it.
   void ReplaceBrokers(const std::vector<TBrokerDefinition>& brokers);
   /// Defines or replaces an instrument. Nothing happens for an empty symbol; without any name it

@@ -79,13 +79,7 @@ void TMarketFeed::ApplyHeader(const Data::TReferenceData& header) {
   simulated_ = header.Simulated;
   mark_ = simulated_ ? Feed::Mark_Invented : player_.Traits().Mark;
   started_ = false;
-  std::vector<TSpreadDefinition> tables;
-  for (const auto& spread : header.Spreads) {
-    tables.push_back({spread.Code, spread.State, {}});
-    for (const auto& band : spread.Bands)
-      tables.back().Bands.push_back({band.From, band.To, band.Step});
-  }
-  services_.Market.DefineSpreadTables(tables);
+  services_.Market.DefineSpreadTables(header.Spreads);
   std::vector<TBrokerDefinition> brokers;
   for (const auto& broker : header.Brokers)
     brokers.push_back({broker.Id, broker.Name, broker.Name1, broker.Name2, broker.Other});

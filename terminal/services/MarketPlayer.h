@@ -49,20 +49,20 @@ public:
 
   void Play();
   void Pause();
-  /// Times the recorded speed; a figure outside slowest to fastest becomes the nearer of them.
+  /// Times the market's own speed; a figure outside slowest to fastest becomes the nearer of them.
   /// Kept from one source to the next.
   void SetSpeed(double speed);
   double Speed() const { return speed_; }
 
-  /// Goes to `time`, clamped to the recording: Reset, then one batch with the state at that
-  /// moment, then on as before. Returns at once; a long seek shows Progress.
-  void Seek(Text::TTimeOfDay time);
   /// Pauses, carries out what was asked for before, moves on by `milliseconds` (0 or more) of
-  /// recorded time and delivers everything up to there before it returns. Follows no clock.
+  /// the market's time and delivers everything up to there before it returns. Follows no clock.
   void Step(int milliseconds);
 
   // Of sources that can; others take no notice.
 
+  /// Goes to `time`, within start and end: Reset, then one batch with the state at that moment,
+  /// then on as before. Returns at once; a long seek shows Progress.
+  void Seek(Text::TTimeOfDay time);
   /// Runs on at full speed, with Progress, then goes on as before: Reset, and one batch.
   void Jump(Feed::TJump to);
   void Request(const Data::TOrderRequest& request);
@@ -78,25 +78,24 @@ public:
   Text::TTimeOfDay Start() const;
   Text::TTimeOfDay End() const;
   Text::TTimeOfDay Duration() const { return End() - Start(); }
-  /// What indexing found, of a simulated market without any lines; null while closed or indexing.
+  /// What is known of the market as a whole; null while closed or indexing.
   /// Valid until the next Open or Close.
   const Feed::TMarketIndex* Index() const { return index_.get(); }
 
 signals:
-  /// Once per recording or simulated day, before its first batch; an empty header when a recording
-  /// has none.
+  /// Once per market or day of it, before its first batch; an empty header when it has none.
   void HeaderRead(const Data::TReferenceData& header);
   /// Every record that a batch named loses all it holds, trades too; the state follows as a Batch.
   void Reset();
-  /// Changes in recorded order, one per symbol.
+  /// Changes in the market's order, one per symbol.
   void Batch(const std::vector<Data::TRecordChange>& changes);
-  /// What the simulated market says to the user.
+  /// What the market says to the user's orders.
   void Reported(const Data::TOrderReport& report);
   /// A jump has led to the cooling-off of `symbol`, after its batch.
   void CoolingOffReached(const QString& symbol);
   /// At most ten times a second while playing, and after every jump.
   void PositionChanged(Text::TTimeOfDay position);
-  /// The last change was delivered, and the recording is not to start over.
+  /// The last change was delivered, and the market is not to start over.
   void Finished();
   /// 0 to 100; 100 once, when done.
   void Progress(Feed::TLongTask activity, int perCent);

@@ -13,6 +13,8 @@ const TProblemRow problemTexts[] = {
     {FileUnwritable, "檔案無法寫入。", "文件无法写入。", "The file cannot be written."},
     {RecordingIncomplete, "錄製內容未能全部寫入。", "录制内容未能全部写入。",
      "The recording could not be written to the end."},
+    {MarketNotReadable, "此市場只能按其時間播放，不能錄製。", "该市场只能按其时间播放，不能录制。",
+     "This market comes by the clock and cannot be recorded ahead of it."},
 
     // Lines of a recording. Members of it that no sentence names otherwise are called as they are
     // there.

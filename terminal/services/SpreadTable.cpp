@@ -29,7 +29,7 @@ long long StepsToPass(long long distance, long long step) { return (distance + s
 
 } // namespace
 
-void TSpreadTable::Define(int state, const std::vector<TSpreadBand>& bands) {
+void TSpreadTable::Define(int state, const std::vector<TReferenceData::TSpreadBand>& bands) {
   state_ = state;
   bands_.clear();
   for (const auto& band : bands) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/ReferenceData.h"
 #include "host/BaseMarketAdapter.h"
 
 #include <optional>
@@ -7,19 +8,14 @@
 
 namespace Terminal {
 
-/// The prices with From < price <= To move in steps of Step. Currency units.
-struct TSpreadBand {
-  double From = 0;
-  double To = 0;
-  double Step = 0;
-};
+using Data::TReferenceData;
 
 /// A spread table. Works in exact hundred-millionths of a currency unit, so that a walk of any
 /// length ends on the decimal price and not beside it.
 class TSpreadTable : public Basemarketadapter::TCustomSpreadTable {
 public:
   /// Bands in any order; those without a positive step or with no price in them are left out.
-  void Define(int state, const std::vector<TSpreadBand>& bands);
+  void Define(int state, const std::vector<TReferenceData::TSpreadBand>& bands);
 
   int State() const override { return state_; }
   double PriceStep(double price) const override;

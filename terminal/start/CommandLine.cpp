@@ -1,6 +1,7 @@
 #include "terminal/start/CommandLine.h"
 
-#include <charconv>
+#include "text/Numbers.h"
+
 #include <cmath>
 #include <functional>
 #include <map>
@@ -22,12 +23,8 @@ TStoreValue StoreText(std::optional<std::string>& text) {
 }
 
 std::optional<double> PositiveNumber(const std::string& text) {
-  double number = 0;
-  const char* end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end || !std::isfinite(number) || number <= 0)
-    return {};
-  return number;
+  const auto number = Text::ParseWhole<double>(text);
+  return number && std::isfinite(*number) && *number > 0 ? number : std::nullopt;
 }
 
 TStoreValue StoreSourceOption(TCommandLine& line, const Feed::TSourceKind& kind,
@@ -36,7 +33,7 @@ TStoreValue StoreSourceOption(TCommandLine& line, const Feed::TSourceKind& kind,
     const bool isAskedFor = !kind.IsDefault && &option == &kind.Options.front();
     line.Source = isAskedFor ? &kind : line.Source;
     line.SourceOptions[option.Name] = value;
-    return option.Takes ? option.Takes(value) : !value.empty();
+    return option.Accepts ? option.Accepts(value) : !value.empty();
   };
 }
 

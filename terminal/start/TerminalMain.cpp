@@ -108,13 +108,18 @@ int RunScript(TServices& services, Baseview::TIBaseView& descriptor, std::istrea
 
 int Record(const TCommandLine& line) {
   const std::chrono::duration<double> length(line.Seconds.value_or(RecordedSeconds));
-  const auto opened = line.Source->Read(line.SourceOptions);
+  const auto asked = QString::fromStdString(line.Source->Asked(line.SourceOptions));
+  const auto opened =
+      line.Source->Read
+          ? line.Source->Read(line.SourceOptions)
+          : Feed::TOpenedStream(Data::TProblem{Data::TProblemCode::MarketNotReadable});
   if (const auto* problem = std::get_if<Data::TProblem>(&opened))
-    return Fail(line.Source->Asked(line.SourceOptions) + ": " + InEnglish(*problem));
+    return Fail(FileSentence(asked, *problem).toStdString());
   const auto problem =
       Feed::WriteRecording(std::get<Feed::TChangeStream>(opened),
                            std::chrono::duration_cast<Text::TTimeOfDay>(length), *line.Record);
-  return problem ? Fail(*line.Record + ": " + InEnglish(*problem)) : 0;
+  return problem ? Fail(FileSentence(QString::fromStdString(*line.Record), *problem).toStdString())
+                 : 0;
 }
 
 /// Linked views follow their own group only; views in no group follow what is broadcast.

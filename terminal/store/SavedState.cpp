@@ -86,7 +86,7 @@ QString TSavedState::DefaultFile() {
 QSqlDatabase TSavedState::Database() const { return QSqlDatabase::database(connection_, false); }
 
 void TSavedState::OpenToRead() {
-  Tell(StoreInUse, {});
+  SetProblem(StoreInUse, {});
   auto database = Database();
   database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
   if (!database.open())
@@ -138,7 +138,7 @@ bool TSavedState::SetAside(Data::TProblemCode reason) {
   }
   for (const auto* part : {"-wal", "-shm"})
     QFile::rename(file_ + QLatin1String(part), name + QLatin1String(part));
-  Tell(reason, name);
+  SetProblem(reason, name);
   if (database.open())
     return true;
   Lose(database.lastError().text());
@@ -238,7 +238,7 @@ void TSavedState::StoreTogether(const std::function<bool()>& statements) {
   Lose(reason);
 }
 
-void TSavedState::Tell(Data::TProblemCode code, const QString& detail) {
+void TSavedState::SetProblem(Data::TProblemCode code, const QString& detail) {
   problem_ = {code, {file_.toStdString(), detail.toStdString()}};
 }
 
@@ -246,7 +246,7 @@ void TSavedState::Tell(Data::TProblemCode code, const QString& detail) {
 void TSavedState::Lose(const QString& reason) {
   if (problem_ && problem_->Code == StoreUnusable)
     return;
-  Tell(StoreUnusable, reason);
+  SetProblem(StoreUnusable, reason);
   if (OnLost)
     OnLost();
 }

@@ -75,7 +75,7 @@ private:
   QSqlQuery Select(const QString& statement) const;
   bool Run(const QString& statement, const QVariantList& values = {});
   void StoreTogether(const std::function<bool()>& statements);
-  void Tell(Data::TProblemCode code, const QString& detail);
+  void SetProblem(Data::TProblemCode code, const QString& detail);
   void Lose(const QString& reason);
 
   QString file_;

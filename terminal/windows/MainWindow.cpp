@@ -40,7 +40,7 @@ TMainWindow::TMainWindow(const TParts& parts)
     docks_.erase(pane->Number());
     SaveSoon();
   });
-  connect(&views_, &TViewHost::Notified, this, &TMainWindow::FollowNotification);
+  connect(&views_, &TViewHost::Notified, this, &TMainWindow::ApplyNotification);
   connect(&views_, &TViewHost::CustomViewAsked, this, [this](int type, const QString& symbol) {
     if (type == Constdef::View_Chart)
       tools_->ShowChart(symbol);
@@ -64,7 +64,7 @@ TMainWindow::~TMainWindow() {
   // What the views tell while they close must not reach a window that is no longer whole.
   views_.disconnect(this);
   disconnect(qApp, nullptr, this, nullptr);
-  FollowNoChanges();
+  StopFollowing();
   parts_.Services.Skin.OnChanged = nullptr;
   parts_.Services.Editors.IsByProgram = nullptr;
 }
@@ -123,7 +123,7 @@ void TMainWindow::ShowView(TViewPane* pane) {
   SaveSoon();
 }
 
-void TMainWindow::FollowNotification(int number, int code) {
+void TMainWindow::ApplyNotification(int number, int code) {
   if (code == Constdef::Notify_LayoutChanged || code == Constdef::Notify_SymbolChanged)
     SaveSoon();
   auto* pane = views_.Pane(number);

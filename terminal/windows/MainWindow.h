@@ -74,7 +74,7 @@ private:
   TViewSettings SettingsAt(int scale) const;
   void NewView();
   void ShowView(TViewPane* pane);
-  void FollowNotification(int number, int code);
+  void ApplyNotification(int number, int code);
   void FocusSymbolBox();
   void ChooseGroup();
   void ApplyFont(const TViewSettings& settings);
@@ -98,7 +98,7 @@ private:
 
   void FollowChanges();
   void FollowDock(QDockWidget* dock);
-  void FollowNoChanges();
+  void StopFollowing();
   void SaveSoon();
   void Save();
   void RestoreArrangement(const TSavedLayout& saved);

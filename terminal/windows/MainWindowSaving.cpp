@@ -33,7 +33,7 @@ void TMainWindow::FollowChanges() {
   ShowStoreProblem();
 }
 
-void TMainWindow::FollowNoChanges() {
+void TMainWindow::StopFollowing() {
   closing_ = true;
   removeEventFilter(this);
   for (const auto& tool : tools_->All())

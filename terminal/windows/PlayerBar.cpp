@@ -221,7 +221,7 @@ void TPlayerBar::ShowSpeed() {
 void TPlayerBar::ShowMark() {
   mark_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   mark_->setText(MarketText(feed_));
-  mark_->setStyleSheet(ChipStyle(feed_.IsSimulated() ? SimulatedColour : ReplayColour, "2px 8px"));
+  mark_->setStyleSheet(ChipStyle(feed_.IsSimulated() ? SimulatedColour : MarketColour, "2px 8px"));
 }
 
 void TPlayerBar::ShowSnapshots() {

@@ -114,7 +114,7 @@ void TViewHost::SetSkin() {
 void TViewHost::ViewNotify(Baseview::TIBaseView* view, int code) {
   const int number = NumberOf(view);
   emit Notified(number, code);
-  FollowLater(number, code);
+  ApplyLater(number, code);
 }
 
 void TViewHost::OpenCustomView(Baseview::TIBaseView*, int type, int,
@@ -138,7 +138,7 @@ int TViewHost::NumberOf(const Baseview::TIBaseView* view) const {
   return found == numbers_.end() ? lastNumber_ : found->second;
 }
 
-void TViewHost::FollowLater(int number, int code) {
+void TViewHost::ApplyLater(int number, int code) {
   // A view that is asked for its size may answer with the announcement that it has one.
   if (code == Constdef::Notify_SizeChanged && !measuring_)
     toMeasure_.insert(number);

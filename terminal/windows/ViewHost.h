@@ -72,7 +72,7 @@ signals:
 
 private:
   int NumberOf(const Baseview::TIBaseView* view) const;
-  void FollowLater(int number, int code);
+  void ApplyLater(int number, int code);
   void Follow();
 
   Baseview::TIBaseView& descriptor_;

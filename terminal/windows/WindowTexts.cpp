@@ -44,7 +44,9 @@ QString ProblemText(const Data::TProblem& problem) {
 }
 
 QString FileSentence(const QString& file, const std::optional<Data::TProblem>& problem) {
-  return problem ? WindowText("Term_FileSentence").arg(file, ProblemText(*problem)) : QString();
+  if (!problem || file.isEmpty())
+    return problem ? ProblemText(*problem) : QString();
+  return WindowText("Term_FileSentence").arg(file, ProblemText(*problem));
 }
 
 QString MarkedTitle(const QString& mark, const QString& title) {

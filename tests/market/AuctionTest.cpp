@@ -9,7 +9,7 @@ namespace Market {
 
 namespace {
 
-struct MarketAuction : testing::Test {
+struct TAuctionTest : testing::Test {
   void Bid(TPrice price, TQuantity quantity) { Add(TSide::Bid, price, quantity); }
   void Ask(TPrice price, TQuantity quantity) { Add(TSide::Ask, price, quantity); }
   void Add(TSide side, TPrice price, TQuantity quantity) {
@@ -28,7 +28,7 @@ struct MarketAuction : testing::Test {
 
 using TAt = TEquilibrium;
 
-TEST_F(MarketAuction, ThereIsNoEquilibriumUnlessTheBookIsCrossed) {
+TEST_F(TAuctionTest, ThereIsNoEquilibriumUnlessTheBookIsCrossed) {
   EXPECT_EQ(FindEquilibrium(Book, 50'000), std::nullopt);
   Bid(49'950, 100);
   EXPECT_EQ(FindEquilibrium(Book, 50'000), std::nullopt);
@@ -38,7 +38,7 @@ TEST_F(MarketAuction, ThereIsNoEquilibriumUnlessTheBookIsCrossed) {
   EXPECT_EQ(FindEquilibrium(Book, 50'000), (TAt{50'000, 100, TImbalance::None, 0}));
 }
 
-TEST_F(MarketAuction, ThePriceWithMostTradedWins) {
+TEST_F(TAuctionTest, ThePriceWithMostTradedWins) {
   Bid(50'100, 300); //  bid 300, asked 1500: 300
   Bid(50'050, 800); //  bid 1100, asked 900: 900
   Bid(50'000, 600); //  bid 1700, asked 500: 500
@@ -48,7 +48,7 @@ TEST_F(MarketAuction, ThePriceWithMostTradedWins) {
   EXPECT_EQ(FindEquilibrium(Book, 50'000), (TAt{50'050, 900, TImbalance::BuySurplus, 200}));
 }
 
-TEST_F(MarketAuction, OfTheSameVolumeTheSmallestImbalanceWins) {
+TEST_F(TAuctionTest, OfTheSameVolumeTheSmallestImbalanceWins) {
   Bid(50'200, 500); // at 50.20: bid 500, asked 700; at 50.10 and 50.00: asked 500
   Bid(50'000, 100); // at 50.00: bid 600
   Ask(50'000, 500);
@@ -57,19 +57,19 @@ TEST_F(MarketAuction, OfTheSameVolumeTheSmallestImbalanceWins) {
   EXPECT_EQ(FindEquilibrium(Book, 50'200), (TAt{50'000, 500, TImbalance::BuySurplus, 100}));
 }
 
-TEST_F(MarketAuction, WithBuyersLeftOverAtEachTheHighestWins) {
+TEST_F(TAuctionTest, WithBuyersLeftOverAtEachTheHighestWins) {
   Bid(50'300, 900);
   Ask(50'000, 500);
   EXPECT_EQ(FindEquilibrium(Book, 49'000), (TAt{50'300, 500, TImbalance::BuySurplus, 400}));
 }
 
-TEST_F(MarketAuction, WithSellersLeftOverAtEachTheLowestWins) {
+TEST_F(TAuctionTest, WithSellersLeftOverAtEachTheLowestWins) {
   Bid(50'300, 500);
   Ask(50'000, 900);
   EXPECT_EQ(FindEquilibrium(Book, 51'000), (TAt{50'000, 500, TImbalance::SellSurplus, 400}));
 }
 
-TEST_F(MarketAuction, WithoutPressureTheClosestToTheReferenceWinsAndOfTwoTheHigher) {
+TEST_F(TAuctionTest, WithoutPressureTheClosestToTheReferenceWinsAndOfTwoTheHigher) {
   Bid(50'300, 500);
   Ask(50'000, 500);
   EXPECT_EQ(FindEquilibrium(Book, 50'100)->Price, 50'000);
@@ -79,7 +79,7 @@ TEST_F(MarketAuction, WithoutPressureTheClosestToTheReferenceWinsAndOfTwoTheHigh
   EXPECT_EQ(FindEquilibrium(Book, std::nullopt)->Price, 50'300);
 }
 
-TEST_F(MarketAuction, PressureOnEitherSideOfTheTiedPricesIsNoPressure) {
+TEST_F(TAuctionTest, PressureOnEitherSideOfTheTiedPricesIsNoPressure) {
   Bid(50'300, 500); // at 50.30: bid 500, asked 600
   Bid(50'000, 100); // at 50.00: bid 600, asked 500
   Ask(50'000, 500);
@@ -88,7 +88,7 @@ TEST_F(MarketAuction, PressureOnEitherSideOfTheTiedPricesIsNoPressure) {
   EXPECT_EQ(FindEquilibrium(Book, 50'200), (TAt{50'300, 500, TImbalance::SellSurplus, 100}));
 }
 
-TEST_F(MarketAuction, OrdersOutsideTheCrossedPricesCountForNothing) {
+TEST_F(TAuctionTest, OrdersOutsideTheCrossedPricesCountForNothing) {
   Bid(50'000, 300);
   Ask(50'000, 300);
   Bid(49'950, 9'000);
@@ -96,7 +96,7 @@ TEST_F(MarketAuction, OrdersOutsideTheCrossedPricesCountForNothing) {
   EXPECT_EQ(FindEquilibrium(Book, 60'000), (TAt{50'000, 300, TImbalance::None, 0}));
 }
 
-TEST_F(MarketAuction, AtAuctionOrdersCountButMakeNoPrice) {
+TEST_F(TAuctionTest, AtAuctionOrdersCountButMakeNoPrice) {
   AtAuction(TSide::Bid, 900);
   AtAuction(TSide::Ask, 100);
   EXPECT_EQ(FindEquilibrium(Book, 50'000), std::nullopt);
@@ -109,7 +109,7 @@ TEST_F(MarketAuction, AtAuctionOrdersCountButMakeNoPrice) {
   EXPECT_EQ(FindEquilibrium(Book, 50'000), (TAt{50'100, 400, TImbalance::BuySurplus, 700}));
 }
 
-TEST_F(MarketAuction, AtAuctionOrdersTradeBeforeEarlierLimitOrders) {
+TEST_F(TAuctionTest, AtAuctionOrdersTradeBeforeEarlierLimitOrders) {
   Bid(50'100, 500);           // 1
   Ask(50'000, 500);           // 2
   AtAuction(TSide::Bid, 300); // 3
@@ -120,7 +120,7 @@ TEST_F(MarketAuction, AtAuctionOrdersTradeBeforeEarlierLimitOrders) {
   EXPECT_EQ(Book.Find(1)->Quantity, 300);
 }
 
-TEST_F(MarketAuction, UncrossingTradesInPriceTimePriorityOnBothSides) {
+TEST_F(TAuctionTest, UncrossingTradesInPriceTimePriorityOnBothSides) {
   Bid(50'050, 400); // 1
   Bid(50'100, 300); // 2
   Bid(50'050, 400); // 3

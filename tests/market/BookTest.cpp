@@ -14,7 +14,7 @@ void PrintTo(const TNaiveFill& fill, std::ostream* out) {
 
 namespace {
 
-struct MarketBook : testing::Test {
+struct TBookTest : testing::Test {
   std::vector<TNaiveFill> Match(TSide side, TPrice limit, TQuantity quantity) {
     std::vector<TNaiveFill> fills;
     Left = Book.Match(side, limit, quantity, [&](const TBookOrder& resting, TQuantity filled) {
@@ -55,7 +55,7 @@ using TFills = std::vector<TNaiveFill>;
 using TLevels = std::vector<TBookLevel>;
 using TIds = std::vector<TOrderId>;
 
-TEST_F(MarketBook, BestPriceFillsFirstAndThenTheLongestStanding) {
+TEST_F(TBookTest, BestPriceFillsFirstAndThenTheLongestStanding) {
   Book.Add(Order(1, TSide::Ask, 50'100, 300));
   Book.Add(Order(2, TSide::Ask, 50'050, 200));
   Book.Add(Order(3, TSide::Ask, 50'050, 400));
@@ -65,7 +65,7 @@ TEST_F(MarketBook, BestPriceFillsFirstAndThenTheLongestStanding) {
   EXPECT_EQ(Levels(TSide::Ask), (TLevels{{50'100, 200, 1}}));
 }
 
-TEST_F(MarketBook, ASellerTakesTheHighestBidsDownToItsLimit) {
+TEST_F(TBookTest, ASellerTakesTheHighestBidsDownToItsLimit) {
   Book.Add(Order(1, TSide::Bid, 49'900, 100));
   Book.Add(Order(2, TSide::Bid, 50'000, 100));
   Book.Add(Order(3, TSide::Bid, 49'950, 100));
@@ -74,7 +74,7 @@ TEST_F(MarketBook, ASellerTakesTheHighestBidsDownToItsLimit) {
   EXPECT_EQ(Book.BestPrice(TSide::Bid), 49'900);
 }
 
-TEST_F(MarketBook, AnEmptySideMatchesNothing) {
+TEST_F(TBookTest, AnEmptySideMatchesNothing) {
   Book.Add(Order(1, TSide::Bid, 50'000, 100));
   EXPECT_EQ(Match(TSide::Bid, 60'000, 100), TFills{});
   EXPECT_EQ(Left, 100);
@@ -85,7 +85,7 @@ TEST_F(MarketBook, AnEmptySideMatchesNothing) {
   EXPECT_FALSE(Book.Crosses(TSide::Ask, 50'050));
 }
 
-TEST_F(MarketBook, AFilledOrderIsToldWithNothingLeft) {
+TEST_F(TBookTest, AFilledOrderIsToldWithNothingLeft) {
   Book.Add(Order(1, TSide::Ask, 50'000, 200, 1234));
   TBookOrder told;
   Book.Match(TSide::Bid, 50'000, 200,
@@ -97,7 +97,7 @@ TEST_F(MarketBook, AFilledOrderIsToldWithNothingLeft) {
   EXPECT_EQ(Book.OrderCount(), 0u);
 }
 
-TEST_F(MarketBook, CancellingLeavesTheOthersInTheirOrder) {
+TEST_F(TBookTest, CancellingLeavesTheOthersInTheirOrder) {
   for (TOrderId id = 1; id <= 4; ++id)
     Book.Add(Order(id, TSide::Bid, 50'000, 100 * static_cast<TQuantity>(id)));
   const auto cancelled = Book.Cancel(2);
@@ -111,7 +111,7 @@ TEST_F(MarketBook, CancellingLeavesTheOthersInTheirOrder) {
   EXPECT_EQ(Levels(TSide::Bid), (TLevels{{50'000, 800, 2}}));
 }
 
-TEST_F(MarketBook, CancellingWhatIsNotThereDoesNothing) {
+TEST_F(TBookTest, CancellingWhatIsNotThereDoesNothing) {
   Book.Add(Order(1, TSide::Bid, 50'000, 100));
   EXPECT_FALSE(Book.Cancel(2));
   EXPECT_TRUE(Book.Cancel(1));
@@ -119,7 +119,7 @@ TEST_F(MarketBook, CancellingWhatIsNotThereDoesNothing) {
   EXPECT_EQ(Levels(TSide::Bid), TLevels{});
 }
 
-TEST_F(MarketBook, AReducedOrderKeepsItsPlace) {
+TEST_F(TBookTest, AReducedOrderKeepsItsPlace) {
   Book.Add(Order(1, TSide::Ask, 50'000, 500));
   Book.Add(Order(2, TSide::Ask, 50'000, 500));
   EXPECT_TRUE(Book.Reduce(1, 100));
@@ -130,7 +130,7 @@ TEST_F(MarketBook, AReducedOrderKeepsItsPlace) {
   EXPECT_EQ(Match(TSide::Bid, 50'000, 200), (TFills{{1, 50'000, 100}, {2, 50'000, 100}}));
 }
 
-TEST_F(MarketBook, LevelsAreReadFromTheBestAsFarAsAsked) {
+TEST_F(TBookTest, LevelsAreReadFromTheBestAsFarAsAsked) {
   Book.Add(Order(1, TSide::Bid, 9'990, 100));
   Book.Add(Order(2, TSide::Bid, 20'000, 100));
   Book.Add(Order(3, TSide::Bid, 50'000, 100));
@@ -141,14 +141,14 @@ TEST_F(MarketBook, LevelsAreReadFromTheBestAsFarAsAsked) {
   EXPECT_EQ(Book.LevelAt(TSide::Ask, 20'000), (TBookLevel{20'000, 0, 0}));
 }
 
-TEST_F(MarketBook, BothSidesMayStandAtOnePriceInAnAuction) {
+TEST_F(TBookTest, BothSidesMayStandAtOnePriceInAnAuction) {
   Book.Add(Order(1, TSide::Bid, 50'000, 100));
   Book.Add(Order(2, TSide::Ask, 50'000, 300));
   EXPECT_EQ(Levels(TSide::Bid), (TLevels{{50'000, 100, 1}}));
   EXPECT_EQ(Levels(TSide::Ask), (TLevels{{50'000, 300, 1}}));
 }
 
-TEST_F(MarketBook, QueueNamesBrokersFrontToBackWithMarkersBeforeFurtherLevels) {
+TEST_F(TBookTest, QueueNamesBrokersFrontToBackWithMarkersBeforeFurtherLevels) {
   Book.Add(Order(1, TSide::Bid, 50'000, 100, 2820));
   Book.Add(Order(2, TSide::Bid, 50'000, 100, 56));
   Book.Add(Order(3, TSide::Bid, 49'950, 100, 1234));
@@ -159,13 +159,13 @@ TEST_F(MarketBook, QueueNamesBrokersFrontToBackWithMarkersBeforeFurtherLevels) {
   EXPECT_EQ(Queue(TSide::Ask), "7 +2 8");
 }
 
-TEST_F(MarketBook, QueueCountsTicksAcrossAChangeOfStep) {
+TEST_F(TBookTest, QueueCountsTicksAcrossAChangeOfStep) {
   Book.Add(Order(1, TSide::Ask, 19'980, 100, 1));
   Book.Add(Order(2, TSide::Ask, 20'050, 100, 2));
   EXPECT_EQ(Queue(TSide::Ask), "1 +2 2");
 }
 
-TEST_F(MarketBook, QueueHoldsFortyEntriesAndEndsWithABroker) {
+TEST_F(TBookTest, QueueHoldsFortyEntriesAndEndsWithABroker) {
   for (TOrderId id = 1; id <= 38; ++id)
     Book.Add(Order(id, TSide::Ask, 50'000, 100, 1));
   Book.Add(Order(100, TSide::Ask, 50'050, 100, 2));

@@ -9,7 +9,7 @@ namespace {
 using namespace std::chrono_literals;
 using TRej = TRejection;
 
-struct MarketInstrumentAuction : testing::Test {
+struct TInstrumentAuctionTest : testing::Test {
   TMarketRig Rig;
   TInstrumentMarket& Market = Rig.Market;
   std::vector<TMatch>& Trades = Rig.Ears.Trades;
@@ -17,7 +17,7 @@ struct MarketInstrumentAuction : testing::Test {
 
 // --- the opening auction ---
 
-TEST_F(MarketInstrumentAuction, NoOrdersAreTakenOutsideThePhasesForThem) {
+TEST_F(TInstrumentAuctionTest, NoOrdersAreTakenOutsideThePhasesForThem) {
   for (const TTimeOfDay time : {TTimeOfDay(8h), TTimeOfDay(9h + 25min), TTimeOfDay(12h),
                                 TTimeOfDay(16h), TTimeOfDay(16h + 11min)}) {
     Market.AdvanceTo(time);
@@ -25,7 +25,7 @@ TEST_F(MarketInstrumentAuction, NoOrdersAreTakenOutsideThePhasesForThem) {
   }
 }
 
-TEST_F(MarketInstrumentAuction, OpeningOrdersLieWithinFifteenPerCentOfThePreviousClose) {
+TEST_F(TInstrumentAuctionTest, OpeningOrdersLieWithinFifteenPerCentOfThePreviousClose) {
   Market.AdvanceTo(9h);
   EXPECT_EQ(Market.ReferencePrice(), 50'000);
   EXPECT_EQ(Market.AuctionLimits(), (TPriceLimits{42'500, 57'500}));
@@ -35,7 +35,7 @@ TEST_F(MarketInstrumentAuction, OpeningOrdersLieWithinFifteenPerCentOfThePreviou
   EXPECT_EQ(Rig.Ask(42'500, 100).Rejection, TRej::None);
 }
 
-TEST_F(MarketInstrumentAuction, LaterOpeningOrdersLieBetweenLowestAskAndHighestBid) {
+TEST_F(TInstrumentAuctionTest, LaterOpeningOrdersLieBetweenLowestAskAndHighestBid) {
   Market.AdvanceTo(9h);
   Rig.Bid(50'500, 100);
   Rig.Bid(49'000, 100);
@@ -48,7 +48,7 @@ TEST_F(MarketInstrumentAuction, LaterOpeningOrdersLieBetweenLowestAskAndHighestB
   EXPECT_EQ(Rig.Bid(50'500, 100).Rejection, TRej::None);
 }
 
-TEST_F(MarketInstrumentAuction, LaterLimitsOfABookThatIsNotCrossedRunFromBidToAsk) {
+TEST_F(TInstrumentAuctionTest, LaterLimitsOfABookThatIsNotCrossedRunFromBidToAsk) {
   Market.AdvanceTo(9h);
   Rig.Bid(49'000, 100);
   Rig.Ask(50'500, 100);
@@ -56,7 +56,7 @@ TEST_F(MarketInstrumentAuction, LaterLimitsOfABookThatIsNotCrossedRunFromBidToAs
   EXPECT_EQ(Market.AuctionLimits(), (TPriceLimits{49'000, 50'500}));
 }
 
-TEST_F(MarketInstrumentAuction, WithoutAskTheLowerLimitStaysAndWithoutBidTheUpper) {
+TEST_F(TInstrumentAuctionTest, WithoutAskTheLowerLimitStaysAndWithoutBidTheUpper) {
   Market.AdvanceTo(9h);
   Rig.Bid(49'000, 100);
   Market.AdvanceTo(9h + 15min);
@@ -69,7 +69,7 @@ TEST_F(MarketInstrumentAuction, WithoutAskTheLowerLimitStaysAndWithoutBidTheUppe
   EXPECT_EQ(other.Market.AuctionLimits(), (TPriceLimits{49'000, 57'500}));
 }
 
-TEST_F(MarketInstrumentAuction, OpeningAuctionMatchesAtItsRandomMomentAndTheRestOpensTheMorning) {
+TEST_F(TInstrumentAuctionTest, OpeningAuctionMatchesAtItsRandomMomentAndTheRestOpensTheMorning) {
   Market.AdvanceTo(9h);
   Rig.Bid(50'500, 300, 1111);
   Rig.Bid(49'000, 100);
@@ -96,7 +96,7 @@ TEST_F(MarketInstrumentAuction, OpeningAuctionMatchesAtItsRandomMomentAndTheRest
   EXPECT_TRUE(Rig.Ears.LapsedOrders.empty());
 }
 
-TEST_F(MarketInstrumentAuction, AtAuctionOrdersTradeFirstInTheOpeningAndLapseAfterIt) {
+TEST_F(TInstrumentAuctionTest, AtAuctionOrdersTradeFirstInTheOpeningAndLapseAfterIt) {
   Market.AdvanceTo(9h);
   Rig.Ask(50'000, 300);
   Rig.Bid(50'100, 200);
@@ -121,7 +121,7 @@ TEST_F(MarketInstrumentAuction, AtAuctionOrdersTradeFirstInTheOpeningAndLapseAft
   EXPECT_EQ(Market.Book().BestPrice(TSide::Bid), 50'100);
 }
 
-TEST_F(MarketInstrumentAuction, AtAuctionOrdersAloneMakeNoOpeningPrice) {
+TEST_F(TInstrumentAuctionTest, AtAuctionOrdersAloneMakeNoOpeningPrice) {
   Market.AdvanceTo(9h);
   Rig.AtMarket(TSide::Bid, 400);
   Rig.AtMarket(TSide::Ask, 400);
@@ -131,14 +131,14 @@ TEST_F(MarketInstrumentAuction, AtAuctionOrdersAloneMakeNoOpeningPrice) {
   EXPECT_EQ(Rig.Ears.LapsedOrders.size(), 2u);
 }
 
-TEST_F(MarketInstrumentAuction, OrdersInAnAuctionOnlyGather) {
+TEST_F(TInstrumentAuctionTest, OrdersInAnAuctionOnlyGather) {
   Market.AdvanceTo(9h);
   Rig.Bid(50'500, 300);
   EXPECT_EQ(Rig.Ask(50'000, 300).Open, 300);
   EXPECT_TRUE(Trades.empty());
 }
 
-TEST_F(MarketInstrumentAuction, AChangeInAnAuctionGathersToo) {
+TEST_F(TInstrumentAuctionTest, AChangeInAnAuctionGathersToo) {
   Market.AdvanceTo(9h);
   Rig.Bid(49'500, 300);
   Rig.Ask(50'000, 300);
@@ -180,9 +180,9 @@ TEST(MarketInstrumentPlain, WithoutAuctionsItIsClosedWhileOthersHaveThem) {
 
 // --- the close ---
 
-struct MarketClosing : MarketInstrumentAuction {
+struct TClosingTest : TInstrumentAuctionTest {
   /// Nominal prices 50.00, 50.10, 50.20, 50.00, 50.00 in the last minute: the median is 50.00.
-  MarketClosing() {
+  TClosingTest() {
     Market.AdvanceTo(15h + 58min);
     Rig.TradeAt(50'000);
     Market.AdvanceTo(15h + 59min + 15s - 1us);
@@ -194,7 +194,7 @@ struct MarketClosing : MarketInstrumentAuction {
   }
 };
 
-TEST_F(MarketClosing, ReferenceIsTheMedianOfTheLastMinutesNominalPrices) {
+TEST_F(TClosingTest, ReferenceIsTheMedianOfTheLastMinutesNominalPrices) {
   EXPECT_EQ(Market.ReferencePrice(), std::nullopt);
   Rig.Bid(47'500, 100);
   Market.AdvanceTo(16h);
@@ -206,7 +206,7 @@ TEST_F(MarketClosing, ReferenceIsTheMedianOfTheLastMinutesNominalPrices) {
   EXPECT_EQ(Market.AuctionLimits(), (TPriceLimits{47'500, 52'500}));
 }
 
-TEST_F(MarketClosing, LastNominalPriceIsTakenAtTheVeryEnd) {
+TEST_F(TClosingTest, LastNominalPriceIsTakenAtTheVeryEnd) {
   Market.AdvanceTo(15h + 59min + 44s);
   Rig.TradeAt(50'300);
   Market.AdvanceTo(15h + 59min + 59s);
@@ -215,7 +215,7 @@ TEST_F(MarketClosing, LastNominalPriceIsTakenAtTheVeryEnd) {
   EXPECT_EQ(Market.ReferencePrice(), 50'200);
 }
 
-TEST_F(MarketClosing, OrdersOfTheDayWithinFivePerCentGoOnIntoTheAuction) {
+TEST_F(TClosingTest, OrdersOfTheDayWithinFivePerCentGoOnIntoTheAuction) {
   Rig.Bid(47'500, 100);
   Rig.Bid(47'450, 200);
   Rig.Ask(52'500, 300);
@@ -231,7 +231,7 @@ TEST_F(MarketClosing, OrdersOfTheDayWithinFivePerCentGoOnIntoTheAuction) {
   EXPECT_EQ(Market.Book().BestPrice(TSide::Ask), 52'500);
 }
 
-TEST_F(MarketClosing, ClosingAuctionMatchesAtItsRandomMomentAndEmptiesTheBook) {
+TEST_F(TClosingTest, ClosingAuctionMatchesAtItsRandomMomentAndEmptiesTheBook) {
   Market.AdvanceTo(16h + 2min);
   Rig.Bid(50'100, 500);
   Rig.Ask(49'900, 300);
@@ -256,14 +256,14 @@ TEST_F(MarketClosing, ClosingAuctionMatchesAtItsRandomMomentAndEmptiesTheBook) {
   EXPECT_EQ(Rig.Ears.LapsedOrders[0].Quantity, 200);
 }
 
-TEST_F(MarketClosing, WithoutAnEquilibriumTheReferenceIsTheClosingPrice) {
+TEST_F(TClosingTest, WithoutAnEquilibriumTheReferenceIsTheClosingPrice) {
   Rig.Ask(50'400, 100);
   Market.AdvanceTo(17h);
   EXPECT_EQ(Market.ClosingPrice(), 50'000);
   EXPECT_EQ(Market.AuctionLimits(), std::nullopt);
 }
 
-TEST_F(MarketClosing, WithoutAnEquilibriumAtAuctionOrdersTradeAtTheReference) {
+TEST_F(TClosingTest, WithoutAnEquilibriumAtAuctionOrdersTradeAtTheReference) {
   Market.AdvanceTo(16h + 2min);
   Rig.Ask(49'900, 100);
   Rig.Ask(50'100, 100);

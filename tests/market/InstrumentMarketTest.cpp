@@ -9,7 +9,7 @@ namespace {
 using namespace std::chrono_literals;
 using TRej = TRejection;
 
-struct MarketInstrument : testing::Test {
+struct TInstrumentMarketTest : testing::Test {
   TMarketRig Rig;
   TInstrumentMarket& Market = Rig.Market;
   std::vector<TMatch>& Trades = Rig.Ears.Trades;
@@ -17,7 +17,7 @@ struct MarketInstrument : testing::Test {
 
 // --- continuous trading ---
 
-TEST_F(MarketInstrument, ATradeSaysWhoTradedWithWhomAndWhoCameLast) {
+TEST_F(TInstrumentMarketTest, ATradeSaysWhoTradedWithWhomAndWhoCameLast) {
   Market.AdvanceTo(10h);
   Rig.Ask(50'050, 500, 1111);
   EXPECT_EQ(Rig.Bid(50'100, 200, 2222).Filled, 200);
@@ -38,7 +38,7 @@ TEST_F(MarketInstrument, ATradeSaysWhoTradedWithWhomAndWhoCameLast) {
   EXPECT_EQ(Trades[1].Aggressor, TSide::Ask);
 }
 
-TEST_F(MarketInstrument, FiguresOfTheDayFollowTheTrades) {
+TEST_F(TInstrumentMarketTest, FiguresOfTheDayFollowTheTrades) {
   Market.AdvanceTo(10h);
   EXPECT_EQ(Market.Figures().Open, std::nullopt);
   Rig.TradeAt(50'000);
@@ -54,7 +54,7 @@ TEST_F(MarketInstrument, FiguresOfTheDayFollowTheTrades) {
   EXPECT_EQ(figures.Turnover, 100 * (50'000 + 50'200 + 49'800 + 49'900));
 }
 
-TEST_F(MarketInstrument, ALimitOrdersRestStandsAtItsPrice) {
+TEST_F(TInstrumentMarketTest, ALimitOrdersRestStandsAtItsPrice) {
   Market.AdvanceTo(10h);
   Rig.Ask(50'000, 100);
   const TEntryResult result = Rig.Bid(50'050, 300);
@@ -64,7 +64,7 @@ TEST_F(MarketInstrument, ALimitOrdersRestStandsAtItsPrice) {
   EXPECT_EQ(Market.Book().Find(2)->Entered, 10h);
 }
 
-TEST_F(MarketInstrument, AMarketOrderReachesNineTicksBeyondTheBestAndItsRestIsCancelled) {
+TEST_F(TInstrumentMarketTest, AMarketOrderReachesNineTicksBeyondTheBestAndItsRestIsCancelled) {
   Market.AdvanceTo(10h);
   Rig.Ask(50'000, 100);
   Rig.Ask(50'450, 100);
@@ -78,7 +78,7 @@ TEST_F(MarketInstrument, AMarketOrderReachesNineTicksBeyondTheBestAndItsRestIsCa
   EXPECT_EQ(Rig.AtMarket(TSide::Ask, 100).Rejection, TRej::NoOppositePrice);
 }
 
-TEST_F(MarketInstrument, ALimitOrderReachesNoFurtherThanNineTicksBeyondTheBest) {
+TEST_F(TInstrumentMarketTest, ALimitOrderReachesNoFurtherThanNineTicksBeyondTheBest) {
   Market.AdvanceTo(10h);
   Rig.Ask(50'000, 100);
   EXPECT_EQ(Rig.Bid(50'500, 100).Rejection, TRej::BeyondReach);
@@ -88,7 +88,7 @@ TEST_F(MarketInstrument, ALimitOrderReachesNoFurtherThanNineTicksBeyondTheBest) 
   EXPECT_EQ(Rig.Ask(49'550, 100).Filled, 100);
 }
 
-TEST_F(MarketInstrument, WhatIsNoOrderIsRejected) {
+TEST_F(TInstrumentMarketTest, WhatIsNoOrderIsRejected) {
   Market.AdvanceTo(10h);
   EXPECT_EQ(Rig.Bid(50'010, 100).Rejection, TRej::PriceOffTick);
   EXPECT_EQ(Rig.Bid(50'000, 150).Rejection, TRej::QuantityNotInLots);
@@ -97,7 +97,7 @@ TEST_F(MarketInstrument, WhatIsNoOrderIsRejected) {
   EXPECT_EQ(Market.Book().OrderCount(), 0u);
 }
 
-TEST_F(MarketInstrument, AnOrderHasThreeThousandBoardLotsAtMost) {
+TEST_F(TInstrumentMarketTest, AnOrderHasThreeThousandBoardLotsAtMost) {
   Market.AdvanceTo(10h);
   EXPECT_EQ(Rig.Bid(50'000, 300'100).Rejection, TRej::QuantityTooLarge);
   EXPECT_EQ(Rig.AtMarket(TSide::Bid, 300'100).Rejection, TRej::QuantityTooLarge);
@@ -144,7 +144,7 @@ TEST(MarketInstrumentSuspended, TakesNoOrder) {
   EXPECT_EQ(rig.Market.NominalPrice(), 50'000);
 }
 
-TEST_F(MarketInstrument, SuspendingEndsTradingForTheDay) {
+TEST_F(TInstrumentMarketTest, SuspendingEndsTradingForTheDay) {
   Market.AdvanceTo(10h);
   Rig.TradeAt(50'200);
   Rig.Bid(50'000, 300);
@@ -162,7 +162,7 @@ TEST_F(MarketInstrument, SuspendingEndsTradingForTheDay) {
 
 // --- changing and cancelling ---
 
-TEST_F(MarketInstrument, ASmallerQuantityKeepsThePlaceAndALargerOneLosesIt) {
+TEST_F(TInstrumentMarketTest, ASmallerQuantityKeepsThePlaceAndALargerOneLosesIt) {
   Market.AdvanceTo(10h);
   for (int n = 0; n < 3; ++n)
     Rig.Bid(50'000, 300);
@@ -175,7 +175,7 @@ TEST_F(MarketInstrument, ASmallerQuantityKeepsThePlaceAndALargerOneLosesIt) {
   EXPECT_EQ(Market.Book().LevelAt(TSide::Bid, 50'000), (TBookLevel{50'000, 1000, 3}));
 }
 
-TEST_F(MarketInstrument, AChangedPriceMayTradeUnderTheSameNumber) {
+TEST_F(TInstrumentMarketTest, AChangedPriceMayTradeUnderTheSameNumber) {
   Market.AdvanceTo(10h);
   Rig.Bid(49'900, 300, 1111);
   Rig.Ask(50'000, 100);
@@ -188,7 +188,7 @@ TEST_F(MarketInstrument, AChangedPriceMayTradeUnderTheSameNumber) {
   EXPECT_EQ(Market.Book().Find(1)->Price, 50'000);
 }
 
-TEST_F(MarketInstrument, ARejectedChangeLeavesTheOrder) {
+TEST_F(TInstrumentMarketTest, ARejectedChangeLeavesTheOrder) {
   Market.AdvanceTo(10h);
   Rig.Bid(49'900, 300);
   Rig.Bid(49'900, 300);
@@ -199,7 +199,7 @@ TEST_F(MarketInstrument, ARejectedChangeLeavesTheOrder) {
   EXPECT_EQ(Market.Book().Front(TSide::Bid)->Quantity, 300);
 }
 
-TEST_F(MarketInstrument, CancellingWorksWhereThePhaseAllows) {
+TEST_F(TInstrumentMarketTest, CancellingWorksWhereThePhaseAllows) {
   Market.AdvanceTo(9h);
   Rig.Bid(50'000, 100);
   EXPECT_EQ(Market.Cancel(1), TRej::None);
@@ -217,7 +217,7 @@ TEST_F(MarketInstrument, CancellingWorksWhereThePhaseAllows) {
 
 // --- nominal price ---
 
-TEST_F(MarketInstrument, NominalPriceIsTheLastUnlessTheBookHasMovedPastIt) {
+TEST_F(TInstrumentMarketTest, NominalPriceIsTheLastUnlessTheBookHasMovedPastIt) {
   Market.AdvanceTo(10h);
   EXPECT_EQ(Market.NominalPrice(), 50'000);
   Rig.TradeAt(50'200);
@@ -234,7 +234,7 @@ TEST_F(MarketInstrument, NominalPriceIsTheLastUnlessTheBookHasMovedPastIt) {
   EXPECT_EQ(Market.NominalPrice(), 50'150);
 }
 
-TEST_F(MarketInstrument, NominalPriceTakesNoNoticeOfABookThatIsNotPublished) {
+TEST_F(TInstrumentMarketTest, NominalPriceTakesNoNoticeOfABookThatIsNotPublished) {
   Market.AdvanceTo(9h);
   Rig.Bid(51'000, 100);
   Rig.Ask(52'000, 100);
@@ -245,7 +245,7 @@ TEST_F(MarketInstrument, NominalPriceTakesNoNoticeOfABookThatIsNotPublished) {
   EXPECT_EQ(Market.NominalPrice(), 51'000);
 }
 
-TEST_F(MarketInstrument, TimeDoesNotGoBack) {
+TEST_F(TInstrumentMarketTest, TimeDoesNotGoBack) {
   Market.AdvanceTo(10h);
   Market.AdvanceTo(9h);
   EXPECT_EQ(Market.Now(), 10h);

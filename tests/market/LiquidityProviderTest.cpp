@@ -74,8 +74,8 @@ TEST(MandatoryCall, ComesWhenTheUnderlyingTouchesTheCallLevel) {
 }
 
 /// A liquidity provider in a bull contract, or a warrant, on an underlying at 49.95 to 50.05.
-struct LiquidityProvider : testing::Test {
-  LiquidityProvider() : Contracts(Product(TInstrumentKind::CallableContract)) { Start(); }
+struct TLiquidityProviderTest : testing::Test {
+  TLiquidityProviderTest() : Contracts(Product(TInstrumentKind::CallableContract)) { Start(); }
 
   static TInstrument Product(TInstrumentKind kind) {
     TInstrument instrument;
@@ -130,7 +130,7 @@ struct LiquidityProvider : testing::Test {
   TOrderId LastId = 1000;
 };
 
-TEST_F(LiquidityProvider, QuotesBothSidesOfTheFairValue) {
+TEST_F(TLiquidityProviderTest, QuotesBothSidesOfTheFairValue) {
   Look();
   EXPECT_NEAR(Provider->Fair(), 100, 1e-9); // (50 - 40) / 100
   EXPECT_EQ(Book().BestPrice(TSide::Bid), 99);
@@ -138,7 +138,7 @@ TEST_F(LiquidityProvider, QuotesBothSidesOfTheFairValue) {
   EXPECT_EQ(Provider->Width(), 2);
 }
 
-TEST_F(LiquidityProvider, QuotesLargeLotsUnderItsOwnNumberTheLargestAtTheBest) {
+TEST_F(TLiquidityProviderTest, QuotesLargeLotsUnderItsOwnNumberTheLargestAtTheBest) {
   Look();
   for (const TSide side : {TSide::Bid, TSide::Ask}) {
     std::array<TBookLevel, 10> levels;
@@ -154,7 +154,7 @@ TEST_F(LiquidityProvider, QuotesLargeLotsUnderItsOwnNumberTheLargestAtTheBest) {
   }
 }
 
-TEST_F(LiquidityProvider, QuotesAWarrantThreeTicksWide) {
+TEST_F(TLiquidityProviderTest, QuotesAWarrantThreeTicksWide) {
   Contracts = Product(TInstrumentKind::Warrant);
   Provider.emplace(Contracts, Today, Underlying.Day, TRandom(1, 1));
   Look();
@@ -164,14 +164,14 @@ TEST_F(LiquidityProvider, QuotesAWarrantThreeTicksWide) {
   EXPECT_GT(*Book().BestPrice(TSide::Ask), 100);
 }
 
-TEST_F(LiquidityProvider, LeavesItsQuotesWhileTheFairValueStays) {
+TEST_F(TLiquidityProviderTest, LeavesItsQuotesWhileTheFairValueStays) {
   Look();
   const auto before = Best();
   Look();
   EXPECT_EQ(Best(), before);
 }
 
-TEST_F(LiquidityProvider, MovesItsQuotesWithTheFairValue) {
+TEST_F(TLiquidityProviderTest, MovesItsQuotesWithTheFairValue) {
   Look();
   const TOrderId third = [&] {
     TOrderId id = 0;
@@ -190,7 +190,7 @@ TEST_F(LiquidityProvider, MovesItsQuotesWithTheFairValue) {
   EXPECT_TRUE(Ears.Trades.empty());
 }
 
-TEST_F(LiquidityProvider, FillsUpAQuoteOfWhichLittleIsLeft) {
+TEST_F(TLiquidityProviderTest, FillsUpAQuoteOfWhichLittleIsLeft) {
   Look();
   const TQuantity whole = Book().LevelAt(TSide::Ask, 101).Quantity;
   Market().Enter({1, TSide::Bid, TOrderKind::Limit, 101, whole - 10'000, 2});
@@ -203,7 +203,7 @@ TEST_F(LiquidityProvider, FillsUpAQuoteOfWhichLittleIsLeft) {
   EXPECT_EQ(Book().LevelAt(TSide::Ask, 101).Quantity, whole);
 }
 
-TEST_F(LiquidityProvider, ReachesOverOthersNoFurtherThanTheExchangeAccepts) {
+TEST_F(TLiquidityProviderTest, ReachesOverOthersNoFurtherThanTheExchangeAccepts) {
   Market().AdvanceTo(9h + 30min);
   Market().Enter({1, TSide::Ask, TOrderKind::Limit, 80, 10'000, 2});
   Look();
@@ -215,7 +215,7 @@ TEST_F(LiquidityProvider, ReachesOverOthersNoFurtherThanTheExchangeAccepts) {
   EXPECT_EQ(Book().BestPrice(TSide::Bid), 99);
 }
 
-TEST_F(LiquidityProvider, WithdrawsWhileTheUnderlyingHasNoTwoPrices) {
+TEST_F(TLiquidityProviderTest, WithdrawsWhileTheUnderlyingHasNoTwoPrices) {
   Look();
   ASSERT_EQ(Underlying.Market.Cancel(1), TRejection::None);
   Look();
@@ -224,7 +224,7 @@ TEST_F(LiquidityProvider, WithdrawsWhileTheUnderlyingHasNoTwoPrices) {
   EXPECT_TRUE(Provider->Due());
 }
 
-TEST_F(LiquidityProvider, LooksOnlyInContinuousTrading) {
+TEST_F(TLiquidityProviderTest, LooksOnlyInContinuousTrading) {
   EXPECT_EQ(*Provider->Due(), TTimeOfDay(9h + 30min));
   while (*Provider->Due() < TTimeOfDay(12h))
     Look();

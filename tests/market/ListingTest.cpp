@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-struct Listing : testing::Test {
+struct TListingTest : testing::Test {
   std::size_t Count(auto&& isWanted) const {
     return std::size_t(std::ranges::count_if(Listed.Instruments(), isWanted));
   }
@@ -35,7 +35,7 @@ bool IsWithin(std::string_view symbol, int from, int to) {
   return from <= code && code <= to;
 }
 
-TEST_F(Listing, ListsSomeSixtyInstrumentsOfEveryKind) {
+TEST_F(TListingTest, ListsSomeSixtyInstrumentsOfEveryKind) {
   EXPECT_EQ(Listed.Instruments().size(), 63U);
   EXPECT_GE(Count([](const TInstrument& i) { return i.Kind == TInstrumentKind::Warrant; }), 10U);
   EXPECT_GE(Count([](const TInstrument& i) { return i.Kind == TInstrumentKind::CallableContract; }),
@@ -53,7 +53,7 @@ TEST_F(Listing, ListsSomeSixtyInstrumentsOfEveryKind) {
             7U);
 }
 
-TEST_F(Listing, StructuredProductsComeInEveryRightAndCategory) {
+TEST_F(TListingTest, StructuredProductsComeInEveryRightAndCategory) {
   std::set<std::string> kinds;
   std::set<std::string> underlyings;
   for (const TInstrument& instrument : Listed.Instruments())
@@ -67,7 +67,7 @@ TEST_F(Listing, StructuredProductsComeInEveryRightAndCategory) {
   EXPECT_GE(underlyings.size(), 5U);
 }
 
-TEST_F(Listing, EverySymbolIsListedOnce) {
+TEST_F(TListingTest, EverySymbolIsListedOnce) {
   std::set<std::string_view> symbols;
   for (const TInstrument& instrument : Listed.Instruments()) {
     EXPECT_TRUE(symbols.insert(instrument.Symbol).second) << instrument.Symbol;
@@ -77,7 +77,7 @@ TEST_F(Listing, EverySymbolIsListedOnce) {
   EXPECT_EQ(Listed.Find("99999"), nullptr);
 }
 
-TEST_F(Listing, SymbolsLieInTheRangesOfTheirKinds) {
+TEST_F(TListingTest, SymbolsLieInTheRangesOfTheirKinds) {
   for (const TInstrument& instrument : Listed.Instruments()) {
     SCOPED_TRACE(instrument.Symbol);
     if (instrument.Kind == TInstrumentKind::Warrant) {
@@ -98,7 +98,7 @@ TEST_F(Listing, SymbolsLieInTheRangesOfTheirKinds) {
             2U);
 }
 
-TEST_F(Listing, ShortNamesFitTheirColumns) {
+TEST_F(TListingTest, ShortNamesFitTheirColumns) {
   for (const TInstrument& instrument : Listed.Instruments()) {
     SCOPED_TRACE(instrument.Symbol);
     EXPECT_GE(instrument.Name.size(), 1U);
@@ -109,7 +109,7 @@ TEST_F(Listing, ShortNamesFitTheirColumns) {
   }
 }
 
-TEST_F(Listing, ShortNamesOfStructuredProductsHaveTheExchangesColumns) {
+TEST_F(TListingTest, ShortNamesOfStructuredProductsHaveTheExchangesColumns) {
   EXPECT_EQ(At("14680").Name, "QZHBTEC@EC2612A");
   EXPECT_EQ(At("15478").Name, "QZVOLT @EP2610B");
   EXPECT_EQ(At("16127").Name, "AUHB40 @AP2609A");
@@ -122,7 +122,7 @@ TEST_F(Listing, ShortNamesOfStructuredProductsHaveTheExchangesColumns) {
     EXPECT_EQ(instrument.IsStructured() ? instrument.Name.size() : 15U, 15U) << instrument.Name;
 }
 
-TEST_F(Listing, PricesLieOnTheGridOnEveryDateOfTheSpreadTables) {
+TEST_F(TListingTest, PricesLieOnTheGridOnEveryDateOfTheSpreadTables) {
   for (const auto date : {std::chrono::year_month_day(2025y / 1 / 2), ListingDate,
                           std::chrono::year_month_day(2026y / 12 / 1)}) {
     const TListing listing(date);
@@ -140,7 +140,7 @@ TEST_F(Listing, PricesLieOnTheGridOnEveryDateOfTheSpreadTables) {
   }
 }
 
-TEST_F(Listing, BoardLotsAndIssuesAreWhole) {
+TEST_F(TListingTest, BoardLotsAndIssuesAreWhole) {
   for (const TInstrument& instrument : Listed.Instruments()) {
     SCOPED_TRACE(instrument.Symbol);
     EXPECT_GE(instrument.BoardLot, 10);
@@ -152,7 +152,7 @@ TEST_F(Listing, BoardLotsAndIssuesAreWhole) {
   }
 }
 
-TEST_F(Listing, SpreadCodesAreThoseOfTheKinds) {
+TEST_F(TListingTest, SpreadCodesAreThoseOfTheKinds) {
   EXPECT_EQ(At("700").SpreadCode, "01");
   EXPECT_EQ(At("872").SpreadCode, "01");
   EXPECT_EQ(At("2855").SpreadCode, "05");
@@ -161,7 +161,7 @@ TEST_F(Listing, SpreadCodesAreThoseOfTheKinds) {
   EXPECT_EQ(At("55321").SpreadCode, "06");
 }
 
-TEST_F(Listing, WarrantsAndContractsArePricedByTheirUnderlyingsPreviousClose) {
+TEST_F(TListingTest, WarrantsAndContractsArePricedByTheirUnderlyingsPreviousClose) {
   // Black-Scholes: 315.8 against 330, 280 days, 36 %, interest 3 %, one hundredth: 0.3672.
   EXPECT_EQ(At("14680").PreviousClose, 365);
   // (315.8 - 290 + 4.5 % of 290 over 256 days) / 100 = 0.34953.
@@ -169,7 +169,7 @@ TEST_F(Listing, WarrantsAndContractsArePricedByTheirUnderlyingsPreviousClose) {
   EXPECT_GT(At("14680").YearHigh, At("14680").PreviousClose);
 }
 
-TEST_F(Listing, CallLevelsLieBetweenStrikeAndPrice) {
+TEST_F(TListingTest, CallLevelsLieBetweenStrikeAndPrice) {
   for (const TInstrument& instrument : Listed.Instruments()) {
     SCOPED_TRACE(instrument.Symbol);
     if (instrument.Kind != TInstrumentKind::CallableContract) {
@@ -189,7 +189,7 @@ TEST_F(Listing, CallLevelsLieBetweenStrikeAndPrice) {
   }
 }
 
-TEST_F(Listing, RelatedCodesAreListed) {
+TEST_F(TListingTest, RelatedCodesAreListed) {
   for (const TInstrument& instrument : Listed.Instruments()) {
     SCOPED_TRACE(instrument.Symbol);
     for (const std::string& symbol : Split(Listed.WarrantCodes(instrument)))
@@ -203,7 +203,7 @@ TEST_F(Listing, RelatedCodesAreListed) {
   }
 }
 
-TEST_F(Listing, AShareNamesWhatIsWrittenOnItAndItsCounterpart) {
+TEST_F(TListingTest, AShareNamesWhatIsWrittenOnItAndItsCounterpart) {
   EXPECT_EQ(Listed.WarrantCodes(At("18")), "15533");
   EXPECT_EQ(Listed.WarrantCodes(At("700")), "14680 14722 14815 55321 55408 55672 55719");
   EXPECT_EQ(Split(Listed.RelatedCodes(At("700"))).front(), "80700");
@@ -212,13 +212,13 @@ TEST_F(Listing, AShareNamesWhatIsWrittenOnItAndItsCounterpart) {
   EXPECT_EQ(Listed.ProviderCodes(At("41")), "");
 }
 
-TEST_F(Listing, AWarrantNamesItsUnderlyingItsSistersAndItsProvider) {
+TEST_F(TListingTest, AWarrantNamesItsUnderlyingItsSistersAndItsProvider) {
   EXPECT_EQ(Listed.WarrantCodes(At("14722")), "700");
   EXPECT_EQ(Listed.RelatedCodes(At("14722")), "14680 14815 55321 55408 55672 55719");
   EXPECT_EQ(Listed.ProviderCodes(At("14722")), "9722");
 }
 
-TEST_F(Listing, TheRenminbiCounterFollowsTheDollarShare) {
+TEST_F(TListingTest, TheRenminbiCounterFollowsTheDollarShare) {
   EXPECT_EQ(At("80700").Currency, "CNY");
   EXPECT_EQ(At("80700").Follows(), "700");
   EXPECT_EQ(At("700").Follows(), "");
@@ -227,14 +227,14 @@ TEST_F(Listing, TheRenminbiCounterFollowsTheDollarShare) {
               ToUnits(At("700").PreviousClose) * RenminbiPerDollar, 0.2);
 }
 
-TEST_F(Listing, TheBondHasEarnedInterestSinceItsLastCoupon) {
+TEST_F(TListingTest, TheBondHasEarnedInterestSinceItsLastCoupon) {
   EXPECT_EQ(At("4246").AccruedInterest, "1.1972"); // 3.8 % for 115 days from 21 November
   EXPECT_EQ(TListing(2026y / 5 / 21).Find("4246")->AccruedInterest, "0.0000");
   EXPECT_EQ(TListing(2026y / 12 / 1).Find("4246")->AccruedInterest, "0.1041");
   EXPECT_EQ(At("700").AccruedInterest, "");
 }
 
-TEST_F(Listing, OnlySharesUnderControlHaveAVolatilityLimit) {
+TEST_F(TListingTest, OnlySharesUnderControlHaveAVolatilityLimit) {
   EXPECT_EQ(At("700").VolatilityPercent(), 10);
   EXPECT_EQ(At("214").VolatilityPercent(), 15);
   EXPECT_EQ(At("1077").VolatilityPercent(), 20);
@@ -242,7 +242,7 @@ TEST_F(Listing, OnlySharesUnderControlHaveAVolatilityLimit) {
   EXPECT_EQ(At("14680").VolatilityPercent(), 0);
 }
 
-TEST_F(Listing, SharesFundsAndTrustsTakePartInTheAuctions) {
+TEST_F(TListingTest, SharesFundsAndTrustsTakePartInTheAuctions) {
   EXPECT_TRUE(At("700").HasAuctions());
   EXPECT_TRUE(At("2855").HasAuctions());
   EXPECT_TRUE(At("872").HasAuctions());
@@ -251,13 +251,13 @@ TEST_F(Listing, SharesFundsAndTrustsTakePartInTheAuctions) {
   EXPECT_FALSE(At("55321").HasAuctions());
 }
 
-TEST_F(Listing, PriceEarningsNeedEarnings) {
+TEST_F(TListingTest, PriceEarningsNeedEarnings) {
   EXPECT_NEAR(*At("700").PriceEarnings(), 21.41, 0.005);
   EXPECT_FALSE(At("2088").PriceEarnings()); // a loss
   EXPECT_FALSE(At("6021").PriceEarnings()); // no figure
 }
 
-TEST_F(Listing, DailyLimitsAreATenthEitherWayOnTheGrid) {
+TEST_F(TListingTest, DailyLimitsAreATenthEitherWayOnTheGrid) {
   EXPECT_EQ(Listed.DailyLimits(At("600816")), (TPriceLimits{7610, 9310})); // 7.614 to 9.306
   EXPECT_EQ(Listed.DailyLimits(At("700")), std::nullopt);
 }

@@ -7,13 +7,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-struct MarketVolatilityControl : testing::Test {
+struct TVolatilityControlTest : testing::Test {
   TTickGrid Grid = ShareGrid();
   TTradingDay Day{1};
   TVolatilityControl Control{Day, Grid, 10};
 };
 
-TEST_F(MarketVolatilityControl, ReferenceIsTheLastTradeAtLeastFiveMinutesOld) {
+TEST_F(TVolatilityControlTest, ReferenceIsTheLastTradeAtLeastFiveMinutesOld) {
   EXPECT_EQ(Control.Reference(10h), std::nullopt);
   Control.AddTrade(10h, 100);
   Control.AddTrade(10h, 101);
@@ -28,7 +28,7 @@ TEST_F(MarketVolatilityControl, ReferenceIsTheLastTradeAtLeastFiveMinutesOld) {
   EXPECT_EQ(Control.Reference(15h), 103);
 }
 
-TEST_F(MarketVolatilityControl, WatchesOnlyInTheMiddleOfTheSessions) {
+TEST_F(TVolatilityControlTest, WatchesOnlyInTheMiddleOfTheSessions) {
   Control.AddTrade(9h + 21min, 130);
   const std::pair<TTimeOfDay, bool> expected[] = {{9h + 30min, false},
                                                   {9h + 45min - 1us, false},
@@ -46,7 +46,7 @@ TEST_F(MarketVolatilityControl, WatchesOnlyInTheMiddleOfTheSessions) {
         << Text::TimeOfDayText(time);
 }
 
-TEST_F(MarketVolatilityControl, ACoolingOffKeepsItsLimitsForExactlyFiveMinutes) {
+TEST_F(TVolatilityControlTest, ACoolingOffKeepsItsLimitsForExactlyFiveMinutes) {
   Control.AddTrade(10h, 130);
   const TTimeOfDay start = 10h + 17min + 42s;
   Control.Trigger(start);
@@ -62,7 +62,7 @@ TEST_F(MarketVolatilityControl, ACoolingOffKeepsItsLimitsForExactlyFiveMinutes) 
   EXPECT_EQ(Control.Limits(start + 301s), (TPriceLimits{128, 156}));
 }
 
-TEST_F(MarketVolatilityControl, ACoolingOffEndsWithTheMorning) {
+TEST_F(TVolatilityControlTest, ACoolingOffEndsWithTheMorning) {
   Control.AddTrade(10h, 130);
   Control.Trigger(11h + 58min);
   EXPECT_EQ(Control.CoolingOff(11h + 58min)->End, 12h);
@@ -71,8 +71,8 @@ TEST_F(MarketVolatilityControl, ACoolingOffEndsWithTheMorning) {
 
 // --- the control at the exchange ---
 
-struct MarketCoolingOff : testing::Test {
-  MarketCoolingOff() {
+struct TCoolingOffTest : testing::Test {
+  TCoolingOffTest() {
     Rig.Market.AdvanceTo(10h);
     Rig.TradeAt(50'000);
     Rig.Market.AdvanceTo(10h + 10min);
@@ -80,14 +80,14 @@ struct MarketCoolingOff : testing::Test {
   TMarketRig Rig{TMarketRig::Volatile()};
 };
 
-TEST_F(MarketCoolingOff, ATradeAtTheLimitStartsNone) {
+TEST_F(TCoolingOffTest, ATradeAtTheLimitStartsNone) {
   Rig.TradeAt(55'000);
   Rig.TradeAt(45'000);
   EXPECT_EQ(Rig.Ears.Trades.size(), 3u);
   EXPECT_FALSE(Rig.Market.CoolingOff());
 }
 
-TEST_F(MarketCoolingOff, ATradeBeyondTheLimitIsNotMadeAndStartsOne) {
+TEST_F(TCoolingOffTest, ATradeBeyondTheLimitIsNotMadeAndStartsOne) {
   Rig.Ask(54'900, 200);
   Rig.Ask(55'050, 200);
   const TEntryResult result = Rig.Bid(55'100, 500);
@@ -106,19 +106,19 @@ TEST_F(MarketCoolingOff, ATradeBeyondTheLimitIsNotMadeAndStartsOne) {
   EXPECT_EQ(coolingOff->Limits, (TPriceLimits{45'000, 55'000}));
 }
 
-TEST_F(MarketCoolingOff, ASellerBeyondTheLowerLimitStartsOneToo) {
+TEST_F(TCoolingOffTest, ASellerBeyondTheLowerLimitStartsOneToo) {
   Rig.Bid(44'950, 200);
   EXPECT_EQ(Rig.Ask(44'950, 100).Rejection, TRejection::VolatilityControl);
   EXPECT_TRUE(Rig.Market.CoolingOff());
   EXPECT_EQ(Rig.Ears.Trades.size(), 1u);
 }
 
-TEST_F(MarketCoolingOff, AnOrderThatRestsBeyondTheLimitStartsNone) {
+TEST_F(TCoolingOffTest, AnOrderThatRestsBeyondTheLimitStartsNone) {
   EXPECT_EQ(Rig.Ask(56'000, 100).Open, 100);
   EXPECT_FALSE(Rig.Market.CoolingOff());
 }
 
-TEST_F(MarketCoolingOff, OrdersOutsideAreRejectedAndTradingGoesOnInside) {
+TEST_F(TCoolingOffTest, OrdersOutsideAreRejectedAndTradingGoesOnInside) {
   Rig.Ask(55'050, 100);
   Rig.Bid(55'050, 100);
   ASSERT_TRUE(Rig.Market.CoolingOff());
@@ -132,7 +132,7 @@ TEST_F(MarketCoolingOff, OrdersOutsideAreRejectedAndTradingGoesOnInside) {
   EXPECT_EQ(Rig.Bid(55'050, 100).Rejection, TRejection::VolatilityControl);
 }
 
-TEST_F(MarketCoolingOff, BidsAboveTheLimitsLapseWhenItBegins) {
+TEST_F(TCoolingOffTest, BidsAboveTheLimitsLapseWhenItBegins) {
   Rig.Bid(54'950, 100);
   Rig.Bid(55'050, 100);
   Rig.Bid(56'000, 100);
@@ -145,7 +145,7 @@ TEST_F(MarketCoolingOff, BidsAboveTheLimitsLapseWhenItBegins) {
   EXPECT_EQ(Rig.Ears.Trades.size(), 1u);
 }
 
-TEST_F(MarketCoolingOff, AsksBelowTheLimitsLapseAndThoseAboveThemStay) {
+TEST_F(TCoolingOffTest, AsksBelowTheLimitsLapseAndThoseAboveThemStay) {
   Rig.Ask(44'900, 100);
   Rig.Ask(56'000, 100);
   EXPECT_EQ(Rig.Bid(44'900, 100).Rejection, TRejection::VolatilityControl);
@@ -154,7 +154,7 @@ TEST_F(MarketCoolingOff, AsksBelowTheLimitsLapseAndThoseAboveThemStay) {
   EXPECT_EQ(Rig.Market.Book().BestPrice(TSide::Ask), 56'000);
 }
 
-TEST_F(MarketCoolingOff, TradingIsNormalAgainAfterwards) {
+TEST_F(TCoolingOffTest, TradingIsNormalAgainAfterwards) {
   Rig.Ask(55'050, 100);
   Rig.Bid(55'050, 100);
   Rig.TradeAt(55'000);
@@ -163,7 +163,7 @@ TEST_F(MarketCoolingOff, TradingIsNormalAgainAfterwards) {
   EXPECT_EQ(Rig.Bid(55'050, 100).Filled, 100);
 }
 
-TEST_F(MarketCoolingOff, AnInstrumentOutsideTheControlMovesFreely) {
+TEST_F(TCoolingOffTest, AnInstrumentOutsideTheControlMovesFreely) {
   TMarketRig free;
   free.Market.AdvanceTo(10h);
   free.TradeAt(50'000);

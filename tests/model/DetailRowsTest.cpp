@@ -9,7 +9,7 @@
 
 namespace Quorpricedatacontrol {
 
-using Fields = std::vector<int>;
+using TFields = std::vector<int>;
 
 class TDetailRowsTest : public TInstrumentTest {
 protected:
@@ -62,18 +62,18 @@ TEST_F(TDetailRowsTest, WhatHoldsNoDataIsOfNoKind) {
 TEST(TDetailFieldsTest, EachKindHasItsRowsInOrder) {
   using namespace Field;
   EXPECT_EQ(DetailFieldsOf(ikCBBC),
-            (Fields{Underlying, ExpiryDate, StrikePrice, CallPrice, CallPut, Category, OptionStyle,
-                    ConversionRatio, IssueSize, Premium, Gearing}));
+            (TFields{Underlying, ExpiryDate, StrikePrice, CallPrice, CallPut, Category, OptionStyle,
+                     ConversionRatio, IssueSize, Premium, Gearing}));
   EXPECT_EQ(DetailFieldsOf(ikWarrant),
-            (Fields{Underlying, ExpiryDate, StrikePrice, CallPut, OptionStyle, ConversionRatio,
-                    IssueSize, Premium, Gearing}));
-  EXPECT_EQ(DetailFieldsOf(ikStock), (Fields{IssueSize, MarketCap, PriceEarnings, DividendYield}));
-  EXPECT_EQ(DetailFieldsOf(ikOther), Fields());
+            (TFields{Underlying, ExpiryDate, StrikePrice, CallPut, OptionStyle, ConversionRatio,
+                     IssueSize, Premium, Gearing}));
+  EXPECT_EQ(DetailFieldsOf(ikStock), (TFields{IssueSize, MarketCap, PriceEarnings, DividendYield}));
+  EXPECT_EQ(DetailFieldsOf(ikOther), TFields());
 }
 
 TEST(TDetailFieldsTest, NoFieldIsTwoRowsOfAKind) {
   for (const TInstrumentKind kind : {ikStock, ikWarrant, ikCBBC}) {
-    Fields fields = DetailFieldsOf(kind);
+    TFields fields = DetailFieldsOf(kind);
     std::sort(fields.begin(), fields.end());
     EXPECT_EQ(std::adjacent_find(fields.begin(), fields.end()), fields.end()) << kind;
   }

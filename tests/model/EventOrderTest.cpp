@@ -7,7 +7,7 @@
 
 namespace Quorpricedatacontrol {
 
-using Names = std::vector<std::string>;
+using TNames = std::vector<std::string>;
 
 namespace {
 
@@ -36,7 +36,7 @@ protected:
     Log(control.OnCountChange, "count", none_);
   }
 
-  Names names; ///< events, in the order in which they were fired
+  TNames names; ///< events, in the order in which they were fired
   std::function<void()> atChange, atFreeText, atField22;
 
 private:
@@ -58,7 +58,7 @@ TEST_F(TEventOrderTest, AnUpdateTellsOfTheCellsThenOfTheTypeThenOfTheTexts) {
   names.clear();
   FillEverything(Record().SetState(Constdef::RecordState_Ready));
   Record().Update();
-  EXPECT_EQ(names, (Names{"count", "change", "product type", "free text", "related"}));
+  EXPECT_EQ(names, (TNames{"count", "change", "product type", "free text", "related"}));
 }
 
 TEST_F(TEventOrderTest, AnUpdateHasBuiltTheCellsWhenItTellsOfThem) {
@@ -103,7 +103,7 @@ TEST_F(TEventOrderTest, TheTypeIsKnownBeforeTheTextsAreRead) {
 TEST_F(TEventOrderTest, ASymbolTellsOfItsCellsLast) {
   FillEverything(Record());
   ShowSymbol();
-  EXPECT_EQ(names, (Names{"count", "free text", "related", "change"}));
+  EXPECT_EQ(names, (TNames{"count", "free text", "related", "change"}));
 }
 
 TEST_F(TEventOrderTest, ASymbolsTypeAndHeaderAreKnownBeforeItsTexts) {
@@ -127,7 +127,7 @@ TEST_F(TEventOrderTest, ASymbolsTypeAndHeaderAreKnownBeforeItsTexts) {
 
 TEST_F(TEventOrderTest, ASymbolWithoutAnythingToTellChangesOnlyItsCells) {
   ShowSymbol();
-  EXPECT_EQ(names, Names{"change"});
+  EXPECT_EQ(names, TNames{"change"});
 }
 
 TEST_F(TEventOrderTest, AnotherSpreadTableTellsOfTheCellsBeforeItRebuildsTheTexts) {
@@ -138,7 +138,7 @@ TEST_F(TEventOrderTest, AnotherSpreadTableTellsOfTheCellsBeforeItRebuildsTheText
   std::string priceAtChange;
   atChange = [&] { priceAtChange = control.Mechanisms().PosRefPrice; };
   host.market.AnnounceSpreads({"01"});
-  EXPECT_EQ(names, (Names{"change", "free text"}));
+  EXPECT_EQ(names, (TNames{"change", "free text"}));
   EXPECT_EQ(priceAtChange, "700@100");
   EXPECT_EQ(control.Mechanisms().PosRefPrice, "700@105");
 }
@@ -154,7 +154,7 @@ TEST_F(TEventOrderTest, ALayoutHasItsHeaderWhenItTellsOfItsCells) {
     EXPECT_EQ(control.GetCellHeader(0), "Res_OpenPrc");
   };
   control.SetDisplayMode(qm10Simple);
-  EXPECT_EQ(names, (Names{"count", "change"}));
+  EXPECT_EQ(names, (TNames{"count", "change"}));
   EXPECT_EQ(told, 1);
 }
 
@@ -163,7 +163,7 @@ TEST_F(TEventOrderTest, TheBeginningOfTheDayHasRebuiltTheHeaderWhenItTellsOfTheC
   FillEverything(Record());
   names.clear();
   host.channels.Send(Constdef::Channel_BeginningOfDay, nullptr, nullptr);
-  EXPECT_EQ(names, (Names{"count", "change"}));
+  EXPECT_EQ(names, (TNames{"count", "change"}));
 }
 
 TEST_F(TEventOrderTest, AnUpdateOfAnInstrumentInTheHeaderIsToldOnce) {
@@ -179,9 +179,9 @@ TEST_F(TEventOrderTest, AnUpdateOfAnInstrumentInTheHeaderIsToldOnce) {
   ASSERT_EQ(control.GetCellHeader(11), "Res_Underlyer");
   names.clear();
   Record().Update();
-  EXPECT_EQ(names, Names{"change"});
+  EXPECT_EQ(names, TNames{"change"});
   host.Record("5").Update();
-  EXPECT_EQ(names, Names{"change"});
+  EXPECT_EQ(names, TNames{"change"});
 }
 
 // The end of a control

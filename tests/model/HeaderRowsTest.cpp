@@ -11,7 +11,7 @@
 
 namespace Quorpricedatacontrol {
 
-using Fields = std::vector<int>;
+using TFields = std::vector<int>;
 
 class THeaderRowsTest : public TRecordTest {
 protected:
@@ -20,8 +20,8 @@ protected:
     rows.UpdateCaptions(nullptr);
   }
   std::string Value(int field) { return HeaderValueText(&Record(), field); }
-  Fields Attributes() const {
-    Fields fields;
+  TFields Attributes() const {
+    TFields fields;
     for (int row = 0; row < rows.Count(); ++row)
       fields.push_back(rows.Attribute(row));
     return fields;
@@ -33,10 +33,10 @@ protected:
 // Which rows there are
 
 TEST_F(THeaderRowsTest, ElevenRowsStandForEverySymbol) {
-  const Fields fields = {Field::None,          Field::High,    Field::Low,
-                         Field::PreviousClose, Field::Change,  Field::ChangePercent,
-                         Field::Nominal,       Field::Volume,  Field::Turnover,
-                         Field::BoardLot,      Field::Currency};
+  const TFields fields = {Field::None,          Field::High,    Field::Low,
+                          Field::PreviousClose, Field::Change,  Field::ChangePercent,
+                          Field::Nominal,       Field::Volume,  Field::Turnover,
+                          Field::BoardLot,      Field::Currency};
   EXPECT_EQ(Attributes(), fields);
   EXPECT_EQ(rows.Caption(1), ""); // captions are read when they are asked for
   Update();
@@ -49,12 +49,12 @@ TEST_F(THeaderRowsTest, EveryRowStandsWhereTheRecordGivesEverything) {
   FillOptionalHeader(Record());
   Update();
   EXPECT_EQ(Attributes(),
-            (Fields{Field::Open, Field::UpperLimit, Field::LowerLimit, Field::High, Field::Low,
-                    Field::PreviousClose, Field::Change, Field::ChangePercent, Field::Nominal,
-                    Field::Volume, Field::Turnover, Field::BoardLot, Field::AccruedInterest,
-                    Field::Currency, Field::High52Weeks, Field::Low52Weeks}));
+            (TFields{Field::Open, Field::UpperLimit, Field::LowerLimit, Field::High, Field::Low,
+                     Field::PreviousClose, Field::Change, Field::ChangePercent, Field::Nominal,
+                     Field::Volume, Field::Turnover, Field::BoardLot, Field::AccruedInterest,
+                     Field::Currency, Field::High52Weeks, Field::Low52Weeks}));
   EXPECT_EQ(rows.Count(), THeaderRows::MostOwn);
-  const Fields fields = Attributes();
+  const TFields fields = Attributes();
   EXPECT_EQ(std::set<int>(fields.begin(), fields.end()).size(), fields.size());
   for (int row = 0; row < rows.Count(); ++row)
     EXPECT_NE(rows.Caption(row), "") << row;
@@ -66,9 +66,9 @@ TEST_F(THeaderRowsTest, TheRowsOfARecordThatLosesItsFieldsGo) {
   Record().Clear();
   Update();
   EXPECT_EQ(Attributes(),
-            Fields({Field::None, Field::High, Field::Low, Field::PreviousClose, Field::Change,
-                    Field::ChangePercent, Field::Nominal, Field::Volume, Field::Turnover,
-                    Field::BoardLot, Field::Currency}));
+            TFields({Field::None, Field::High, Field::Low, Field::PreviousClose, Field::Change,
+                     Field::ChangePercent, Field::Nominal, Field::Volume, Field::Turnover,
+                     Field::BoardLot, Field::Currency}));
 }
 
 TEST_F(THeaderRowsTest, LimitsFollowTheEmptyRowWhereThereIsNoOpeningPrice) {

@@ -10,7 +10,7 @@
 
 namespace Quorpricedatacontrol {
 
-using Rows = std::vector<std::pair<std::string, std::string>>;
+using TRows = std::vector<std::pair<std::string, std::string>>;
 
 class TDetailControlTest : public TInstrumentTest {
 protected:
@@ -20,8 +20,8 @@ protected:
 
   void ShowSymbol() { control.SetSymbol("13001"); }
 
-  Rows AllRows() const {
-    Rows rows;
+  TRows AllRows() const {
+    TRows rows;
     for (int row = 0; row < control.GetCount(); ++row)
       rows.emplace_back(control.GetDisplayValue(row, DetailColumn::Label),
                         control.GetDisplayValue(row, DetailColumn::Value));
@@ -37,40 +37,40 @@ protected:
 TEST_F(TDetailControlTest, AWarrantHasItsRows) {
   FillWarrant();
   ShowSymbol();
-  EXPECT_EQ(AllRows(), (Rows{{"Res_Underlyer", "700"},
-                             {"Res_ExpiryDate", "2027-01-15"},
-                             {"Res_StrikePrice", "13001@20/8"},
-                             {"Res_CallPut", "Res_Call"},
-                             {"Res_OptionStyle", "Res_OptionStyle_EU"},
-                             {"Res_Conversion_Ratio", "13001@0.1/6"},
-                             {"Res_IssueSize", "5,000,000"},
-                             {"Res_Premium", "60.00"},
-                             {"Res_Gearing", "1.25"}}));
+  EXPECT_EQ(AllRows(), (TRows{{"Res_Underlyer", "700"},
+                              {"Res_ExpiryDate", "2027-01-15"},
+                              {"Res_StrikePrice", "13001@20/8"},
+                              {"Res_CallPut", "Res_Call"},
+                              {"Res_OptionStyle", "Res_OptionStyle_EU"},
+                              {"Res_Conversion_Ratio", "13001@0.1/6"},
+                              {"Res_IssueSize", "5,000,000"},
+                              {"Res_Premium", "60.00"},
+                              {"Res_Gearing", "1.25"}}));
 }
 
 TEST_F(TDetailControlTest, ACBBCHasItsRows) {
   FillCBBC();
   ShowSymbol();
-  EXPECT_EQ(AllRows(), (Rows{{"Res_Underlyer", "700"},
-                             {"Res_ExpiryDate", "2027-01-15"},
-                             {"Res_StrikePrice", "13001@20/8"},
-                             {"Res_Call_Price", "13001@19.5/8"},
-                             {"Res_CallPut", "Res_Call"},
-                             {"Res_Category", "R"},
-                             {"Res_OptionStyle", "Res_OptionStyle_EU"},
-                             {"Res_Conversion_Ratio", "13001@0.1/6"},
-                             {"Res_IssueSize", "5,000,000"},
-                             {"Res_Premium", "60.00"},
-                             {"Res_Gearing", "1.25"}}));
+  EXPECT_EQ(AllRows(), (TRows{{"Res_Underlyer", "700"},
+                              {"Res_ExpiryDate", "2027-01-15"},
+                              {"Res_StrikePrice", "13001@20/8"},
+                              {"Res_Call_Price", "13001@19.5/8"},
+                              {"Res_CallPut", "Res_Call"},
+                              {"Res_Category", "R"},
+                              {"Res_OptionStyle", "Res_OptionStyle_EU"},
+                              {"Res_Conversion_Ratio", "13001@0.1/6"},
+                              {"Res_IssueSize", "5,000,000"},
+                              {"Res_Premium", "60.00"},
+                              {"Res_Gearing", "1.25"}}));
 }
 
 TEST_F(TDetailControlTest, AStockHasItsRows) {
   FillStock(Record());
   ShowSymbol();
-  EXPECT_EQ(AllRows(), (Rows{{"Res_IssuedShares", "2,000"},
-                             {"Res_MarketCap", "13001 $20,000"},
-                             {"Res_PE", "15.50"},
-                             {"Res_Yield", "3.2%"}}));
+  EXPECT_EQ(AllRows(), (TRows{{"Res_IssuedShares", "2,000"},
+                              {"Res_MarketCap", "13001 $20,000"},
+                              {"Res_PE", "15.50"},
+                              {"Res_Yield", "3.2%"}}));
 }
 
 TEST_F(TDetailControlTest, OtherInstrumentsHaveNoRows) {

@@ -9,7 +9,7 @@
 
 namespace Quorpricedatacontrol {
 
-using Levels = std::array<int, Field::DepthLevels>;
+using TLevels = std::array<int, Field::DepthLevels>;
 
 TEST(TQuorTypesTest, LayoutsAreSavedByTheirOrdinals) {
   EXPECT_EQ(qm5Full, 0);
@@ -36,12 +36,12 @@ TEST(TQuorTypesTest, ColumnsAskByTheirIdentifiers) {
 }
 
 TEST(TQuorTypesTest, TheBooksFieldsHaveTheirNumbers) {
-  EXPECT_EQ(Field::Bid.Price, (Levels{1, 81, 82, 83, 84, 3180, 3181, 3182, 3183, 3184}));
-  EXPECT_EQ(Field::Bid.Size, (Levels{16, 51, 52, 53, 54, 3155, 3156, 3157, 3158, 3159}));
-  EXPECT_EQ(Field::Bid.Count, (Levels{55, 56, 57, 58, 59, 3136, 3137, 3138, 3139, 3140}));
-  EXPECT_EQ(Field::Ask.Price, (Levels{2, 91, 92, 93, 94, 3190, 3191, 3192, 3193, 3194}));
-  EXPECT_EQ(Field::Ask.Size, (Levels{19, 61, 62, 63, 64, 3165, 3166, 3167, 3168, 3169}));
-  EXPECT_EQ(Field::Ask.Count, (Levels{65, 66, 67, 68, 69, 3146, 3147, 3148, 3149, 3150}));
+  EXPECT_EQ(Field::Bid.Price, (TLevels{1, 81, 82, 83, 84, 3180, 3181, 3182, 3183, 3184}));
+  EXPECT_EQ(Field::Bid.Size, (TLevels{16, 51, 52, 53, 54, 3155, 3156, 3157, 3158, 3159}));
+  EXPECT_EQ(Field::Bid.Count, (TLevels{55, 56, 57, 58, 59, 3136, 3137, 3138, 3139, 3140}));
+  EXPECT_EQ(Field::Ask.Price, (TLevels{2, 91, 92, 93, 94, 3190, 3191, 3192, 3193, 3194}));
+  EXPECT_EQ(Field::Ask.Size, (TLevels{19, 61, 62, 63, 64, 3165, 3166, 3167, 3168, 3169}));
+  EXPECT_EQ(Field::Ask.Count, (TLevels{65, 66, 67, 68, 69, 3146, 3147, 3148, 3149, 3150}));
   EXPECT_EQ(Field::Bid.Queue, 120);
   EXPECT_EQ(Field::Ask.Queue, 121);
 }

@@ -147,7 +147,7 @@ TEST_F(TReloadTest, WhatIsSavedComesBackInANewPage) {
   ChooseStyle(3);
   for (int row = 0; row < 2; ++row)
     Press("btnAdd");
-  OpenEditor<QLineEdit>(0, 45).insert("滙豐");
+  OpenEditor<QLineEdit>(0, 45).insert("8088");
   EnterColour(0, Blue);
   EnterID(1, "0012");
   EnterColour(1, Red);
@@ -155,7 +155,7 @@ TEST_F(TReloadTest, WhatIsSavedComesBackInANewPage) {
   Open();
   EXPECT_EQ(StyleBox().currentIndex(), 3);
   EXPECT_TRUE(Highlight().isChecked());
-  EXPECT_EQ(Rows(), (TRows{"滙豐 ff0000", "0012 ff"}));
+  EXPECT_EQ(Rows(), (TRows{"8088 ff0000", "0012 ff"}));
 }
 
 TEST_F(TReloadTest, ThePageListensFromItsCreationToItsEnd) {

@@ -25,18 +25,18 @@ protected:
 
   void Broadcast(const char* symbol) {
     Fakes::TFakeListObject list(symbol);
-    following.Follow(box, &list);
+    following.Apply(box, &list);
   }
   void GroupMessage(const char* group, const char* symbol, bool refused = false) {
     Fakes::TFakeGroupData data(group, symbol, refused);
-    following.Follow(box, &data);
+    following.Apply(box, &data);
   }
   void Order(const char* source, const char* symbol, const char* shown = "700") {
     Fakes::TFakeClientOrder order(symbol);
     Datadef::TCopyOrderRecord record;
     record.Order = &order;
     record.Source = source;
-    following.FollowOrder(box, &record, shown);
+    following.ApplyOrder(box, &record, shown);
   }
 
   /// Whether `send` brought symbol 5 into the box; back to 700 then.
@@ -110,14 +110,14 @@ TEST_F(TSymbolFollowingTest, WhatBringsNoSymbolIsIgnored) {
   Order("A", "");
   Fakes::TFakeOrder other;
   other.symbol = "5";
-  following.Follow(box, nullptr);
-  following.Follow(box, &other);
-  following.FollowOrder(box, nullptr, "700");
-  following.FollowOrder(box, &other, "700");
+  following.Apply(box, nullptr);
+  following.Apply(box, &other);
+  following.ApplyOrder(box, nullptr, "700");
+  following.ApplyOrder(box, &other, "700");
   Datadef::TCopyOrderRecord record;
-  following.FollowOrder(box, &record, "700");
+  following.ApplyOrder(box, &record, "700");
   record.Order = &other; // a copied order, which is no client order
-  following.FollowOrder(box, &record, "700");
+  following.ApplyOrder(box, &record, "700");
   EXPECT_EQ(exits, 0);
   EXPECT_EQ(AppliedSymbol(box), "700");
 }

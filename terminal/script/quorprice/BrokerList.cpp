@@ -10,7 +10,7 @@ namespace Terminal {
 
 namespace {
 
-QAbstractItemView& FindList(QWidget& page) {
+QAbstractItemView& NeededList(QWidget& page) {
   auto* list = page.findChild<QAbstractItemView*>(QStringLiteral("BrokerIDGrid"));
   if (!list || !list->model())
     throw TScriptError(QStringLiteral("The preference page has no list of brokers."));
@@ -31,7 +31,7 @@ QJsonValue ColourOrNull(const QVariant& value) {
 
 } // namespace
 
-TBrokerList::TBrokerList(QWidget& page) : view_(FindList(page)) {}
+TBrokerList::TBrokerList(QWidget& page) : view_(NeededList(page)) {}
 
 int TBrokerList::RowCount() const { return view_.model()->rowCount(); }
 

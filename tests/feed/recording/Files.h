@@ -10,21 +10,21 @@
 
 #include <unistd.h>
 
-namespace ReplayTest {
+namespace RecordingTest {
 
 /// A file of the running test with the given content, removed with this object.
-class TemporaryFile {
+class TTemporaryFile {
 public:
-  explicit TemporaryFile(std::string_view content = {})
+  explicit TTemporaryFile(std::string_view content = {})
       : path_(std::filesystem::temp_directory_path() /
               (std::string("replay_") +
                testing::UnitTest::GetInstance()->current_test_info()->name() + "_" +
                std::to_string(getpid()) + "_" + std::to_string(nextNumber_++) + ".jsonl")) {
     std::ofstream(path_, std::ios::binary) << content;
   }
-  ~TemporaryFile() { std::filesystem::remove(path_); }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TTemporaryFile() { std::filesystem::remove(path_); }
+  TTemporaryFile(const TTemporaryFile&) = delete;
+  TTemporaryFile& operator=(const TTemporaryFile&) = delete;
 
   const std::filesystem::path& Path() const { return path_; }
 
@@ -47,4 +47,4 @@ inline std::string Line(std::string_view time, std::string_view symbol, int fiel
       .append("\"}}\n");
 }
 
-} // namespace ReplayTest
+} // namespace RecordingTest

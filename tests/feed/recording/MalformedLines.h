@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace ReplayTest {
+namespace RecordingTest {
 
 /// A line that cannot be used, why, and what the terminal says of it in English.
 struct TMalformed {
@@ -173,4 +173,4 @@ inline std::vector<TMalformed> MalformedLines() {
   };
 }
 
-} // namespace ReplayTest
+} // namespace RecordingTest

@@ -7,13 +7,13 @@
 namespace {
 
 using namespace Feed;
-using namespace ReplayTest;
+using namespace RecordingTest;
 using namespace std::chrono_literals;
 
 const char* const Header = R"({"quorprice":1,"spreads":{},"brokers":[],"instruments":[]})"
                            "\n";
 
-TSourceOptions OptionsFor(const TemporaryFile& file) {
+TSourceOptions OptionsFor(const TTemporaryFile& file) {
   return {{ReplayOption, file.Path().string()}};
 }
 
@@ -24,8 +24,8 @@ std::string Content(const std::filesystem::path& path) {
 
 /// What is recorded of `content` in `length`.
 std::string Recorded(const std::string& content, TTimeOfDay length) {
-  const TemporaryFile file(content);
-  const TemporaryFile copy;
+  const TTemporaryFile file(content);
+  const TTemporaryFile copy;
   const auto opened = ReadRecording(OptionsFor(file));
   const auto& stream = std::get<TChangeStream>(opened);
   EXPECT_FALSE(WriteRecording(stream, length, copy.Path()));
@@ -41,7 +41,7 @@ TEST(RecordingKind, SaysWhyItCannotOpen) {
 }
 
 TEST(RecordingKind, OpensTheFileAskedFor) {
-  const TemporaryFile file(Line("10:00:00", "5", Host::Field::BestBid, "a"));
+  const TTemporaryFile file(Line("10:00:00", "5", Host::Field::BestBid, "a"));
   const auto opened = OpenRecording(OptionsFor(file), [] {});
   auto& source = *std::get<std::unique_ptr<TMarketReader>>(opened);
   source.Step(0ms);

@@ -67,7 +67,7 @@ TEST(RecordingParser, KeepsTextsAsTheyAreGiven) {
 }
 
 TEST(RecordingParser, SaysWhatIsWrongWithALine) {
-  for (const auto& malformed : ReplayTest::MalformedLines()) {
+  for (const auto& malformed : RecordingTest::MalformedLines()) {
     const TParsedLine parsed = Parse(malformed.Line);
     const auto* const problem = std::get_if<Data::TProblem>(&parsed);
     ASSERT_NE(problem, nullptr) << malformed.Line;

@@ -10,13 +10,13 @@ namespace {
 namespace Field = Host::Field;
 
 using namespace Feed;
-using namespace ReplayTest;
+using namespace RecordingTest;
 using namespace std::chrono_literals;
 
 /// A reader with an owner that can wait for its news.
-class Owner {
+class TOwner {
 public:
-  explicit Owner(const TemporaryFile& file) : reader_(Open(file), [this] { Wake(); }) {}
+  explicit TOwner(const TTemporaryFile& file) : reader_(Open(file), [this] { Wake(); }) {}
 
   TRecordingReader& Reader() { return reader_; }
 
@@ -33,7 +33,7 @@ public:
     return true;
   }
   bool TakeUntilFinished() {
-    return TakeUntil([](const Owner& owner) { return owner.Finishes > 0; });
+    return TakeUntil([](const TOwner& owner) { return owner.Finishes > 0; });
   }
 
   void Absorb(const TReaderNews& news) {
@@ -61,7 +61,7 @@ public:
   int Changes = 0;
 
 private:
-  static TRecordingSource Open(const TemporaryFile& file) {
+  static TRecordingSource Open(const TTemporaryFile& file) {
     TRecordingSource source;
     EXPECT_FALSE(source.Open(file.Path()));
     return source;
@@ -87,10 +87,10 @@ std::string Milliseconds(int count) {
 }
 
 TEST(RecordingReader, StandsAtTheFirstMomentOnceIndexed) {
-  const TemporaryFile file(Line("10:00:00", "5", 1, "a") + Line("10:00:00", "5", 2, "b") +
-                           Line("10:00:01", "5", 1, "c"));
-  Owner owner(file);
-  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Market.size() == 1; }));
+  const TTemporaryFile file(Line("10:00:00", "5", 1, "a") + Line("10:00:00", "5", 2, "b") +
+                            Line("10:00:01", "5", 1, "c"));
+  TOwner owner(file);
+  ASSERT_TRUE(owner.TakeUntil([](const TOwner& o) { return o.Market.size() == 1; }));
   owner.Reader().Step(0ms);
   owner.Absorb(owner.Reader().Take());
   ASSERT_TRUE(owner.Index);
@@ -106,8 +106,8 @@ TEST(RecordingReader, StandsAtTheFirstMomentOnceIndexed) {
 }
 
 TEST(RecordingReader, PlaysNoFasterThanItsClock) {
-  const TemporaryFile file(Milliseconds(101));
-  Owner owner(file);
+  const TTemporaryFile file(Milliseconds(101));
+  TOwner owner(file);
   owner.Reader().SetSpeed(2);
   const auto begin = std::chrono::steady_clock::now();
   owner.Reader().Play();
@@ -120,8 +120,8 @@ TEST(RecordingReader, PlaysNoFasterThanItsClock) {
 }
 
 TEST(RecordingReader, MergesWhatASlowOwnerDidNotTake) {
-  const TemporaryFile file(Milliseconds(3000));
-  Owner owner(file);
+  const TTemporaryFile file(Milliseconds(3000));
+  TOwner owner(file);
   owner.Reader().Step(2s);
   const auto news = owner.Reader().Take();
   ASSERT_EQ(news.Changes.size(), 1u);
@@ -131,8 +131,8 @@ TEST(RecordingReader, MergesWhatASlowOwnerDidNotTake) {
 }
 
 TEST(RecordingReader, WithoutAClockWaitsForItsOwner) {
-  const TemporaryFile file(Milliseconds(5000));
-  Owner owner(file);
+  const TTemporaryFile file(Milliseconds(5000));
+  TOwner owner(file);
   owner.Reader().Step(0ms);
   owner.Absorb(owner.Reader().Take());
   owner.Reader().SetSpeed(TRecordingReader::AsFastAsPossible);
@@ -144,10 +144,10 @@ TEST(RecordingReader, WithoutAClockWaitsForItsOwner) {
 }
 
 TEST(RecordingReader, SeekShowsTheStateOfThatMoment) {
-  const TemporaryFile file(Line("10:00:00", "5", 1, "a") + Line("10:00:01", "5", 2, "b") +
-                           "{\"t\":\"10:00:02\",\"s\":\"5\",\"f\":{\"1\":null}}\n" +
-                           Line("10:00:03", "7", 3, "c"));
-  Owner owner(file);
+  const TTemporaryFile file(Line("10:00:00", "5", 1, "a") + Line("10:00:01", "5", 2, "b") +
+                            "{\"t\":\"10:00:02\",\"s\":\"5\",\"f\":{\"1\":null}}\n" +
+                            Line("10:00:03", "7", 3, "c"));
+  TOwner owner(file);
   const auto seek = [&owner](TTimeOfDay time) {
     owner.Reader().Seek(time);
     owner.Reader().Step(0ms);
@@ -174,8 +174,8 @@ TEST(RecordingReader, SeeksAlikeWithCheckpointsAndWithout) {
   for (; content.size() < (12u << 20); ++count)
     content +=
         Line(Text::TimeOfDayText(10h + count * 1ms), "5", count % 50, std::to_string(count) + wide);
-  const TemporaryFile file(content);
-  Owner owner(file);
+  const TTemporaryFile file(content);
+  TOwner owner(file);
   for (const int target : {count - 2, count / 2, 60, count * 2 / 3}) {
     owner.Reader().Seek(10h + target * 1ms);
     owner.Reader().Step(0ms);
@@ -190,47 +190,47 @@ TEST(RecordingReader, SeeksAlikeWithCheckpointsAndWithout) {
 }
 
 TEST(RecordingReader, GoesOnPlayingAfterASeek) {
-  const TemporaryFile file(Milliseconds(60000));
-  Owner owner(file);
+  const TTemporaryFile file(Milliseconds(60000));
+  TOwner owner(file);
   owner.Reader().Play();
   owner.Reader().Seek(10h + 59900ms);
-  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return !o.Market.empty(); }));
+  ASSERT_TRUE(owner.TakeUntil([](const TOwner& o) { return !o.Market.empty(); }));
   EXPECT_GE(std::stoi(owner.Market["5"][1]), 59900);
   ASSERT_TRUE(owner.TakeUntilFinished());
   EXPECT_EQ(owner.Market["5"][1], "59999");
 }
 
 TEST(RecordingReader, PlaysFromTheBeginningOnceItHasFinished) {
-  const TemporaryFile file(Line("10:00:00", "5", 1, "a") + Line("10:00:00.050", "5", 2, "b"));
-  Owner owner(file);
+  const TTemporaryFile file(Line("10:00:00", "5", 1, "a") + Line("10:00:00.050", "5", 2, "b"));
+  TOwner owner(file);
   owner.Reader().Step(1s);
   ASSERT_TRUE(owner.TakeUntilFinished());
   owner.Reader().SetSpeed(0.1);
   owner.Reader().Play();
-  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Resets == 2; }));
+  ASSERT_TRUE(owner.TakeUntil([](const TOwner& o) { return o.Resets == 2; }));
   EXPECT_EQ(owner.Market["5"], (std::map<int, std::string>{{Field::BestBid, "a"}}));
-  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Finishes == 2; }));
+  ASSERT_TRUE(owner.TakeUntil([](const TOwner& o) { return o.Finishes == 2; }));
   EXPECT_EQ(owner.Market["5"],
             (std::map<int, std::string>{{Field::BestBid, "a"}, {Field::BestAsk, "b"}}));
 }
 
 TEST(RecordingReader, StartsOverWithoutFinishingWhenTold) {
-  const TemporaryFile file(Milliseconds(20));
-  Owner owner(file);
+  const TTemporaryFile file(Milliseconds(20));
+  TOwner owner(file);
   owner.Reader().SetAtEnd(TAtEnd::StartOver);
   owner.Reader().SetSpeed(1000);
   owner.Reader().Play();
-  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Resets >= 4; }));
+  ASSERT_TRUE(owner.TakeUntil([](const TOwner& o) { return o.Resets >= 4; }));
   EXPECT_EQ(owner.Finishes, 0);
   owner.Reader().SetAtEnd(TAtEnd::Stop);
   EXPECT_TRUE(owner.TakeUntilFinished());
 }
 
 TEST(RecordingReader, APauseHoldsTheMarketStill) {
-  const TemporaryFile file(Milliseconds(60000));
-  Owner owner(file);
+  const TTemporaryFile file(Milliseconds(60000));
+  TOwner owner(file);
   owner.Reader().Play();
-  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Changes >= 3; }));
+  ASSERT_TRUE(owner.TakeUntil([](const TOwner& o) { return o.Changes >= 3; }));
   owner.Reader().Pause();
   owner.Reader().Step(0ms);
   owner.Absorb(owner.Reader().Take());
@@ -243,14 +243,14 @@ TEST(RecordingReader, APauseHoldsTheMarketStill) {
 }
 
 TEST(RecordingReader, FinishesAtOnceWhenThereIsNothingToPlay) {
-  const TemporaryFile file("?\n?\n");
-  Owner owner(file);
+  const TTemporaryFile file("?\n?\n");
+  TOwner owner(file);
   ASSERT_TRUE(owner.TakeUntilFinished());
   EXPECT_EQ(owner.Index->MalformedCount, 2u);
   owner.Reader().SetAtEnd(TAtEnd::StartOver);
   owner.Reader().SetSpeed(TRecordingReader::AsFastAsPossible);
   owner.Reader().Play();
-  ASSERT_TRUE(owner.TakeUntil([](const Owner& o) { return o.Finishes == 2; }))
+  ASSERT_TRUE(owner.TakeUntil([](const TOwner& o) { return o.Finishes == 2; }))
       << "there is nothing to start over with";
   EXPECT_FALSE(owner.Reader().IsPlaying());
   EXPECT_TRUE(owner.Market.empty());
@@ -258,13 +258,13 @@ TEST(RecordingReader, FinishesAtOnceWhenThereIsNothingToPlay) {
 }
 
 TEST(RecordingReader, StartsOverOnlyOnceTheEndWasTakenWhereThereIsNoClock) {
-  const TemporaryFile file(Milliseconds(3000));
-  Owner owner(file);
+  const TTemporaryFile file(Milliseconds(3000));
+  TOwner owner(file);
   owner.Reader().SetAtEnd(TAtEnd::StartOver);
   owner.Reader().SetSpeed(TRecordingReader::AsFastAsPossible);
   owner.Reader().Play();
   std::string last;
-  ASSERT_TRUE(owner.TakeUntil([&last](const Owner& o) {
+  ASSERT_TRUE(owner.TakeUntil([&last](const TOwner& o) {
     if (o.Resets == 1 && !o.Market.empty())
       last = o.Market.at("5").at(1);
     return o.Resets == 2;
@@ -274,9 +274,9 @@ TEST(RecordingReader, StartsOverOnlyOnceTheEndWasTakenWhereThereIsNoClock) {
 }
 
 TEST(RecordingReader, CanBeLeftAtAnyMoment) {
-  const TemporaryFile file(Milliseconds(40000));
+  const TTemporaryFile file(Milliseconds(40000));
   for (int i = 0; i < 40; ++i) {
-    auto owner = std::make_unique<Owner>(file);
+    auto owner = std::make_unique<TOwner>(file);
     owner->Reader().SetSpeed(TRecordingReader::AsFastAsPossible);
     owner->Reader().Play();
     if (i % 3 == 0)

@@ -7,17 +7,17 @@ namespace {
 namespace Field = Host::Field;
 
 using namespace Feed;
-using namespace ReplayTest;
+using namespace RecordingTest;
 using namespace std::chrono_literals;
 
-TRecordingSource OpenSource(const TemporaryFile& file) {
+TRecordingSource OpenSource(const TTemporaryFile& file) {
   TRecordingSource source;
   EXPECT_FALSE(source.Open(file.Path()));
   return source;
 }
 
 TRecordingIndex IndexOf(std::string_view content, std::uint64_t spacing = 4u << 20) {
-  const TemporaryFile file(content);
+  const TTemporaryFile file(content);
   TRecordingSource source = OpenSource(file);
   const auto goOn = [](std::uint64_t) { return true; };
   return IndexRecording(source, goOn, spacing).value();
@@ -31,7 +31,7 @@ TEST(RecordingSource, SaysWhyAFileCannotBeOpened) {
 }
 
 TEST(RecordingSource, GivesTheHeaderThenTheEvents) {
-  const TemporaryFile file("{\"quorprice\":1}\n" + Line("10:00:00", "5", 1, "2"));
+  const TTemporaryFile file("{\"quorprice\":1}\n" + Line("10:00:00", "5", 1, "2"));
   TRecordingSource source = OpenSource(file);
   EXPECT_TRUE(std::holds_alternative<TReferenceData>(source.Next().value()));
   const auto line = source.Next().value();
@@ -105,7 +105,7 @@ TEST(RecordingSource, ReadsLinesAcrossTheEndOfItsBuffer) {
     content += Line("10:00:00", "5", 1, std::to_string(lines));
     ++lines;
   }
-  const TemporaryFile file(content);
+  const TTemporaryFile file(content);
   TRecordingSource source = OpenSource(file);
   for (std::uint64_t i = 0; i < lines; ++i) {
     const auto line = source.Next();
@@ -117,8 +117,8 @@ TEST(RecordingSource, ReadsLinesAcrossTheEndOfItsBuffer) {
 }
 
 TEST(RecordingSource, ComesBackToAPlace) {
-  const TemporaryFile file("{\"quorprice\":1}\n" + Line("10:00:00", "5", 1, "a") +
-                           Line("10:00:01", "5", 1, "b") + Line("10:00:00", "5", 1, "c"));
+  const TTemporaryFile file("{\"quorprice\":1}\n" + Line("10:00:00", "5", 1, "a") +
+                            Line("10:00:01", "5", 1, "b") + Line("10:00:00", "5", 1, "c"));
   TRecordingSource source = OpenSource(file);
   const auto beginning = source.Place();
   source.Next();
@@ -153,7 +153,7 @@ TEST(RecordingIndex, KeepsTheFirstMalformedLinesAndCountsAll) {
 }
 
 TEST(RecordingIndex, StopsWhenToldTo) {
-  const TemporaryFile file(Line("10:00:00", "5", 1, "1") + Line("10:00:01", "5", 1, "2"));
+  const TTemporaryFile file(Line("10:00:00", "5", 1, "1") + Line("10:00:01", "5", 1, "2"));
   TRecordingSource source = OpenSource(file);
   EXPECT_FALSE(IndexRecording(source, [](std::uint64_t) { return false; }));
 }

@@ -10,7 +10,7 @@ namespace {
 namespace Field = Host::Field;
 
 using namespace Feed;
-using namespace ReplayTest;
+using namespace RecordingTest;
 using namespace std::chrono_literals;
 
 TReferenceData SomeHeader() {
@@ -35,14 +35,14 @@ TRecordChange SomeChange() {
   return change;
 }
 
-std::string ContentOf(const TemporaryFile& file) {
+std::string ContentOf(const TTemporaryFile& file) {
   std::ostringstream content;
   content << std::ifstream(file.Path(), std::ios::binary).rdbuf();
   return content.str();
 }
 
 TEST(RecordingWriter, WritesWhatReadsBackAsTheSame) {
-  const TemporaryFile file;
+  const TTemporaryFile file;
   TRecordingWriter writer;
   ASSERT_FALSE(writer.Open(file.Path(), SomeHeader()));
   const TRecordChange change = SomeChange();
@@ -73,7 +73,7 @@ TEST(RecordingWriter, WritesWhatReadsBackAsTheSame) {
 }
 
 TEST(RecordingWriter, WritesOneObjectPerLine) {
-  const TemporaryFile file;
+  const TTemporaryFile file;
   TRecordingWriter writer;
   writer.Open(file.Path(), {});
   writer.Write(9h, {"5",
@@ -88,7 +88,7 @@ TEST(RecordingWriter, WritesOneObjectPerLine) {
 }
 
 TEST(RecordingWriter, KeepsTheOrderOfTimeAndLeavesOutNamelessChanges) {
-  const TemporaryFile file;
+  const TTemporaryFile file;
   TRecordingWriter writer;
   writer.Open(file.Path(), {});
   const auto change = [](const char* symbol) {

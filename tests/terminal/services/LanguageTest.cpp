@@ -1,7 +1,11 @@
 #include "terminal/services/LanguageTexts.h"
 #include "tests/Paths.h"
 
+#include <QColorDialog>
+#include <QCoreApplication>
+#include <QDialogButtonBox>
 #include <QDirIterator>
+#include <QPushButton>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -52,6 +56,41 @@ TEST(LanguageTexts, SpeakThreeLanguages) {
   EXPECT_EQ(CurrencyName(texts, "CNY"), "人民币");
   texts.SetLanguage(7);
   EXPECT_EQ(texts.CurrentLanguage(), 2);
+}
+
+/// The title of the toolkit's colour dialog, and its button of that text.
+std::string ColourDialog(const char* button) {
+  const QColorDialog dialog;
+  for (const auto* found : dialog.findChildren<QPushButton*>())
+    if (found->text().contains(QString::fromUtf8(button)))
+      return dialog.windowTitle().toStdString() + ": " + button;
+  return dialog.windowTitle().toStdString();
+}
+
+TEST(LanguageTexts, TheToolkitSpeaksTheLanguageToo) {
+  {
+    TLanguageTexts texts;
+    EXPECT_EQ(ColourDialog("Cancel"), "Select Color: Cancel");
+    texts.SetLanguage(1);
+    EXPECT_EQ(ColourDialog("取消"), "選擇顏色: 取消");
+    texts.SetLanguage(2);
+    EXPECT_EQ(ColourDialog("取消"), "选择颜色: 取消");
+    texts.SetLanguage(3);
+    EXPECT_EQ(ColourDialog("Cancel"), "Select Color: Cancel");
+    texts.SetLanguage(1);
+  }
+  EXPECT_EQ(ColourDialog("Cancel"), "Select Color: Cancel");
+}
+
+// The toolkit writes the texts of a dialog's standard buttons anew when its language changes.
+TEST(LanguageTexts, ATextThatIsSetAfterAChangeOfLanguageStays) {
+  TLanguageTexts texts;
+  QDialogButtonBox box(QDialogButtonBox::Ok);
+  box.show();
+  texts.SetLanguage(1);
+  box.button(QDialogButtonBox::Ok)->setText(QStringLiteral("own"));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(box.button(QDialogButtonBox::Ok)->text().toStdString(), "own");
 }
 
 TEST(LanguageTexts, AnUnknownKeyIsItsOwnTextAndAnUnknownCurrencyHasNone) {

@@ -15,15 +15,15 @@ namespace {
 namespace Field = Host::Field;
 
 using namespace Terminal;
-using namespace ReplayTest;
+using namespace RecordingTest;
 using namespace std::chrono_literals;
 
-QString PathOf(const TemporaryFile& file) { return QString::fromStdString(file.Path().string()); }
+QString PathOf(const TTemporaryFile& file) { return QString::fromStdString(file.Path().string()); }
 
 /// Notes everything that a player tells, in order, and the market that results.
-class Listener {
+class TListener {
 public:
-  explicit Listener(TMarketPlayer& player) {
+  explicit TListener(TMarketPlayer& player) {
     QObject::connect(&player, &TMarketPlayer::HeaderRead,
                      [this](const Data::TReferenceData& header) {
                        Told += "header ";
@@ -74,7 +74,7 @@ TEST(MarketPlayer, IsClosedUntilOpened) {
 }
 
 TEST(MarketPlayer, SaysWhyItCannotOpenAndKeepsWhatIsOpen) {
-  const TemporaryFile file(ThreeSeconds());
+  const TTemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
   ASSERT_FALSE(Markets::Open(player, PathOf(file)));
   player.Step(0);
@@ -86,9 +86,9 @@ TEST(MarketPlayer, SaysWhyItCannotOpenAndKeepsWhatIsOpen) {
 }
 
 TEST(MarketPlayer, TellsHeaderThenResetThenTheFirstMoment) {
-  const TemporaryFile file(ThreeSeconds());
+  const TTemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   QSignalSpy progress(&player, &TMarketPlayer::Progress);
   ASSERT_FALSE(Markets::Open(player, PathOf(file)));
   EXPECT_EQ(player.State(), TMarketPlayer::TState::Indexing);
@@ -106,9 +106,9 @@ TEST(MarketPlayer, TellsHeaderThenResetThenTheFirstMoment) {
 }
 
 TEST(MarketPlayer, StepsThroughRecordedTimeWithoutAClock) {
-  const TemporaryFile file(ThreeSeconds());
+  const TTemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   Markets::Open(player, PathOf(file));
   player.Step(0);
   EXPECT_EQ(listener.Taken(), "header reset batch ");
@@ -130,9 +130,9 @@ TEST(MarketPlayer, StepsThroughRecordedTimeWithoutAClock) {
 }
 
 TEST(MarketPlayer, SeekingBackTakesAwayWhatWasSetLater) {
-  const TemporaryFile file(ThreeSeconds());
+  const TTemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   Markets::Open(player, PathOf(file));
   player.Step(60000);
   listener.Taken();
@@ -144,9 +144,9 @@ TEST(MarketPlayer, SeekingBackTakesAwayWhatWasSetLater) {
 }
 
 TEST(MarketPlayer, PlaysToTheEndInOrder) {
-  const TemporaryFile file(ThreeSeconds());
+  const TTemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   QSignalSpy states(&player, &TMarketPlayer::StateChanged);
   QSignalSpy finished(&player, &TMarketPlayer::Finished);
   player.SetSpeed(100);
@@ -164,9 +164,9 @@ TEST(MarketPlayer, PlaysTheTwoSymbolsOfAFileAsFastAsPossible) {
   std::string content;
   for (int i = 0; i < 20000; ++i)
     content += Line(Text::TimeOfDayText(9h + i * 1s), i % 2 == 0 ? "5" : "7", 1, std::to_string(i));
-  const TemporaryFile file(content);
+  const TTemporaryFile file(content);
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   QSignalSpy finished(&player, &TMarketPlayer::Finished);
   player.SetSpeed(TMarketPlayer::AsFastAsPossible);
   Markets::Open(player, PathOf(file));
@@ -177,7 +177,7 @@ TEST(MarketPlayer, PlaysTheTwoSymbolsOfAFileAsFastAsPossible) {
 }
 
 TEST(MarketPlayer, TellsItsPositionWhilePlayingAndAfterAJump) {
-  const TemporaryFile file(ThreeSeconds());
+  const TTemporaryFile file(ThreeSeconds());
   TMarketPlayer player;
   QSignalSpy positions(&player, &TMarketPlayer::PositionChanged);
   Markets::Open(player, PathOf(file));
@@ -207,10 +207,10 @@ TEST(MarketPlayer, KeepsItsSpeedWithinReason) {
 }
 
 TEST(MarketPlayer, ReportsTheLinesThatItSkipped) {
-  const TemporaryFile file(Header + Line("10:00:00", "5", 1, "a") + "{\"t\":\n" +
-                           Line("10:00:01", "5", 1, "b"));
+  const TTemporaryFile file(Header + Line("10:00:00", "5", 1, "a") + "{\"t\":\n" +
+                            Line("10:00:01", "5", 1, "b"));
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   Markets::Open(player, PathOf(file));
   player.Step(1000);
   ASSERT_NE(player.Index(), nullptr);
@@ -222,10 +222,10 @@ TEST(MarketPlayer, ReportsTheLinesThatItSkipped) {
 }
 
 TEST(MarketPlayer, AnotherRecordingReplacesTheFirst) {
-  const TemporaryFile first(ThreeSeconds());
-  const TemporaryFile second(Line("12:00:00", "7", 3, "x"));
+  const TTemporaryFile first(ThreeSeconds());
+  const TTemporaryFile second(Line("12:00:00", "7", 3, "x"));
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   Markets::Open(player, PathOf(first));
   player.Step(0);
   listener.Taken();
@@ -243,10 +243,10 @@ TEST(MarketPlayer, AnotherRecordingReplacesTheFirst) {
 }
 
 TEST(MarketPlayer, ASlotMayOpenTheNextRecording) {
-  const TemporaryFile first(ThreeSeconds());
-  const TemporaryFile second(Line("12:00:00", "7", 3, "x") + Line("12:00:01", "7", 3, "y"));
+  const TTemporaryFile first(ThreeSeconds());
+  const TTemporaryFile second(Line("12:00:00", "7", 3, "x") + Line("12:00:01", "7", 3, "y"));
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   Markets::Open(player, PathOf(first));
   QObject::connect(&player, &TMarketPlayer::Finished, &player, [&] {
     if (player.Start() == 10h)
@@ -260,10 +260,10 @@ TEST(MarketPlayer, ASlotMayOpenTheNextRecording) {
 }
 
 TEST(MarketPlayer, NothingMoreIsToldOfARecordingThatASlotHasReplaced) {
-  const TemporaryFile first(ThreeSeconds());
-  const TemporaryFile second(Line("12:00:00", "7", 3, "x"));
+  const TTemporaryFile first(ThreeSeconds());
+  const TTemporaryFile second(Line("12:00:00", "7", 3, "x"));
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   Markets::Open(player, PathOf(first));
   QObject::connect(&player, &TMarketPlayer::Reset, &player, [&] {
     if (player.Start() == 10h)
@@ -279,7 +279,7 @@ TEST(MarketPlayer, NothingMoreIsToldOfARecordingThatASlotHasReplaced) {
 
 TEST(MarketPlayer, TakesNoNoticeOfWhatItsSourceCannotDo) {
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   ASSERT_FALSE(player.Open(FeedTest::QuietKind, {}));
   player.Step(0);
   EXPECT_EQ(listener.Taken(), "header ");
@@ -298,7 +298,7 @@ TEST(MarketPlayer, TakesNoNoticeOfWhatItsSourceCannotDo) {
 
 TEST(MarketPlayer, JumpToACoolingOffThatDoesNotComeFinishesTheDayUntilTheNextJump) {
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   Markets::Simulate(player, 5, 16h + 9min);
   player.Step(0);
   listener.Taken();
@@ -315,7 +315,7 @@ TEST(MarketPlayer, JumpToACoolingOffThatDoesNotComeFinishesTheDayUntilTheNextJum
 
 TEST(MarketPlayer, JumpToACoolingOffTellsItsSymbolAfterItsBatch) {
   TMarketPlayer player;
-  Listener listener(player);
+  TListener listener(player);
   Markets::Simulate(player, 5, 9h + 31min);
   player.Step(0);
   listener.Taken();

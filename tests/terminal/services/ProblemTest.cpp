@@ -67,7 +67,7 @@ TEST(Problems, APartIsTakenAsItIs) {
 }
 
 TEST(Problems, AMalformedLineIsSaidWordForWord) {
-  for (const auto& malformed : ReplayTest::MalformedLines())
+  for (const auto& malformed : RecordingTest::MalformedLines())
     EXPECT_EQ(Sentence(malformed.Problem, Constdef::Language_English), malformed.Sentence)
         << malformed.Line;
 }

@@ -101,7 +101,7 @@ TEST_F(TEverySourceTest, DoesWhatItsTraitsSay) {
     const auto traits = player.Traits();
     player.Step(0);
     ASSERT_NE(player.Index(), nullptr);
-    EXPECT_EQ(feed.Mark(), feed.IsSimulated() ? Feed::Mark_Invented : traits.Mark);
+    EXPECT_STREQ(feed.Mark(), feed.IsSimulated() ? Feed::Mark_Invented : traits.Mark);
     EXPECT_EQ(desk.IsOpen(), traits.Orders != nullptr);
     desk.Submit("nothing", Data::TSide::Bid, 1, 1);
     player.Step(0);
@@ -140,10 +140,12 @@ TEST_F(TEverySourceTest, ThatHasAnEndFinishesThere) {
   }
 }
 
-TEST_F(TEverySourceTest, CanBeReadAheadOfAnyClock) {
+TEST_F(TEverySourceTest, ThatCanBeReadAheadGivesTheSameMarket) {
   for (const auto& kind : Feed::SourceKinds()) {
     SCOPED_TRACE(kind.MenuText);
     TMarketPlayer player;
+    if (!kind.Read)
+      continue;
     ASSERT_FALSE(player.Open(kind, OptionsFor(kind)));
     player.Step(0);
     const auto opened = kind.Read(OptionsFor(kind));
