@@ -60,17 +60,6 @@ void StyleDepthCell(TCellStyle& style, TQuorMode mode, const TSideColours& side,
     DrawBestPrice(style, kind);
 }
 
-/// By the broker's four digits, or else by those that are left without leading zeros, as the user
-/// may have entered it.
-TBrokerColours::const_iterator FindColour(const TBrokerColours& colours, std::string_view broker) {
-  auto found = colours.find(broker);
-  while (found == colours.end() && broker.starts_with('0')) {
-    broker.remove_prefix(1);
-    found = colours.find(broker);
-  }
-  return found;
-}
-
 void StyleQueueCell(TCellStyle& style, const TCustomQuorMarketDataControl& control,
                     const TSideColours& side, THighlight highlight, int row, int column) {
   if (control.GetIsBrokerQueueHeader(column, row))
@@ -81,7 +70,7 @@ void StyleQueueCell(TCellStyle& style, const TCustomQuorMarketDataControl& contr
   std::string broker;
   if (!highlight || !control.GetBrokerID(row, column, broker))
     return;
-  if (const auto found = FindColour(*highlight, broker); found != highlight->end()) {
+  if (const auto found = highlight->find(broker); found != highlight->end()) {
     style.Bold = true;
     style.Font = found->second;
   }

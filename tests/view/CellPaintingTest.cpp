@@ -165,20 +165,6 @@ TEST_F(TCellPaintingTest, AHighlightedIdIsComparedAsAWhole) {
     EXPECT_FALSE(DepthCellStyle(&control, Skin, &others, row, 55).Bold) << row;
 }
 
-TEST_F(TCellPaintingTest, AHighlightedIdMayLackItsLeadingZeros) {
-  const Quorpriceview::TBrokerColours typed = {{"561", 1}, {"7", 2}, {"0008", 3}, {"8", 4}};
-  host.Record("700").Set(Field::BidQueue, "0561,7,8,5610").Update();
-  control.SetSymbol("700");
-  Quorpriceview::TBrokerColours painted;
-  std::string broker;
-  for (int row = 1; row < 6; ++row)
-    for (const int column : {55, 56, 57, 58})
-      if (const auto style = DepthCellStyle(&control, Skin, &typed, row, column);
-          style.Bold && control.GetBrokerID(row, column, broker))
-        painted[broker] = style.Font.value_or(0);
-  EXPECT_EQ(painted, (Quorpriceview::TBrokerColours{{"0561", 1}, {"0007", 2}, {"0008", 3}}));
-}
-
 TEST_F(TCellPaintingTest, AHeaderIsAskedForByColumnThenRow) {
   control.SetSymbol("700");
   EXPECT_EQ(Style(2, 55).Brush, Skin.BidLabelColor) << "the marker in row 2 of column 55";
