@@ -125,6 +125,8 @@ private:
 
   std::size_t SpanOf(const TcxGridColumn* column) const;
   QRect Bounds(int record, std::size_t span) const;
+  /// The same, but the fill of the last column goes on to the grid's edge.
+  QRect FilledBounds(int record, std::size_t span) const;
   TCellDescription& At(int record, std::size_t span);
   QRect CellArea() const;
   QString HintAt(const QPoint& position) const;

@@ -181,7 +181,7 @@ void TcxGridTableView::DescribeCells() {
       if (cell == scratch_)
         continue;
       std::swap(cell, scratch_);
-      AddChanged(Bounds(record, span));
+      AddChanged(FilledBounds(record, span));
     }
   }
 }
@@ -214,6 +214,9 @@ void TcxGridTableView::Paint(QPainter& painter, const QRegion& region) {
   for (int record = 0; record < RecordCount(); ++record) {
     for (std::size_t span = 0; span < spans_.size(); ++span) {
       const QRect bounds = Bounds(record, span);
+      const QRect filled = FilledBounds(record, span);
+      if (filled != bounds && region.intersects(filled))
+        painter.fillRect(filled, QColor(At(record, span).Fill));
       if (region.intersects(bounds))
         painter_.Paint(painter, At(record, span), bounds, grid_->font());
     }
@@ -235,6 +238,13 @@ QRect TcxGridTableView::Bounds(int record, std::size_t span) const {
   return {spans_[span].Left, top, spans_[span].Width, bottom - top};
 }
 
+QRect TcxGridTableView::FilledBounds(int record, std::size_t span) const {
+  QRect bounds = Bounds(record, span);
+  if (span + 1 == spans_.size())
+    bounds.setRight(std::max(bounds.right(), grid_->width() - 1));
+  return bounds;
+}
+
 TCellDescription& TcxGridTableView::At(int record, std::size_t span) {
   return cells_[static_cast<std::size_t>(record) * spans_.size() + span];
 }
@@ -242,7 +252,8 @@ TCellDescription& TcxGridTableView::At(int record, std::size_t span) {
 QRect TcxGridTableView::CellArea() const {
   if (spans_.empty())
     return {};
-  return {0, 0, spans_.back().Left + spans_.back().Width, rowTops_.back()};
+  return {0, 0, std::max(spans_.back().Left + spans_.back().Width, grid_->width()),
+          rowTops_.back()};
 }
 
 TcxHitTest TcxGridTableView::HitTest(const QPoint& position) const {

@@ -117,6 +117,8 @@ void TdxLayoutGroup::FillHeight(TdxLayoutElement* element) {
   element->setSizePolicy(element->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
 }
 
+int TdxLayoutGroup::LineCount(int width) const { return lines_ ? lines_->LineCount(width) : 1; }
+
 void TdxLayoutGroup::SetSpacing(int pixels) {
   if (box_)
     box_->setSpacing(pixels);

@@ -66,6 +66,8 @@ public:
   void Align(TdxLayoutElement* element, Qt::Alignment alignment);
   /// Lets an element of this group grow to the group's height.
   static void FillHeight(TdxLayoutElement* element);
+  /// In how many lines a group that wraps shows its visible elements at that width.
+  int LineCount(int width) const;
   /// Room between elements that are side by side, in pixels.
   void SetSpacing(int pixels);
 

@@ -20,6 +20,8 @@ public:
   /// Between elements of a line.
   void SetSpacing(int pixels);
 
+  int LineCount(int width) const { return static_cast<int>(Lines(width).size()); }
+
   void addItem(QLayoutItem* item) override;
   int count() const override { return static_cast<int>(items_.size()); }
   QLayoutItem* itemAt(int index) const override;

@@ -20,6 +20,7 @@ constexpr int ComboWidth = 100;
 constexpr QSize SwatchSize(20, 17);
 constexpr QSize QtyButtonSize(65, 25);
 constexpr int QtyButtonMargin = 8; // around its caption
+constexpr int LeftEdge = 6;        // where the texts of the grid's cells begin
 constexpr int PanelSpacing = 12;   // between a pair of caption and figure and the next
 constexpr int HintFontSize = 8;
 
@@ -166,6 +167,9 @@ void TQuorPriceForm::BuildPanels() {
   liDelay = AddLabel(root, "Delay", lblDelay);
   lblDelay->setText("Delay");
   liUpdateTime = AddLabel(root, "UpdateTime", lblUpdateTime);
+  for (QWidget* line :
+       std::initializer_list<QWidget*>{lgInfo, lgPOS, lgVCMCAS, liDelay, liUpdateTime})
+    line->layout()->setContentsMargins(LeftEdge, 0, 0, 0);
 }
 
 void TQuorPriceForm::BuildQtyButtons() {

@@ -112,7 +112,11 @@ private:
     if (UpdateMechanismPanels(*this, grids_.Price()))
       Notify(Constdef::Notify_SizeChanged);
   }
-  void SymbolRelatedUpdate() { UpdateRelatedInstruments(*this, grids_.Price()); }
+  void SymbolRelatedUpdate() {
+    UpdateRelatedInstruments(*this, grids_.Price());
+    if (measures_.MeasureSymbolLine()) // the boxes may need a line of their own
+      Notify(Constdef::Notify_SizeChanged);
+  }
   void SymbolProductTypeUpdate() { mDetail->setVisible(AreDetailsOffered(grids_.Price())); }
   void HandleRowChanged() {
     GetHeight();

@@ -1,7 +1,9 @@
 #include "view/SymbolCombo.h"
 
 #include "host/BaseSubscribeAdapter.h"
+#include "host/ConstDef.h"
 #include "model/DetailRows.h"
+#include "model/QuorTypes.h"
 #include "model/RecordText.h"
 
 #include <QAbstractItemView>
@@ -61,7 +63,7 @@ void TSymbolCombo::showPopup() {
     setItemData(item, InstrumentDescription(itemText(item).toStdString()), DescriptionRole);
   view()->setMinimumWidth(view()->sizeHintForColumn(0) + ListMargin +
                           style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-  TcxComboBox::showPopup();
+  QComboBox::showPopup();
 }
 
 void TSymbolCombo::wheelEvent(QWheelEvent* event) { event->ignore(); }

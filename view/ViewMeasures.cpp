@@ -187,6 +187,11 @@ void TViewMeasures::SetDisplayModeHeight(int rows) {
     FitToRows(form_.PriceGrid, rows);
 }
 
+bool TViewMeasures::MeasureSymbolLine() {
+  const int lines = form_.lgSymbol->LineCount(frameWidth_);
+  return std::exchange(symbolLines_, lines) != lines;
+}
+
 int TViewMeasures::FrameHeight(int rows) {
   SetGridHeights(rows);
   form_.lcGrid->ensurePolished();

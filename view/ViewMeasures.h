@@ -52,6 +52,8 @@ public:
   void PriceGridResize(int rows);
   /// The depth grid alone, as soon as another mode is chosen; the simple mode leaves it.
   void SetDisplayModeHeight(int rows);
+  /// True when the symbol line takes another number of lines now.
+  bool MeasureSymbolLine();
   /// What the form needs, once the grids have their heights.
   int FrameHeight(int rows);
 
@@ -62,6 +64,7 @@ private:
   const TViewState& state_;
   int scale_ = Constdef::ScalePPI_100;
   int frameWidth_ = 0;
+  int symbolLines_ = 1;
   int rowHeight_ = 0; ///< unscaled; 0 until measured
 };
 

@@ -42,9 +42,10 @@ int Fail(const std::string& sentence, int status = StatusFailed) {
   return status;
 }
 
-/// The console speaks English as long as no language is known to be chosen.
-std::string InEnglish(const Data::TProblem& problem) {
-  return Sentence(problem, Constdef::Language_English);
+/// The console speaks English as long as no language is known to be chosen. `file`: which one the
+/// problem is about, unless it is empty.
+std::string InEnglish(const Data::TProblem& problem, const std::string& file = {}) {
+  return (file.empty() ? "" : file + ": ") + Sentence(problem, Constdef::Language_English);
 }
 
 /// The platform without a display cannot do some of what windows ask of it, and need not.
@@ -108,18 +109,14 @@ int RunScript(TServices& services, Baseview::TIBaseView& descriptor, std::istrea
 
 int Record(const TCommandLine& line) {
   const std::chrono::duration<double> length(line.Seconds.value_or(RecordedSeconds));
-  const auto asked = QString::fromStdString(line.Source->Asked(line.SourceOptions));
-  const auto opened =
-      line.Source->Read
-          ? line.Source->Read(line.SourceOptions)
-          : Feed::TOpenedStream(Data::TProblem{Data::TProblemCode::MarketNotReadable});
+  const auto opened = line.Source->Read ? line.Source->Read(line.SourceOptions)
+                                        : Data::TProblem{Data::TProblemCode::MarketNotReadable};
   if (const auto* problem = std::get_if<Data::TProblem>(&opened))
-    return Fail(FileSentence(asked, *problem).toStdString());
+    return Fail(InEnglish(*problem, line.Source->Asked(line.SourceOptions)));
   const auto problem =
       Feed::WriteRecording(std::get<Feed::TChangeStream>(opened),
                            std::chrono::duration_cast<Text::TTimeOfDay>(length), *line.Record);
-  return problem ? Fail(FileSentence(QString::fromStdString(*line.Record), *problem).toStdString())
-                 : 0;
+  return problem ? Fail(InEnglish(*problem, *line.Record)) : 0;
 }
 
 /// Linked views follow their own group only; views in no group follow what is broadcast.

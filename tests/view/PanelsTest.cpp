@@ -356,7 +356,11 @@ TEST_F(TPanelsTest, WrapWhereTheFrameIsNarrow) {
   Follow();
   for (const auto& fields : {Vcm, Pos})
     Update(fields);
-  Update({{Field::WarrantList, "1"}, {Field::RelatedList, "2"}, {Field::LiquidityProviderList, "3"}});
+  host.viewHost.notifications.clear();
+  Update(
+      {{Field::WarrantList, "1"}, {Field::RelatedList, "2"}, {Field::LiquidityProviderList, "3"}});
+  EXPECT_EQ(host.viewHost.TakeNotifications(), (std::vector{Constdef::Notify_SizeChanged}))
+      << "the boxes take another line";
   frame->resize(frame->GetWidth(), frame->GetHeight());
   frame->show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(frame.get()));
@@ -381,15 +385,16 @@ TEST_F(TPanelsTest, WrapWhereTheFrameIsNarrow) {
 
 TEST_F(TPanelsTest, MessagesThatAreTooLongAreShortenedWithAGap) {
   Follow();
-  const std::string words = "A message of the exchange that is far longer than its half of the line. ";
+  const std::string words =
+      "A message of the exchange that is far longer than its half of the line. ";
   Update({{Field::FirstMessage, words + words}, {Field::SecondMessage, words + words}});
   frame->resize(frame->GetWidth(), frame->GetHeight());
   frame->show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(frame.get()));
   auto& left = Find<TcxLabel>("lblLeftText");
   auto& right = Find<TcxLabel>("lblRightText");
-  const int gap = right.mapTo(frame.get(), QPoint()).x() -
-                  left.mapTo(frame.get(), QPoint(left.width(), 0)).x();
+  const int gap =
+      right.mapTo(frame.get(), QPoint()).x() - left.mapTo(frame.get(), QPoint(left.width(), 0)).x();
   EXPECT_GE(gap, 12);
   EXPECT_LE(right.mapTo(frame.get(), QPoint(right.width(), 0)).x(), frame->width());
   QHelpEvent help(QEvent::ToolTip, {5, 5}, right.mapToGlobal(QPoint(5, 5)));
