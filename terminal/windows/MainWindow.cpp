@@ -38,7 +38,6 @@ TMainWindow::TMainWindow(const TParts& parts)
   connect(&views_, &TViewHost::Closing, this, [this](TViewPane* pane) {
     docks_[pane->Number()]->deleteLater();
     docks_.erase(pane->Number());
-    SaveSoon();
   });
   connect(&views_, &TViewHost::Notified, this, &TMainWindow::ApplyNotification);
   connect(&views_, &TViewHost::CustomViewAsked, this, [this](int type, const QString& symbol) {
@@ -56,7 +55,7 @@ TMainWindow::TMainWindow(const TParts& parts)
     if (auto* pane = views_.PaneOf(now))
       active_ = pane;
   });
-  FollowChanges();
+  KeepSaving();
   FollowMarket();
 }
 
@@ -64,7 +63,7 @@ TMainWindow::~TMainWindow() {
   // What the views tell while they close must not reach a window that is no longer whole.
   views_.disconnect(this);
   disconnect(qApp, nullptr, this, nullptr);
-  StopFollowing();
+  parts_.State.OnLost = nullptr;
   parts_.Services.Skin.OnChanged = nullptr;
   parts_.Services.Editors.IsByProgram = nullptr;
 }
@@ -117,15 +116,11 @@ void TMainWindow::ShowView(TViewPane* pane) {
     before.push_back(other);
   tools_->AddView(dock, before, pane->PreferredSize().width());
   docks_[pane->Number()] = dock;
-  FollowDock(dock);
   ShowMarks();
   active_ = pane;
-  SaveSoon();
 }
 
 void TMainWindow::ApplyNotification(int number, int code) {
-  if (code == Constdef::Notify_LayoutChanged || code == Constdef::Notify_SymbolChanged)
-    SaveSoon();
   auto* pane = views_.Pane(number);
   if (code == Constdef::Notify_Shortcut && pane)
     pane->View()->setFocus(Qt::ShortcutFocusReason);

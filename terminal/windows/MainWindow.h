@@ -52,8 +52,6 @@ protected:
   void closeEvent(QCloseEvent* event) override;
   /// Keys that the focused widget has no use for.
   void keyPressEvent(QKeyEvent* event) override;
-  /// Of the window and its docks.
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   /// A setting's value and its text.
@@ -96,10 +94,8 @@ private:
   void SetPriceColours(const QString& name);
   void SetScale(int perCent);
 
-  void FollowChanges();
-  void FollowDock(QDockWidget* dock);
-  void StopFollowing();
-  void SaveSoon();
+  void KeepSaving();
+  /// Only what has changed.
   void Save();
   void RestoreArrangement(const TSavedLayout& saved);
   void ArrangeDocks();
@@ -116,7 +112,7 @@ private:
   QAction* record_ = nullptr; ///< in the menu
   std::unique_ptr<TPreferenceDialog> preferences_;
   QTimer saveTimer_;
-  bool closing_ = false;
+  TSavedLayout saved_; ///< as it was stored last
 };
 
 } // namespace Terminal
