@@ -28,7 +28,7 @@ QJsonObject OrderAnswer(const TOrder& order, const Datadef::TCopyOrderRecord& re
 } // namespace
 
 TScriptSession::TScriptSession(TServices& services, Baseview::TIBaseView& descriptor)
-    : services_(services), views_(descriptor, [this] {
+    : services_(services), views_(services, descriptor, [this] {
         const QFont font = QApplication::font();
         return TViewSettings{services_.Languages.CurrentLanguage(), font.family(),
                              font.pointSize()};

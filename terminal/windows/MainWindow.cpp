@@ -19,7 +19,7 @@
 namespace Terminal {
 
 TMainWindow::TMainWindow(const TParts& parts)
-    : parts_(parts), views_(parts.Descriptor, [this] { return Settings(); }),
+    : parts_(parts), views_(parts.Services, parts.Descriptor, [this] { return Settings(); }),
       player_(new TPlayerBar(parts.Player, parts.Feed, this)), recorder_(parts.Player, parts.Feed) {
   setWindowIcon(TerminalIcon());
   setDockNestingEnabled(true);
@@ -162,7 +162,7 @@ QString TMainWindow::CaptionOfSender(System::TObject* sender) const {
   const auto* control = dynamic_cast<Basedcdatacontrol::TCustomDataControl*>(sender);
   for (const auto* pane : views_.Panes())
     if (control && control->Owner() == pane->Instance())
-      return QString::fromStdString(pane->Caption());
+      return pane->Title();
   return {};
 }
 
@@ -188,10 +188,10 @@ void TMainWindow::ShowRecording() {
 
 void TMainWindow::ShowTitle() {
   const QString name = QStringLiteral("QuorPrice");
-  setWindowTitle(MarkedTitle(SimulatedMark(parts_.Feed),
-                             recorder_.IsRecording()
+  setWindowTitle(MarkedTitle(recorder_.IsRecording()
                                  ? QStringLiteral("● %1 – %2").arg(WindowText("Term_Record"), name)
-                                 : name));
+                                 : name,
+                             SimulatedMark(parts_.Feed)));
 }
 
 void TMainWindow::WarnOf(const QString& file, const std::optional<Data::TProblem>& problem) {

@@ -35,15 +35,15 @@ TPopupWindow::TPopupWindow(QWidget* view, int position)
 
 void TPopupWindow::SetMark(const QString& mark) {
   mark_ = mark;
-  setWindowTitle(MarkedTitle(mark_, title_));
+  setWindowTitle(MarkedTitle(title_, mark_));
 }
 
 void TPopupWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() != QEvent::WindowTitleChange || windowTitle() == MarkedTitle(mark_, title_))
+  if (event->type() != QEvent::WindowTitleChange || windowTitle() == MarkedTitle(title_, mark_))
     return;
   title_ = windowTitle();
-  setWindowTitle(MarkedTitle(mark_, title_));
+  setWindowTitle(MarkedTitle(title_, mark_));
 }
 
 // Once: afterwards it stays where the user moves it. Its size is known when it is shown first.

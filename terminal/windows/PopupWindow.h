@@ -18,7 +18,7 @@ public:
   /// stand there already: each stands a little lower than the one before.
   TPopupWindow(QWidget* view, int position);
 
-  /// Puts `mark` before every title that the window is given; empty: none.
+  /// Puts `mark` behind every title that the window is given; empty: none.
   void SetMark(const QString& mark);
 
 protected:

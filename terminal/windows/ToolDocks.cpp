@@ -110,7 +110,7 @@ void TToolDocks::CaptionDocks() {
 
 // The menu that shows and hides the docks has their names alone.
 void TToolDocks::Caption(QDockWidget* dock, const QString& caption) {
-  dock->setWindowTitle(MarkedTitle(mark_, caption));
+  dock->setWindowTitle(MarkedTitle(caption, mark_));
   dock->toggleViewAction()->setText(caption);
 }
 

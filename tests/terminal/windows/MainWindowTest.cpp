@@ -128,17 +128,17 @@ TEST_F(TMainWindowTest, EveryTitleSaysThatTheMarketIsSimulatedWhileItIs) {
   EXPECT_EQ(Titles(*window), unmarked);
   Markets::Simulate(Player, 1, 9h);
   Player.Step(0);
-  EXPECT_EQ(Titles(*window), (QStringList{"SIMULATED – QuorPrice", "SIMULATED – Fixture",
-                                          "SIMULATED – Symbols", "SIMULATED – Order ticket",
-                                          "SIMULATED – Chart", "SIMULATED – Orders and trades"}));
+  EXPECT_EQ(Titles(*window), (QStringList{"QuorPrice – SIMULATED", "Fixture – SIMULATED",
+                                          "Symbols – SIMULATED", "Order ticket – SIMULATED",
+                                          "Chart – SIMULATED", "Orders and trades – SIMULATED"}));
   EXPECT_NE(ActionOf(*window, QStringLiteral("Order ticket")), nullptr) << "in the menu";
   Choose(*window, QStringLiteral("繁體中文"));
-  EXPECT_EQ(Titles(*window).at(3), QStringLiteral("模擬 – 落盤"));
+  EXPECT_EQ(Titles(*window).at(3), QStringLiteral("落盤 – 模擬"));
   Choose(*window, QStringLiteral("English"));
   OpenRecording(R"({"t":"10:00:00","s":"5","f":{"3":"40"}})");
   EXPECT_EQ(Titles(*window), unmarked);
   OpenRecording(R"({"quorprice":1,"simulated":true})");
-  EXPECT_EQ(Titles(*window).at(4), QStringLiteral("SIMULATED – Chart"));
+  EXPECT_EQ(Titles(*window).at(4), QStringLiteral("Chart – SIMULATED"));
 }
 
 TEST_F(TMainWindowTest, APopUpSaysThatTheMarketIsSimulatedToo) {
@@ -153,9 +153,9 @@ TEST_F(TMainWindowTest, APopUpSaysThatTheMarketIsSimulatedToo) {
   EXPECT_EQ(before->windowTitle(), QStringLiteral("Detail - 700"));
   Markets::Simulate(Player, 1, 9h);
   Player.Step(0);
-  EXPECT_EQ(before->windowTitle(), QStringLiteral("SIMULATED – Detail - 700"));
+  EXPECT_EQ(before->windowTitle(), QStringLiteral("Detail - 700 – SIMULATED"));
   const auto* after = open("Detail - 5");
-  EXPECT_EQ(after->windowTitle(), QStringLiteral("SIMULATED – Detail - 5"));
+  EXPECT_EQ(after->windowTitle(), QStringLiteral("Detail - 5 – SIMULATED"));
   OpenRecording(R"({"t":"10:00:00","s":"5","f":{"3":"40"}})");
   EXPECT_EQ(before->windowTitle(), QStringLiteral("Detail - 700"));
 }
@@ -348,6 +348,25 @@ TEST_F(TMainWindowTest, SpacePressesTheButtonThatHasTheKeyboard) {
   Input::PressKey(buy, Qt::Key_Space);
   EXPECT_TRUE(buy->isChecked());
   EXPECT_EQ(Player.State(), TMarketPlayer::TState::Closed);
+}
+
+TEST_F(TMainWindowTest, AViewIsCalledByCodeAndNameInTheLanguageOfTheUser) {
+  Services.Market.DefineInstrument("700", "HKD", "TESTCO", "測試科技", "测试科技");
+  const auto window = NewWindow();
+  window->RestoreViews("Symbol=700,DisplayMode=0");
+  const auto* dock = window->findChild<QDockWidget*>(QStringLiteral("view1"));
+  EXPECT_EQ(dock->windowTitle(), QStringLiteral("700 TESTCO"));
+  EXPECT_TRUE(LabelTexts(*dock->titleBarWidget()).contains(QStringLiteral("700 TESTCO")));
+  Choose(*window, QStringLiteral("繁體中文"));
+  EXPECT_EQ(dock->windowTitle(), QStringLiteral("700 測試科技"));
+  Markets::Simulate(Player, 1, 9h);
+  Player.Step(0);
+  EXPECT_EQ(dock->windowTitle().left(4), QStringLiteral("700 "));
+  EXPECT_EQ(dock->windowTitle().right(5), QStringLiteral(" – 模擬"));
+  Descriptor.Last->Layout = "Symbol=9";
+  Baseview::SendViewNotify(Descriptor.Last, Constdef::Notify_SymbolChanged);
+  Input::Deliver();
+  EXPECT_TRUE(dock->windowTitle().startsWith(QStringLiteral("9 ")));
 }
 
 class TMainWindowToolsTest : public TMainWindowTest {

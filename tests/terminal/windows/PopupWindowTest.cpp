@@ -72,13 +72,13 @@ TEST_F(TPopupWindowTest, StaysWhereItIsMovedTo) {
   EXPECT_EQ(window->pos(), moved);
 }
 
-TEST_F(TPopupWindowTest, PutsItsMarkBeforeWhateverTitleItIsGiven) {
+TEST_F(TPopupWindowTest, PutsItsMarkBehindWhateverTitleItIsGiven) {
   const auto window = Open(0);
   window->SetMark(QStringLiteral("SIMULATED"));
   window->setWindowTitle(QStringLiteral("Detail"));
-  EXPECT_EQ(window->windowTitle(), QStringLiteral("SIMULATED – Detail"));
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("Detail – SIMULATED"));
   window->setWindowTitle(QStringLiteral("Detail - 5"));
-  EXPECT_EQ(window->windowTitle(), QStringLiteral("SIMULATED – Detail - 5"));
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("Detail - 5 – SIMULATED"));
   window->SetMark({});
   EXPECT_EQ(window->windowTitle(), QStringLiteral("Detail - 5"));
   window->close();
