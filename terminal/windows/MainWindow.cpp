@@ -89,15 +89,13 @@ TViewSettings TMainWindow::SettingsAt(int scale) const {
   return Terminal::SettingsAt(parts_.Services.Languages.CurrentLanguage(), scale);
 }
 
-// Of the window itself, and so of its tools and captions. Menus and dialogs are windows of their
-// own and inherit nothing.
+// Of the window itself, and so of its tools and captions. Menus, tool tips and dialogs are windows
+// of their own and inherit nothing.
 void TMainWindow::ApplyFont(const TViewSettings& settings) {
   const QFont font(settings.FontName, settings.FontSize);
   setFont(font);
-  for (auto* menu : menuBar()->findChildren<QMenu*>())
-    menu->setFont(font);
-  if (preferences_)
-    preferences_->setFont(font);
+  for (const char* own : {"QMenu", "QTipLabel", "QDialog"})
+    QApplication::setFont(font, own);
 }
 
 void TMainWindow::NewView() {
@@ -107,6 +105,7 @@ void TMainWindow::NewView() {
 
 void TMainWindow::ShowView(TViewPane* pane) {
   auto* dock = new QDockWidget(this);
+  dock->setAttribute(Qt::WA_WindowPropagation);
   dock->setTitleBarWidget(pane->ReleaseCaptionBar());
   dock->setWidget(new TViewCorner(pane));
   dock->setWindowTitle(pane->windowTitle());
@@ -203,7 +202,6 @@ void TMainWindow::OpenPreferences() {
   if (!preferences_)
     preferences_ = std::make_unique<TPreferenceDialog>(parts_.Services.Config,
                                                        std::vector{&parts_.Descriptor}, this);
-  preferences_->setFont(font());
   preferences_->ShowPage();
 }
 

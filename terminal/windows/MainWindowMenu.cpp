@@ -20,7 +20,6 @@ void TMainWindow::BuildMenu() {
   BuildViewMenu();
   BuildSettingsMenu();
   BuildWindowMenu();
-  ApplyFont(Settings());
 }
 
 void TMainWindow::BuildFileMenu() {

@@ -2,10 +2,12 @@
 
 #include "terminal/windows/WindowTexts.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
 
 #include <algorithm>
+#include <utility>
 
 namespace Terminal {
 
@@ -28,8 +30,10 @@ QPoint BesideView(const QRect& view, const QSize& size, const QRect& screen) {
 }
 
 TPopupWindow::TPopupWindow(QWidget* view, int position)
-    : QWidget(view, Qt::Tool), position_(position) {
+    : QWidget(view, Qt::Tool), position_(position),
+      fontSize_(QFontInfo(QApplication::font()).pointSize()) {
   setAttribute(Qt::WA_DeleteOnClose);
+  setAttribute(Qt::WA_WindowPropagation);
   setFocusPolicy(Qt::StrongFocus);
 }
 
@@ -40,6 +44,8 @@ void TPopupWindow::SetMark(const QString& mark) {
 
 void TPopupWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange && placed_)
+    FollowFont();
   if (event->type() != QEvent::WindowTitleChange || windowTitle() == MarkedTitle(title_, mark_))
     return;
   title_ = windowTitle();
@@ -51,10 +57,16 @@ void TPopupWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (std::exchange(placed_, true))
     return;
+  FollowFont();
   const QWidget* view = parentWidget();
   const QPoint corner(0, position_ % Steps * Stagger);
   const QRect beside(view->mapToGlobal(corner), view->size());
   move(BesideView(beside, frameGeometry().size(), view->screen()->availableGeometry()));
+}
+
+void TPopupWindow::FollowFont() {
+  const int before = std::exchange(fontSize_, fontInfo().pointSize());
+  resize(size() * fontSize_ / before);
 }
 
 void TPopupWindow::keyPressEvent(QKeyEvent* event) {

@@ -52,6 +52,7 @@ TToolDocks::~TToolDocks() {
 
 QDockWidget* TToolDocks::Add(const char* name, QWidget* content) {
   auto* dock = new QDockWidget(&window_);
+  dock->setAttribute(Qt::WA_WindowPropagation); // of the font, while it floats
   dock->setObjectName(QLatin1String(name));
   dock->setWidget(content);
   return dock;

@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QTest>
+#include <QToolTip>
 
 namespace Terminal {
 namespace {
@@ -465,6 +466,38 @@ TEST_F(TMainWindowToolsTest, TakeTheScaleOfTheWindow) {
   Choose(*Window, QStringLiteral("150 %"));
   EXPECT_EQ(Dock("orderTicket")->widget()->font().pointSize(), before * 150 / 100);
   EXPECT_EQ(Descriptor.Last->font().pointSize(), before * 150 / 100);
+}
+
+TEST_F(TMainWindowToolsTest, EverythingThatIsAWindowOfItsOwnTakesTheScaleToo) {
+  Dock("view1")->setFloating(true);
+  auto* popup = Baseview::GetDialogForm(Descriptor.Last, nullptr);
+  popup->resize(210, 200);
+  popup->show();
+  Choose(*Window, QStringLiteral("150 %"));
+  const int normal = QApplication::font().pointSize();
+  const int points = normal * 150 / 100;
+  EXPECT_EQ(popup->font().pointSize(), points);
+  EXPECT_EQ(popup->size(), QSize(210, 200) * points / normal);
+  auto* later = Baseview::GetDialogForm(Descriptor.Last, nullptr);
+  later->resize(210, 100);
+  later->show();
+  EXPECT_EQ(later->size(), QSize(210, 100) * points / normal);
+  EXPECT_EQ(later->font().pointSize(), points);
+  QMenu menu(Descriptor.Last);
+  menu.ensurePolished();
+  EXPECT_EQ(menu.font().pointSize(), points);
+  EXPECT_EQ(QToolTip::font().pointSize(), points);
+  QMessageBox box(Window.get());
+  box.ensurePolished();
+  EXPECT_EQ(box.font().pointSize(), points);
+  const auto* bar = qobject_cast<TCaptionBar*>(Dock("view1")->titleBarWidget());
+  EXPECT_EQ(bar->Button(0)->iconSize().height(), 16 * points / normal);
+  Choose(*Window, QStringLiteral("100 %"));
+  EXPECT_EQ(popup->size(), QSize(210, 200));
+  EXPECT_EQ(bar->Button(0)->iconSize(), QSize(16, 16));
+  QMenu after(Descriptor.Last);
+  after.ensurePolished();
+  EXPECT_EQ(after.font().pointSize(), normal);
 }
 
 TEST_F(TMainWindowToolsTest, SpeakTheLanguage) {
