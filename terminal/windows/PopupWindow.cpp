@@ -1,5 +1,6 @@
 #include "terminal/windows/PopupWindow.h"
 
+#include "platform/Grid.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QApplication>
@@ -66,7 +67,14 @@ void TPopupWindow::showEvent(QShowEvent* event) {
 
 void TPopupWindow::FollowFont() {
   const int before = std::exchange(fontSize_, fontInfo().pointSize());
-  resize(size() * fontSize_ / before);
+  const auto scaled = [&](int pixels) { return qRound(double(pixels) * fontSize_ / before); };
+  resize(scaled(width()), scaled(height()));
+  // Rows and columns of a grid are in pixels, as the view made them.
+  for (auto* rows : findChildren<Platform::TcxGridTableView*>()) {
+    rows->SetDataRowHeight(scaled(rows->DataRowHeight()));
+    for (const auto& column : rows->Columns())
+      rows->SetColumnWidth(column.get(), scaled(column->Width));
+  }
 }
 
 void TPopupWindow::keyPressEvent(QKeyEvent* event) {
