@@ -89,12 +89,12 @@ TViewSettings TMainWindow::SettingsAt(int scale) const {
   return Terminal::SettingsAt(parts_.Services.Languages.CurrentLanguage(), scale);
 }
 
-// Of the window itself, and so of its tools and captions. Menus, tool tips and dialogs are windows
-// of their own and inherit nothing.
+// Of the window itself, and so of its tools and captions. Menus, tool tips, dialogs and the lists
+// that complete what is typed are windows of their own and inherit nothing.
 void TMainWindow::ApplyFont(const TViewSettings& settings) {
   const QFont font(settings.FontName, settings.FontSize);
   setFont(font);
-  for (const char* own : {"QMenu", "QTipLabel", "QDialog"})
+  for (const char* own : {"QMenu", "QTipLabel", "QDialog", "QListView"})
     QApplication::setFont(font, own);
 }
 
