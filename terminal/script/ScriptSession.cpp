@@ -67,8 +67,8 @@ TPreferenceDialog& TScriptSession::OpenPreferences() {
   if (!Descriptor().GetPreferenceView())
     throw TScriptError(QStringLiteral("The package has no preference page."));
   if (!preferences_)
-    preferences_ =
-        std::make_unique<TPreferenceDialog>(services_.Config, std::vector{&Descriptor()});
+    preferences_ = std::make_unique<TPreferenceDialog>(
+        services_.Config, std::vector{Descriptor().GetPreferenceView()});
   preferences_->ShowPage();
   return *preferences_;
 }

@@ -16,6 +16,8 @@
 #include <QMessageBox>
 #include <QShortcut>
 
+#include <algorithm>
+
 namespace Terminal {
 
 TMainWindow::TMainWindow(const TParts& parts)
@@ -28,6 +30,9 @@ TMainWindow::TMainWindow(const TParts& parts)
       parts.Services, parts.Desk,
       [this](System::TObject* sender) { return CaptionOfSender(sender); }, *this);
   ApplyFont(Settings());
+  parts_.Descriptor.GetShortCutList(shortcuts_);
+  for (const auto& value : WindowDefaults(shortcuts_))
+    parts_.Services.Config.LoadDefault(value);
   BuildMenu();
   BuildShortcuts();
   connect(&recorder_, &TMarketRecorder::Ended, this, [this](const auto& problem) {
@@ -55,13 +60,15 @@ TMainWindow::TMainWindow(const TParts& parts)
     if (auto* pane = views_.PaneOf(now))
       active_ = pane;
   });
+  connect(this, &QMainWindow::tabifiedDockWidgetActivated, this, &TMainWindow::ApplyTab);
   KeepSaving();
   FollowMarket();
 }
 
 TMainWindow::~TMainWindow() {
-  // What the views tell while they close must not reach a window that is no longer whole.
+  // What views and docks tell while they close must not reach a window that is no longer whole.
   views_.disconnect(this);
+  disconnect(this);
   disconnect(qApp, nullptr, this, nullptr);
   parts_.State.OnLost = nullptr;
   parts_.Services.Skin.OnChanged = nullptr;
@@ -69,16 +76,30 @@ TMainWindow::~TMainWindow() {
 }
 
 void TMainWindow::BuildShortcuts() {
-  const auto bind = [this](const QKeySequence& keys, auto handler) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, handler);
-  };
-  bind(Qt::CTRL | Qt::Key_L, &TMainWindow::FocusSymbolBox);
-  std::vector<Viewinterface::TCustomViewShortcut> shortcuts;
-  parts_.Descriptor.GetShortCutList(shortcuts);
-  for (std::size_t action = 0; action < shortcuts.size(); ++action)
-    if (shortcuts[action].Key != 0)
-      bind(QKeySequence(shortcuts[action].Key),
-           [this, action] { parts_.Descriptor.ExecuteShortcutAction(static_cast<int>(action)); });
+  for (std::size_t action = 0; action < shortcuts_.size(); ++action) {
+    keys_.push_back(new QShortcut(this));
+    connect(keys_.back(), &QShortcut::activated, this,
+            [this, action] { ExecuteShortcut(static_cast<int>(action)); });
+  }
+  SetShortcutKeys();
+}
+
+void TMainWindow::SetShortcutKeys() {
+  for (std::size_t action = 0; action < shortcuts_.size(); ++action)
+    keys_[action]->setKey(ShortcutKey(parts_.Services.Config, shortcuts_[action].Name));
+}
+
+void TMainWindow::ExecuteShortcut(int action) {
+  if (const auto* pane = ActivePane())
+    parts_.Descriptor.ActiveView(pane->Handle());
+  parts_.Descriptor.ExecuteShortcutAction(action);
+}
+
+QString TMainWindow::KeyUse(const QKeySequence& key) const {
+  for (const auto* action : findChildren<QAction*>())
+    if (!key.isEmpty() && action->shortcut() == key)
+      return action->text();
+  return {};
 }
 
 TViewSettings TMainWindow::Settings() const {
@@ -122,7 +143,7 @@ void TMainWindow::ShowView(TViewPane* pane) {
 void TMainWindow::ApplyNotification(int number, int code) {
   auto* pane = views_.Pane(number);
   if (code == Constdef::Notify_Shortcut && pane)
-    pane->View()->setFocus(Qt::ShortcutFocusReason);
+    GoTo(*pane);
 }
 
 TViewPane* TMainWindow::ActivePane() const {
@@ -132,12 +153,26 @@ TViewPane* TMainWindow::ActivePane() const {
   return panes.empty() ? nullptr : panes.front();
 }
 
-void TMainWindow::FocusSymbolBox() {
-  const auto* pane = ActivePane();
-  auto* box = pane ? pane->View()->findChild<Platform::TcxPopupEdit*>() : nullptr;
-  if (!box || !box->isVisible())
+// The keyboard must not stay in a view that is no longer seen.
+void TMainWindow::ApplyTab(const QDockWidget* chosen) {
+  const auto found = std::find_if(docks_.begin(), docks_.end(),
+                                  [chosen](const auto& dock) { return dock.second == chosen; });
+  if (found == docks_.end())
     return;
-  box->window()->activateWindow();
+  active_ = views_.Pane(found->first);
+  if (views_.PaneOf(QApplication::focusWidget()))
+    GoTo(*active_);
+}
+
+void TMainWindow::GoTo(const TViewPane& pane) {
+  const auto dock = docks_.find(pane.Number());
+  if (dock == docks_.end())
+    return; // it is still being opened
+  dock->second->raise();
+  dock->second->activateWindow();
+  auto* box = pane.View()->findChild<Platform::TcxPopupEdit*>();
+  if (!box || !box->isVisibleTo(pane.View())) // the user may have put it away
+    return pane.View()->setFocus(Qt::ShortcutFocusReason);
   box->setFocus(Qt::ShortcutFocusReason);
   box->selectAll();
 }
@@ -199,9 +234,17 @@ void TMainWindow::WarnOf(const QString& file, const std::optional<Data::TProblem
 }
 
 void TMainWindow::OpenPreferences() {
-  if (!preferences_)
-    preferences_ = std::make_unique<TPreferenceDialog>(parts_.Services.Config,
-                                                       std::vector{&parts_.Descriptor}, this);
+  if (!preferences_) {
+    auto& config = parts_.Services.Config;
+    own_ = std::make_unique<TTerminalPreferences>(std::make_unique<TTerminalPage>(
+        config, shortcuts_, [this](const QKeySequence& key) { return KeyUse(key); }));
+    preferences_ = std::make_unique<TPreferenceDialog>(
+        config,
+        std::vector{parts_.Descriptor.GetPreferenceView(),
+                    static_cast<Baseview::TIBasePreferenceView*>(own_.get())},
+        this);
+    connect(preferences_.get(), &TPreferenceDialog::Saved, this, &TMainWindow::SetShortcutKeys);
+  }
   preferences_->ShowPage();
 }
 

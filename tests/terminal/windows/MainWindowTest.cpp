@@ -5,10 +5,14 @@
 #include "terminal/windows/CaptionBar.h"
 #include "terminal/windows/WindowFixture.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QCompleter>
 #include <QFileDialog>
+#include <QKeySequenceEdit>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QTabBar>
 #include <QTest>
 #include <QToolTip>
 
@@ -385,6 +389,26 @@ protected:
     return Window->findChild<QDockWidget*>(QLatin1String(name));
   }
 
+  static QDockWidget* DockOf(QWidget* widget) {
+    while (!qobject_cast<QDockWidget*>(widget))
+      widget = widget->parentWidget();
+    return static_cast<QDockWidget*>(widget);
+  }
+
+  /// Types a key for the first shortcut into the preferences and saves them.
+  void SetShortcut(Qt::Key key, Qt::KeyboardModifiers held) {
+    Choose(*Window, QStringLiteral("Preferences"));
+    auto* dialog = Window->findChild<TPreferenceDialog*>();
+    Input::Activate(dialog);
+    dialog->findChild<QListWidget*>()->setCurrentRow(0);
+    auto* edit = dialog->findChild<QKeySequenceEdit*>();
+    ASSERT_NE(edit, nullptr);
+    edit->setFocus();
+    Input::PressKey(edit, key, held);
+    dialog->Button(QDialogButtonBox::Ok)->click();
+    Input::Activate(Window.get());
+  }
+
   void Press(Qt::Key key) { Input::PressKey(Window.get(), key, Qt::ControlModifier); }
 
   std::unique_ptr<TMainWindow> Window;
@@ -477,16 +501,19 @@ TEST_F(TMainWindowToolsTest, EverythingThatIsAWindowOfItsOwnTakesTheScaleToo) {
   const int normal = QApplication::font().pointSize();
   const int points = normal * 150 / 100;
   EXPECT_EQ(popup->font().pointSize(), points);
-  EXPECT_EQ(popup->size(), QSize(210, 200) * points / normal);
+  EXPECT_EQ(popup->size(), QSize(210, 200) * (double(points) / normal));
   auto* later = Baseview::GetDialogForm(Descriptor.Last, nullptr);
   later->resize(210, 100);
   later->show();
-  EXPECT_EQ(later->size(), QSize(210, 100) * points / normal);
+  EXPECT_EQ(later->size(), QSize(210, 100) * (double(points) / normal));
   EXPECT_EQ(later->font().pointSize(), points);
   QMenu menu(Descriptor.Last);
   menu.ensurePolished();
   EXPECT_EQ(menu.font().pointSize(), points);
   EXPECT_EQ(QToolTip::font().pointSize(), points);
+  QCompleter completer;
+  completer.popup()->ensurePolished();
+  EXPECT_EQ(completer.popup()->font().pointSize(), points);
   QMessageBox box(Window.get());
   box.ensurePolished();
   EXPECT_EQ(box.font().pointSize(), points);
@@ -498,6 +525,54 @@ TEST_F(TMainWindowToolsTest, EverythingThatIsAWindowOfItsOwnTakesTheScaleToo) {
   QMenu after(Descriptor.Last);
   after.ensurePolished();
   EXPECT_EQ(after.font().pointSize(), normal);
+}
+
+TEST_F(TMainWindowToolsTest, TheShortcutBringsAViewToTheFrontAndTheKeyboardIntoItsSymbolBox) {
+  const auto* view = Descriptor.Last;
+  const auto isInFront = [view] { return !view->visibleRegion().isEmpty(); };
+  const auto lookElsewhere = [&] {
+    Dock("chartDock")->raise();
+    Dock("symbolList")->findChild<QLineEdit*>()->setFocus();
+    Input::Deliver();
+  };
+  Window->tabifyDockWidget(Dock("view1"), Dock("chartDock"));
+  SetShortcut(Qt::Key_P, Qt::ControlModifier);
+  lookElsewhere();
+  ASSERT_FALSE(isInFront());
+  Press(Qt::Key_P);
+  EXPECT_TRUE(isInFront());
+  EXPECT_EQ(QApplication::focusWidget(), view->Symbol);
+  EXPECT_EQ(view->Symbol->selectedText(), view->Symbol->text());
+  SetShortcut(Qt::Key_F9, Qt::NoModifier);
+  lookElsewhere();
+  Press(Qt::Key_P);
+  EXPECT_FALSE(isInFront()) << "it has another key now";
+  Input::PressKey(Window.get(), Qt::Key_F9);
+  EXPECT_TRUE(isInFront());
+}
+
+TEST_F(TMainWindowToolsTest, TheKeyboardFollowsTheTabOfAViewAndSoDoesTheShortcut) {
+  auto* first = Descriptor.Last;
+  Window->Views().Open("Symbol=5");
+  auto* second = Descriptor.Last;
+  Window->tabifyDockWidget(DockOf(first), DockOf(second));
+  Input::Deliver();
+  Press(Qt::Key_L);
+  ASSERT_EQ(QApplication::focusWidget(), second->Symbol);
+  const auto bars = Window->findChildren<QTabBar*>(Qt::FindDirectChildrenOnly);
+  const auto bar = std::find_if(bars.begin(), bars.end(),
+                                [](const auto* each) { return each->tabText(0) == "700 TESTCO"; });
+  ASSERT_NE(bar, bars.end());
+  Input::Click(*bar, (*bar)->tabRect(0).center());
+  EXPECT_EQ(QApplication::focusWidget(), first->Symbol);
+  Dock("symbolList")->findChild<QLineEdit*>()->setFocus();
+  Input::Click(*bar, (*bar)->tabRect(1).center());
+  EXPECT_TRUE(Dock("symbolList")->isAncestorOf(QApplication::focusWidget()));
+  Press(Qt::Key_L);
+  EXPECT_EQ(QApplication::focusWidget(), second->Symbol);
+  Input::Click(*bar, (*bar)->tabRect(0).center());
+  Press(Qt::Key_L);
+  EXPECT_EQ(QApplication::focusWidget(), first->Symbol);
 }
 
 TEST_F(TMainWindowToolsTest, SpeakTheLanguage) {
