@@ -28,7 +28,7 @@ QJsonObject OrderAnswer(const TOrder& order, const Datadef::TCopyOrderRecord& re
 } // namespace
 
 TScriptSession::TScriptSession(TServices& services, Baseview::TIBaseView& descriptor)
-    : services_(services), views_(descriptor, [this] {
+    : services_(services), views_(services, descriptor, [this] {
         const QFont font = QApplication::font();
         return TViewSettings{services_.Languages.CurrentLanguage(), font.family(),
                              font.pointSize()};
@@ -67,8 +67,8 @@ TPreferenceDialog& TScriptSession::OpenPreferences() {
   if (!Descriptor().GetPreferenceView())
     throw TScriptError(QStringLiteral("The package has no preference page."));
   if (!preferences_)
-    preferences_ =
-        std::make_unique<TPreferenceDialog>(services_.Config, std::vector{&Descriptor()});
+    preferences_ = std::make_unique<TPreferenceDialog>(
+        services_.Config, std::vector{Descriptor().GetPreferenceView()});
   preferences_->ShowPage();
   return *preferences_;
 }

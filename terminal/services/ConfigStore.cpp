@@ -43,6 +43,10 @@ void TConfigStore::Load(std::string_view section, std::string_view key, std::str
   sections_[std::string(section)].insert_or_assign(std::string(key), value);
 }
 
+void TConfigStore::LoadDefault(const TConfigValue& value) {
+  sections_[value.Section].try_emplace(value.Key, value.Value);
+}
+
 void TConfigStore::ReplaceSection(std::string_view section, TSection values) {
   sections_.insert_or_assign(std::string(section), std::move(values));
 }

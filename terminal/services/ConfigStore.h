@@ -48,6 +48,8 @@ public:
 
   /// Puts a stored value back; nobody is told.
   void Load(std::string_view section, std::string_view key, std::string_view value);
+  /// The same of what is to be where nothing was stored.
+  void LoadDefault(const TConfigValue& value);
   /// Replaces a whole section by values of this run only; nobody is told.
   void ReplaceSection(std::string_view section, TSection values);
 

@@ -152,6 +152,27 @@ const TTextRow resourceTexts[] = {
     {"Term_Skin", "外觀", "外观", "Skin"},
     {"Term_View", "檢視", "视图", "View"},
 
+    // The terminal's preferences.
+    {"Term_AtOnce", "即時生效", "立即生效", "At once"},
+    {"Term_CaptionsHint", "例如 500、1,000、10K 或 1M；全部留空則不顯示按鈕",
+     "例如 500、1,000、10K 或 1M；全部留空则不显示按钮",
+     "Such as 500, 1,000, 10K or 1M; without any there are no buttons"},
+    {"Term_ConcealedExchanges", "隱藏行情的交易所", "隐藏行情的交易所", "Concealed exchanges"},
+    {"Term_ConcealedHint", "交易所代號，以逗號分隔，例如 HKG", "交易所代码，以逗号分隔，例如 HKG",
+     "Exchange codes with commas between them, such as HKG"},
+    {"Term_DenominatorHint", "交予報價的數值，收到後重新讀取價格；本終端的價格一律以小數顯示",
+     "交给报价窗口的数值，收到后重新读取价格；本终端的价格一律以小数显示",
+     "A number for the price views, which read their prices again; the terminal's own prices are "
+     "decimal in every mode"},
+    {"Term_DenominatorMode", "分母模式", "分母模式", "Denominator mode"},
+    {"Term_InLaterViews", "適用於其後開啟的報價", "适用于此后打开的报价窗口",
+     "In price views opened from now on"},
+    {"Term_KeyInUse", "此鍵已用於：%1", "此键已用于：%1", "In use already: %1"},
+    {"Term_Milliseconds", " 毫秒", " 毫秒", " ms"},
+    {"Term_QuantityButtons", "數量按鈕", "数量按钮", "Quantity buttons"},
+    {"Term_Terminal", "終端", "终端", "Terminal"},
+    {"Term_UpdateInterval", "更新間隔", "更新间隔", "Update interval"},
+
     // Feeds.
     {"Term_DataAge", "數據距今", "数据距今", "Data age"},
     {"Term_FeedGap", "數據中斷", "数据中断", "Data gap"},

@@ -31,7 +31,7 @@ void RunFor(milliseconds time) {
 }
 
 std::string Headline(const THeadlessRun& run) {
-  return run.View.Caption() + "   " + MarketText(run.Feed).toStdString() + "   " +
+  return run.View.Title().toStdString() + "   " + MarketText(run.Feed).toStdString() + "   " +
          Text::ClockText(run.Player.Position());
 }
 

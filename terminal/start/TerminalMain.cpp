@@ -146,7 +146,7 @@ int RunHeadless(TServices& services, Baseview::TIBaseView& descriptor, const TCo
   for (const auto& skipped : SkippedLines(*market.Player.Index()))
     std::cerr << skipped << std::endl;
   services.Config.SetLayoutReady(true);
-  TViewHost views(descriptor, [&] {
+  TViewHost views(services, descriptor, [&] {
     return SettingsAt(services.Languages.CurrentLanguage(), services.Settings.Scale.Value());
   });
   auto* view = views.Open(FirstLayout(services, line, symbol));

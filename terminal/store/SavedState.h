@@ -24,6 +24,8 @@ struct TConfigValue;
 struct TSavedView {
   std::string LayoutData;
   std::string Group; ///< linking group; empty for none
+
+  bool operator==(const TSavedView&) const = default;
 };
 
 /// The open views, in their order, and how the window is arranged.
@@ -31,6 +33,8 @@ struct TSavedLayout {
   std::vector<TSavedView> Views;
   QByteArray Geometry; ///< of the main window
   QByteArray Docks;
+
+  bool operator==(const TSavedLayout&) const = default;
 };
 
 /// What survives a run, and a crash: configuration, open views and the window's arrangement, in a

@@ -2,8 +2,10 @@
 
 #include "platform/DrawnIcon.h"
 #include "platform/ImageList.h"
+#include "terminal/windows/TerminalStyle.h"
 #include "terminal/windows/WindowTexts.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPainter>
@@ -107,9 +109,16 @@ QToolButton* TCaptionBar::AddTool(QBoxLayout* layout) {
   auto* tool = new QToolButton(this);
   tool->setAutoRaise(true);
   tool->setFocusPolicy(Qt::NoFocus);
-  tool->setIconSize({IconSize, IconSize});
+  tool->setIconSize(QSize(1, 1) * Scaled(IconSize, *this));
   layout->addWidget(tool);
   return tool;
+}
+
+void TCaptionBar::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange)
+    for (auto* tool : findChildren<QToolButton*>())
+      tool->setIconSize(QSize(1, 1) * Scaled(IconSize, *this));
 }
 
 void TCaptionBar::BuildGroupMenu() {

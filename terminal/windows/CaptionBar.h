@@ -57,6 +57,9 @@ public:
   /// The button shown at `index`; null when there is none.
   QToolButton* Button(int index) const;
 
+protected:
+  void changeEvent(QEvent* event) override;
+
 signals:
   void ButtonClicked(int index);
   /// Empty: in no group.

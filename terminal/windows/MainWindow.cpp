@@ -16,10 +16,12 @@
 #include <QMessageBox>
 #include <QShortcut>
 
+#include <algorithm>
+
 namespace Terminal {
 
 TMainWindow::TMainWindow(const TParts& parts)
-    : parts_(parts), views_(parts.Descriptor, [this] { return Settings(); }),
+    : parts_(parts), views_(parts.Services, parts.Descriptor, [this] { return Settings(); }),
       player_(new TPlayerBar(parts.Player, parts.Feed, this)), recorder_(parts.Player, parts.Feed) {
   setWindowIcon(TerminalIcon());
   setDockNestingEnabled(true);
@@ -28,6 +30,9 @@ TMainWindow::TMainWindow(const TParts& parts)
       parts.Services, parts.Desk,
       [this](System::TObject* sender) { return CaptionOfSender(sender); }, *this);
   ApplyFont(Settings());
+  parts_.Descriptor.GetShortCutList(shortcuts_);
+  for (const auto& value : WindowDefaults(shortcuts_))
+    parts_.Services.Config.LoadDefault(value);
   BuildMenu();
   BuildShortcuts();
   connect(&recorder_, &TMarketRecorder::Ended, this, [this](const auto& problem) {
@@ -38,7 +43,6 @@ TMainWindow::TMainWindow(const TParts& parts)
   connect(&views_, &TViewHost::Closing, this, [this](TViewPane* pane) {
     docks_[pane->Number()]->deleteLater();
     docks_.erase(pane->Number());
-    SaveSoon();
   });
   connect(&views_, &TViewHost::Notified, this, &TMainWindow::ApplyNotification);
   connect(&views_, &TViewHost::CustomViewAsked, this, [this](int type, const QString& symbol) {
@@ -56,30 +60,46 @@ TMainWindow::TMainWindow(const TParts& parts)
     if (auto* pane = views_.PaneOf(now))
       active_ = pane;
   });
-  FollowChanges();
+  connect(this, &QMainWindow::tabifiedDockWidgetActivated, this, &TMainWindow::ApplyTab);
+  KeepSaving();
   FollowMarket();
 }
 
 TMainWindow::~TMainWindow() {
-  // What the views tell while they close must not reach a window that is no longer whole.
+  // What views and docks tell while they close must not reach a window that is no longer whole.
   views_.disconnect(this);
+  disconnect(this);
   disconnect(qApp, nullptr, this, nullptr);
-  StopFollowing();
+  parts_.State.OnLost = nullptr;
   parts_.Services.Skin.OnChanged = nullptr;
   parts_.Services.Editors.IsByProgram = nullptr;
 }
 
 void TMainWindow::BuildShortcuts() {
-  const auto bind = [this](const QKeySequence& keys, auto handler) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, handler);
-  };
-  bind(Qt::CTRL | Qt::Key_L, &TMainWindow::FocusSymbolBox);
-  std::vector<Viewinterface::TCustomViewShortcut> shortcuts;
-  parts_.Descriptor.GetShortCutList(shortcuts);
-  for (std::size_t action = 0; action < shortcuts.size(); ++action)
-    if (shortcuts[action].Key != 0)
-      bind(QKeySequence(shortcuts[action].Key),
-           [this, action] { parts_.Descriptor.ExecuteShortcutAction(static_cast<int>(action)); });
+  for (std::size_t action = 0; action < shortcuts_.size(); ++action) {
+    keys_.push_back(new QShortcut(this));
+    connect(keys_.back(), &QShortcut::activated, this,
+            [this, action] { ExecuteShortcut(static_cast<int>(action)); });
+  }
+  SetShortcutKeys();
+}
+
+void TMainWindow::SetShortcutKeys() {
+  for (std::size_t action = 0; action < shortcuts_.size(); ++action)
+    keys_[action]->setKey(ShortcutKey(parts_.Services.Config, shortcuts_[action].Name));
+}
+
+void TMainWindow::ExecuteShortcut(int action) {
+  if (const auto* pane = ActivePane())
+    parts_.Descriptor.ActiveView(pane->Handle());
+  parts_.Descriptor.ExecuteShortcutAction(action);
+}
+
+QString TMainWindow::KeyUse(const QKeySequence& key) const {
+  for (const auto* action : findChildren<QAction*>())
+    if (!key.isEmpty() && action->shortcut() == key)
+      return action->text();
+  return {};
 }
 
 TViewSettings TMainWindow::Settings() const {
@@ -90,15 +110,13 @@ TViewSettings TMainWindow::SettingsAt(int scale) const {
   return Terminal::SettingsAt(parts_.Services.Languages.CurrentLanguage(), scale);
 }
 
-// Of the window itself, and so of its tools and captions. Menus and dialogs are windows of their
-// own and inherit nothing.
+// Of the window itself, and so of its tools and captions. Menus, tool tips, dialogs and the lists
+// that complete what is typed are windows of their own and inherit nothing.
 void TMainWindow::ApplyFont(const TViewSettings& settings) {
   const QFont font(settings.FontName, settings.FontSize);
   setFont(font);
-  for (auto* menu : menuBar()->findChildren<QMenu*>())
-    menu->setFont(font);
-  if (preferences_)
-    preferences_->setFont(font);
+  for (const char* own : {"QMenu", "QTipLabel", "QDialog", "QListView"})
+    QApplication::setFont(font, own);
 }
 
 void TMainWindow::NewView() {
@@ -108,6 +126,7 @@ void TMainWindow::NewView() {
 
 void TMainWindow::ShowView(TViewPane* pane) {
   auto* dock = new QDockWidget(this);
+  dock->setAttribute(Qt::WA_WindowPropagation);
   dock->setTitleBarWidget(pane->ReleaseCaptionBar());
   dock->setWidget(new TViewCorner(pane));
   dock->setWindowTitle(pane->windowTitle());
@@ -117,18 +136,14 @@ void TMainWindow::ShowView(TViewPane* pane) {
     before.push_back(other);
   tools_->AddView(dock, before, pane->PreferredSize().width());
   docks_[pane->Number()] = dock;
-  FollowDock(dock);
   ShowMarks();
   active_ = pane;
-  SaveSoon();
 }
 
 void TMainWindow::ApplyNotification(int number, int code) {
-  if (code == Constdef::Notify_LayoutChanged || code == Constdef::Notify_SymbolChanged)
-    SaveSoon();
   auto* pane = views_.Pane(number);
   if (code == Constdef::Notify_Shortcut && pane)
-    pane->View()->setFocus(Qt::ShortcutFocusReason);
+    GoTo(*pane);
 }
 
 TViewPane* TMainWindow::ActivePane() const {
@@ -138,12 +153,26 @@ TViewPane* TMainWindow::ActivePane() const {
   return panes.empty() ? nullptr : panes.front();
 }
 
-void TMainWindow::FocusSymbolBox() {
-  const auto* pane = ActivePane();
-  auto* box = pane ? pane->View()->findChild<Platform::TcxPopupEdit*>() : nullptr;
-  if (!box || !box->isVisible())
+// The keyboard must not stay in a view that is no longer seen.
+void TMainWindow::ApplyTab(const QDockWidget* chosen) {
+  const auto found = std::find_if(docks_.begin(), docks_.end(),
+                                  [chosen](const auto& dock) { return dock.second == chosen; });
+  if (found == docks_.end())
     return;
-  box->window()->activateWindow();
+  active_ = views_.Pane(found->first);
+  if (views_.PaneOf(QApplication::focusWidget()))
+    GoTo(*active_);
+}
+
+void TMainWindow::GoTo(const TViewPane& pane) {
+  const auto dock = docks_.find(pane.Number());
+  if (dock == docks_.end())
+    return; // it is still being opened
+  dock->second->raise();
+  dock->second->activateWindow();
+  auto* box = pane.View()->findChild<Platform::TcxPopupEdit*>();
+  if (!box || !box->isVisibleTo(pane.View())) // the user may have put it away
+    return pane.View()->setFocus(Qt::ShortcutFocusReason);
   box->setFocus(Qt::ShortcutFocusReason);
   box->selectAll();
 }
@@ -167,7 +196,7 @@ QString TMainWindow::CaptionOfSender(System::TObject* sender) const {
   const auto* control = dynamic_cast<Basedcdatacontrol::TCustomDataControl*>(sender);
   for (const auto* pane : views_.Panes())
     if (control && control->Owner() == pane->Instance())
-      return QString::fromStdString(pane->Caption());
+      return pane->Title();
   return {};
 }
 
@@ -193,10 +222,10 @@ void TMainWindow::ShowRecording() {
 
 void TMainWindow::ShowTitle() {
   const QString name = QStringLiteral("QuorPrice");
-  setWindowTitle(MarkedTitle(SimulatedMark(parts_.Feed),
-                             recorder_.IsRecording()
+  setWindowTitle(MarkedTitle(recorder_.IsRecording()
                                  ? QStringLiteral("● %1 – %2").arg(WindowText("Term_Record"), name)
-                                 : name));
+                                 : name,
+                             SimulatedMark(parts_.Feed)));
 }
 
 void TMainWindow::WarnOf(const QString& file, const std::optional<Data::TProblem>& problem) {
@@ -205,10 +234,17 @@ void TMainWindow::WarnOf(const QString& file, const std::optional<Data::TProblem
 }
 
 void TMainWindow::OpenPreferences() {
-  if (!preferences_)
-    preferences_ = std::make_unique<TPreferenceDialog>(parts_.Services.Config,
-                                                       std::vector{&parts_.Descriptor}, this);
-  preferences_->setFont(font());
+  if (!preferences_) {
+    auto& config = parts_.Services.Config;
+    own_ = std::make_unique<TTerminalPreferences>(std::make_unique<TTerminalPage>(
+        config, shortcuts_, [this](const QKeySequence& key) { return KeyUse(key); }));
+    preferences_ = std::make_unique<TPreferenceDialog>(
+        config,
+        std::vector{parts_.Descriptor.GetPreferenceView(),
+                    static_cast<Baseview::TIBasePreferenceView*>(own_.get())},
+        this);
+    connect(preferences_.get(), &TPreferenceDialog::Saved, this, &TMainWindow::SetShortcutKeys);
+  }
   preferences_->ShowPage();
 }
 

@@ -4,6 +4,7 @@
 #include "terminal/store/SavedState.h"
 #include "terminal/windows/PlayerBar.h"
 #include "terminal/windows/PreferenceDialog.h"
+#include "terminal/windows/TerminalPreferences.h"
 #include "terminal/windows/ToolDocks.h"
 #include "terminal/windows/ViewHost.h"
 
@@ -14,6 +15,7 @@
 #include <memory>
 
 class QDockWidget;
+class QShortcut;
 
 namespace Terminal {
 
@@ -52,8 +54,6 @@ protected:
   void closeEvent(QCloseEvent* event) override;
   /// Keys that the focused widget has no use for.
   void keyPressEvent(QKeyEvent* event) override;
-  /// Of the window and its docks.
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   /// A setting's value and its text.
@@ -67,6 +67,10 @@ private:
                    const std::vector<TChoice>& choices,
                    const std::function<void(const QString&)>& choose);
   void BuildShortcuts();
+  void SetShortcutKeys();
+  void ExecuteShortcut(int action);
+  /// What the menu has a key for; empty when nothing.
+  QString KeyUse(const QKeySequence& key) const;
   void BuildWindowMenu();
 
   TViewSettings Settings() const;
@@ -75,7 +79,9 @@ private:
   void NewView();
   void ShowView(TViewPane* pane);
   void ApplyNotification(int number, int code);
-  void FocusSymbolBox();
+  /// Brings the view to the front and the keyboard into its symbol box.
+  void GoTo(const TViewPane& pane);
+  void ApplyTab(const QDockWidget* chosen);
   void ChooseGroup();
   void ApplyFont(const TViewSettings& settings);
   TViewPane* ActivePane() const;
@@ -96,10 +102,8 @@ private:
   void SetPriceColours(const QString& name);
   void SetScale(int perCent);
 
-  void FollowChanges();
-  void FollowDock(QDockWidget* dock);
-  void StopFollowing();
-  void SaveSoon();
+  void KeepSaving();
+  /// Only what has changed.
   void Save();
   void RestoreArrangement(const TSavedLayout& saved);
   void ArrangeDocks();
@@ -113,10 +117,13 @@ private:
   std::unique_ptr<TToolDocks> tools_;
   TPlayerBar* player_;
   TMarketRecorder recorder_;
-  QAction* record_ = nullptr; ///< in the menu
+  QAction* record_ = nullptr;    ///< in the menu
+  TShortcuts shortcuts_;         ///< that the descriptor offers
+  std::vector<QShortcut*> keys_; ///< of these, in their order
+  std::unique_ptr<TTerminalPreferences> own_;
   std::unique_ptr<TPreferenceDialog> preferences_;
   QTimer saveTimer_;
-  bool closing_ = false;
+  TSavedLayout saved_; ///< as it was stored last
 };
 
 } // namespace Terminal

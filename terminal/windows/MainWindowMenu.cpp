@@ -20,7 +20,6 @@ void TMainWindow::BuildMenu() {
   BuildViewMenu();
   BuildSettingsMenu();
   BuildWindowMenu();
-  ApplyFont(Settings());
 }
 
 void TMainWindow::BuildFileMenu() {
@@ -79,6 +78,7 @@ void TMainWindow::BuildSettingsMenu() {
               [this](const QString& language) { SetLanguage(language.toInt()); });
   const auto choices = [language = services.Languages.CurrentLanguage()](const auto& all) {
     std::vector<TChoice> named;
+    named.reserve(all.size());
     for (const auto& each : all)
       named.emplace_back(QUtf8StringView(each.Name).toString(), each.Texts.In(language));
     return named;
@@ -102,8 +102,6 @@ void TMainWindow::BuildSettingsMenu() {
                {QString::number(Constdef::FeedType_PerClick), WindowText("Term_FeedPerClick")},
                {QString::number(Constdef::FeedType_Delayed), WindowText("Term_FeedDelayed")}},
               [this](const QString& type) { SetFeedType(type.toInt()); });
-  if (!parts_.Descriptor.GetPreferenceView())
-    return;
   menu->addSeparator();
   menu->addAction(WindowText("Term_Preferences"), Qt::CTRL | Qt::Key_Comma, this,
                   &TMainWindow::OpenPreferences);

@@ -3,7 +3,6 @@
 #include "host/ConstDef.h"
 #include "host/LayoutData.h"
 #include "terminal/services/Services.h"
-#include "terminal/windows/CaptionBar.h"
 #include "terminal/windows/WindowTexts.h"
 
 #include <QCloseEvent>
@@ -13,42 +12,24 @@
 #include <QStatusBar>
 #include <QToolButton>
 
+#include <utility>
+
 // What the window keeps beyond the run, and how it comes back.
 
 namespace Terminal {
 
 namespace {
 
-constexpr int SaveDelay = 500; // milliseconds, so that a burst of changes is one write
+constexpr int SaveInterval = 500; // milliseconds; what is lost at most, and one write for a burst
 
 } // namespace
 
-void TMainWindow::FollowChanges() {
-  installEventFilter(this);
-  for (const auto& tool : tools_->All())
-    FollowDock(tool.Dock);
-  saveTimer_.setSingleShot(true);
+// Not every change of a view or of the docks is announced.
+void TMainWindow::KeepSaving() {
   connect(&saveTimer_, &QTimer::timeout, this, &TMainWindow::Save);
+  saveTimer_.start(SaveInterval);
   parts_.State.OnLost = [this] { ShowStoreProblem(); };
   ShowStoreProblem();
-}
-
-void TMainWindow::StopFollowing() {
-  closing_ = true;
-  removeEventFilter(this);
-  for (const auto& tool : tools_->All())
-    tool.Dock->removeEventFilter(this);
-  for (const auto& [number, dock] : docks_)
-    dock->removeEventFilter(this);
-  parts_.State.OnLost = nullptr;
-}
-
-void TMainWindow::FollowDock(QDockWidget* dock) {
-  dock->installEventFilter(this);
-  connect(dock, &QDockWidget::dockLocationChanged, this, &TMainWindow::SaveSoon);
-  connect(dock, &QDockWidget::topLevelChanged, this, &TMainWindow::SaveSoon);
-  if (const auto* bar = qobject_cast<TCaptionBar*>(dock->titleBarWidget()))
-    connect(bar, &TCaptionBar::GroupChosen, this, &TMainWindow::SaveSoon);
 }
 
 void TMainWindow::RestoreViews(const std::string& layoutData, TFirstView firstView) {
@@ -98,26 +79,6 @@ void TMainWindow::NameDocks() {
     dock->setObjectName(QStringLiteral("view%1").arg(++position));
 }
 
-bool TMainWindow::eventFilter(QObject* watched, QEvent* event) {
-  switch (event->type()) {
-  case QEvent::Move:
-  case QEvent::Resize:
-  case QEvent::Show:
-  case QEvent::Hide:
-    SaveSoon();
-    break;
-  default:
-    break;
-  }
-  return QMainWindow::eventFilter(watched, event);
-}
-
-// A change during the delay does not begin it anew, or the changes of a busy user were never saved.
-void TMainWindow::SaveSoon() {
-  if (!closing_ && !saveTimer_.isActive())
-    saveTimer_.start(SaveDelay);
-}
-
 void TMainWindow::Save() {
   // Before the views are back, there is nothing that could take the place of what is saved.
   if (!parts_.Services.Config.IsLayoutReady())
@@ -128,12 +89,13 @@ void TMainWindow::Save() {
   NameDocks();
   layout.Geometry = saveGeometry();
   layout.Docks = saveState();
-  parts_.State.StoreLayout(layout);
+  if (std::exchange(saved_, layout) != layout)
+    parts_.State.StoreLayout(layout);
 }
 
 void TMainWindow::closeEvent(QCloseEvent* event) {
   Save();
-  closing_ = true;
+  saveTimer_.stop();
   event->accept();
 }
 

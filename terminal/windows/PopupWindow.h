@@ -9,7 +9,8 @@ namespace Terminal {
 /// either side. All with their frames, on the same desktop.
 QPoint BesideView(const QRect& view, const QSize& size, const QRect& screen);
 
-/// A tool window of a view. It comes up beside the view, and Esc closes it. Deleted on close.
+/// A tool window of a view. It comes up beside the view, in the view's font and with it as large as
+/// it was made for the application's font, and Esc closes it. Deleted on close.
 class TPopupWindow : public QWidget {
   Q_OBJECT
 
@@ -18,7 +19,7 @@ public:
   /// stand there already: each stands a little lower than the one before.
   TPopupWindow(QWidget* view, int position);
 
-  /// Puts `mark` before every title that the window is given; empty: none.
+  /// Puts `mark` behind every title that the window is given; empty: none.
   void SetMark(const QString& mark);
 
 protected:
@@ -27,9 +28,12 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
+  void FollowFont();
+
   int position_;
   QString title_; ///< without the mark
   QString mark_;
+  int fontSize_; ///< in points, for which it has its size
   bool placed_ = false;
 };
 

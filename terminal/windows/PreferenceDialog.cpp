@@ -24,15 +24,15 @@ bool IsInItemView(const QWidget* widget) {
 
 } // namespace
 
-TPreferenceDialog::TPreferenceDialog(TConfigStore& config,
-                                     const std::vector<Baseview::TIBaseView*>& descriptors,
-                                     QWidget* parent)
+TPreferenceDialog::TPreferenceDialog(
+    TConfigStore& config, const std::vector<Baseview::TIBasePreferenceView*>& preferences,
+    QWidget* parent)
     : QDialog(parent), config_(config), names_(new QListWidget), stack_(new QStackedWidget),
       buttons_(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Apply |
                                     QDialogButtonBox::Reset | QDialogButtonBox::RestoreDefaults |
                                     QDialogButtonBox::Cancel)) {
-  for (auto* descriptor : descriptors)
-    if (auto* preference = descriptor->GetPreferenceView())
+  for (auto* preference : preferences)
+    if (preference)
       AddPages(*preference);
   connect(names_, &QListWidget::currentRowChanged, stack_, &QStackedWidget::setCurrentIndex);
   names_->setCurrentRow(0);
@@ -110,9 +110,12 @@ void TPreferenceDialog::SetLanguage(int language) {
 }
 
 void TPreferenceDialog::Save() {
-  TConfigStore::TUserAction action(config_);
-  for (const auto& page : pages_)
-    page.Preference->Execute(page.Handle);
+  {
+    TConfigStore::TUserAction action(config_);
+    for (const auto& page : pages_)
+      page.Preference->Execute(page.Handle);
+  }
+  emit Saved();
 }
 
 void TPreferenceDialog::SetTexts() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/view/BaseView.h"
+#include "host/view/BasePreferenceView.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -11,14 +11,15 @@ namespace Terminal {
 
 class TConfigStore;
 
-/// The dialog that shows the preference pages of the packages, one at a time, beside their names.
-/// The pages stay their descriptors'.
+/// The dialog that shows preference pages, of the packages and of the terminal, one at a time,
+/// beside their names. The pages stay their owners'.
 class TPreferenceDialog : public QDialog {
   Q_OBJECT
 
 public:
-  /// At least one of the descriptors has a preference page. All outlive the dialog.
-  TPreferenceDialog(TConfigStore& config, const std::vector<Baseview::TIBaseView*>& descriptors,
+  /// At least one of the preferences is not null and has a page. All outlive the dialog.
+  TPreferenceDialog(TConfigStore& config,
+                    const std::vector<Baseview::TIBasePreferenceView*>& preferences,
                     QWidget* parent = nullptr);
   ~TPreferenceDialog() override;
 
@@ -35,6 +36,9 @@ public:
   }
 
   void SetLanguage(int language);
+
+signals:
+  void Saved();
 
 protected:
   void keyPressEvent(QKeyEvent* event) override;

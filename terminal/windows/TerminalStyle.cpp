@@ -1,9 +1,15 @@
 #include "terminal/windows/TerminalStyle.h"
 
+#include <QApplication>
+#include <QMenu>
 #include <QPainter>
 #include <QStyleOption>
 
 namespace Terminal {
+
+int Scaled(int pixels, const QWidget& widget) {
+  return pixels * widget.fontInfo().pointSize() / QFontInfo(QApplication::font()).pointSize();
+}
 
 TTerminalStyle::TTerminalStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
@@ -20,6 +26,13 @@ void TTerminalStyle::drawPrimitive(PrimitiveElement element, const QStyleOption*
   painter->setBrush(Qt::NoBrush);
   painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
   painter->restore();
+}
+
+int TTerminalStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                const QWidget* widget) const {
+  const int pixels = QProxyStyle::pixelMetric(metric, option, widget);
+  const auto* menu = qobject_cast<const QMenu*>(widget);
+  return menu && metric == PM_SmallIconSize ? Scaled(pixels, *menu) : pixels;
 }
 
 } // namespace Terminal

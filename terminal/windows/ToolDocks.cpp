@@ -52,6 +52,7 @@ TToolDocks::~TToolDocks() {
 
 QDockWidget* TToolDocks::Add(const char* name, QWidget* content) {
   auto* dock = new QDockWidget(&window_);
+  dock->setAttribute(Qt::WA_WindowPropagation); // of the font, while it floats
   dock->setObjectName(QLatin1String(name));
   dock->setWidget(content);
   return dock;
@@ -110,7 +111,7 @@ void TToolDocks::CaptionDocks() {
 
 // The menu that shows and hides the docks has their names alone.
 void TToolDocks::Caption(QDockWidget* dock, const QString& caption) {
-  dock->setWindowTitle(MarkedTitle(mark_, caption));
+  dock->setWindowTitle(MarkedTitle(caption, mark_));
   dock->toggleViewAction()->setText(caption);
 }
 

@@ -16,8 +16,9 @@ TViewSettings SettingsAt(int language, int scale) {
           font.pointSize() * std::max(scale, Constdef::ScalePPI_100) / Constdef::ScalePPI_100};
 }
 
-TViewHost::TViewHost(Baseview::TIBaseView& descriptor, std::function<TViewSettings()> settings)
-    : descriptor_(descriptor), settings_(std::move(settings)) {
+TViewHost::TViewHost(const TServices& services, Baseview::TIBaseView& descriptor,
+                     std::function<TViewSettings()> settings)
+    : services_(services), descriptor_(descriptor), settings_(std::move(settings)) {
   Install(this);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
     if (auto* pane = PaneOf(now))
@@ -36,7 +37,7 @@ TViewPane* TViewHost::Open(const std::string& layoutData) {
   const auto handle = descriptor_.OpenNewInstance();
   if (handle == 0)
     return nullptr;
-  auto* pane = new TViewPane(number, descriptor_, handle);
+  auto* pane = new TViewPane(number, services_, descriptor_, handle);
   panes_[number] = pane;
   numbers_[pane->Instance()] = number;
   connect(

@@ -30,8 +30,10 @@ class TViewHost : public QObject, public Baseview::TCustomViewHost {
   Q_OBJECT
 
 public:
-  /// `settings` gives what a view that opens now is given. The descriptor outlives the host.
-  TViewHost(Baseview::TIBaseView& descriptor, std::function<TViewSettings()> settings);
+  /// `settings` gives what a view that opens now is given. Services and descriptor outlive the
+  /// host.
+  TViewHost(const TServices& services, Baseview::TIBaseView& descriptor,
+            std::function<TViewSettings()> settings);
   /// Closes every view.
   ~TViewHost() override;
 
@@ -75,6 +77,7 @@ private:
   void ApplyLater(int number, int code);
   void Follow();
 
+  const TServices& services_;
   Baseview::TIBaseView& descriptor_;
   std::function<TViewSettings()> settings_;
   std::map<int, TViewPane*> panes_;

@@ -1,5 +1,7 @@
 #include "terminal/windows/ViewPane.h"
 
+#include "host/ConstDef.h"
+#include "host/LayoutData.h"
 #include "platform/Grid.h"
 #include "terminal/windows/CaptionBar.h"
 #include "terminal/windows/PopupWindow.h"
@@ -9,9 +11,10 @@
 
 namespace Terminal {
 
-TViewPane::TViewPane(int number, Baseview::TIBaseView& descriptor, Baseview::TInstanceHandle handle)
-    : number_(number), descriptor_(descriptor), handle_(handle), bar_(new TCaptionBar(this)),
-      view_(Instance()->Widget()) {
+TViewPane::TViewPane(int number, const TServices& services, Baseview::TIBaseView& descriptor,
+                     Baseview::TInstanceHandle handle)
+    : number_(number), services_(services), descriptor_(descriptor), handle_(handle),
+      bar_(new TCaptionBar(this)), view_(Instance()->Widget()) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
@@ -37,6 +40,12 @@ std::string TViewPane::Caption() const {
   std::string caption;
   descriptor_.GetViewCaption(handle_, caption);
   return caption;
+}
+
+QString TViewPane::Title() const {
+  const Host::TLayoutData layout(LayoutData());
+  const auto symbol = QString::fromStdString(layout.Value(Constdef::Layout_Symbol));
+  return symbol.isEmpty() ? QString::fromStdString(Caption()) : InstrumentText(services_, symbol);
 }
 
 std::vector<Viewinterface::TCaptionButton*> TViewPane::CaptionButtons() const {
@@ -85,9 +94,9 @@ void TViewPane::SetMark(const QString& mark) {
 }
 
 void TViewPane::RefreshCaption() {
-  const QString caption = QString::fromStdString(Caption());
-  bar_->SetCaption(caption);
-  setWindowTitle(MarkedTitle(mark_, caption));
+  const QString title = Title();
+  bar_->SetCaption(title);
+  setWindowTitle(MarkedTitle(title, mark_));
   Platform::TcxImageList* images = nullptr;
   descriptor_.GetViewCaptionButtonImageList(handle_, images);
   bar_->SetButtons(CaptionButtons(), images);

@@ -13,6 +13,7 @@ class QToolButton;
 namespace Terminal {
 
 class TCaptionBar;
+class TServices;
 
 /// One open view on the screen: the view's widget at the size that the view prefers, under its
 /// caption bar. Destroying the pane closes the view and its pop-ups.
@@ -26,8 +27,9 @@ public:
     QPointer<QWidget> Window; ///< null once it is closed and gone
   };
 
-  /// `handle` names an open instance of `descriptor`, which outlives the pane.
-  TViewPane(int number, Baseview::TIBaseView& descriptor, Baseview::TInstanceHandle handle);
+  /// `handle` names an open instance of `descriptor`, which outlives the pane, as do the services.
+  TViewPane(int number, const TServices& services, Baseview::TIBaseView& descriptor,
+            Baseview::TInstanceHandle handle);
   ~TViewPane() override;
 
   int Number() const { return number_; }
@@ -38,7 +40,11 @@ public:
   /// Never null.
   QWidget* View() const { return view_; }
 
+  /// The view's own.
   std::string Caption() const;
+  /// What the user knows the view by: code and name of the instrument that it shows, in the user's
+  /// language; the view's own caption where it shows none.
+  QString Title() const;
   std::vector<Viewinterface::TCaptionButton*> CaptionButtons() const;
   /// The button on the caption bar for the one at `index`; null when there is none.
   QToolButton* CaptionTool(int index) const;
@@ -59,8 +65,8 @@ public:
   /// they show; empty: nothing.
   void SetMark(const QString& mark);
 
-  /// Shows caption, caption buttons and group as they are now. The pane's window title is the
-  /// caption with the mark, for a window that shows the view by itself.
+  /// Shows title, caption buttons and group as they are now. The pane's window title is the title
+  /// with the mark, for a window that shows the view by itself.
   void RefreshCaption();
 
   /// Makes the view and its pop-ups paint everything anew.
@@ -75,6 +81,7 @@ signals:
 
 private:
   const int number_;
+  const TServices& services_;
   Baseview::TIBaseView& descriptor_;
   const Baseview::TInstanceHandle handle_;
   TCaptionBar* bar_;

@@ -49,8 +49,8 @@ QString FileSentence(const QString& file, const std::optional<Data::TProblem>& p
   return WindowText("Term_FileSentence").arg(file, ProblemText(*problem));
 }
 
-QString MarkedTitle(const QString& mark, const QString& title) {
-  return mark.isEmpty() ? title : QStringLiteral("%1 – %2").arg(mark, title);
+QString MarkedTitle(const QString& title, const QString& mark) {
+  return mark.isEmpty() ? title : QStringLiteral("%1 – %2").arg(title, mark);
 }
 
 QString SideText(Data::TSide side) {

@@ -39,9 +39,9 @@ QString MarketText(const TMarketFeed& feed);
 /// when it is not.
 QString SimulatedMark(const TMarketFeed& feed);
 
-/// A window's title with such a mark, which comes first: where there is little room, the end is cut
-/// off. An empty mark adds nothing.
-QString MarkedTitle(const QString& mark, const QString& title);
+/// A window's title with such a mark behind it: where there is little room the end is cut off, and
+/// what tells one window from another stays. An empty mark adds nothing.
+QString MarkedTitle(const QString& title, const QString& mark);
 
 QString SideText(Data::TSide side);
 

@@ -78,6 +78,11 @@ bool TView::SetSkin(const std::string&) {
   return true;
 }
 
+bool TView::ExecuteShortcutAction(int) {
+  Baseview::SendViewNotify(this, Constdef::Notify_Shortcut);
+  return true;
+}
+
 Baseview::TInstanceHandle TDescriptor::OpenNewInstance() {
   auto view = std::make_unique<TView>();
   Last = view.get();

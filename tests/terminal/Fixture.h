@@ -49,6 +49,8 @@ public:
   bool SetLayoutData(const std::string& layoutData) override;
   bool SetLanguage(int language) override;
   bool SetSkin(const std::string& skin) override;
+  /// Announces the shortcut.
+  bool ExecuteShortcutAction(int action) override;
 
   int Width = 320;
   int Height = 200;
@@ -72,12 +74,13 @@ public:
   Platform::TcxGrid* Grid;
 };
 
-/// The descriptor of such views; has no preference page.
+/// The descriptor of such views; has no preference page, and a shortcut without a key.
 class TDescriptor : public Baseview::TIBaseView {
 public:
   TDescriptor() : TIBaseView(nullptr) {}
 
   Baseview::TInstanceHandle OpenNewInstance() override;
+  void InitializeShortcut() override { AddNewShortcut("Res_ActiveQuorPrice", 0); }
   int GetMenuLevel() override { return 2; }
   std::string GetMenuCaption(int entry) override {
     return entry == 0 ? "Res_Market" : entry == 1 ? "Res_QuorPrice" : "";

@@ -5,11 +5,16 @@
 #include "terminal/windows/CaptionBar.h"
 #include "terminal/windows/WindowFixture.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QCompleter>
 #include <QFileDialog>
+#include <QKeySequenceEdit>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QTabBar>
 #include <QTest>
+#include <QToolTip>
 
 namespace Terminal {
 namespace {
@@ -128,17 +133,17 @@ TEST_F(TMainWindowTest, EveryTitleSaysThatTheMarketIsSimulatedWhileItIs) {
   EXPECT_EQ(Titles(*window), unmarked);
   Markets::Simulate(Player, 1, 9h);
   Player.Step(0);
-  EXPECT_EQ(Titles(*window), (QStringList{"SIMULATED – QuorPrice", "SIMULATED – Fixture",
-                                          "SIMULATED – Symbols", "SIMULATED – Order ticket",
-                                          "SIMULATED – Chart", "SIMULATED – Orders and trades"}));
+  EXPECT_EQ(Titles(*window), (QStringList{"QuorPrice – SIMULATED", "Fixture – SIMULATED",
+                                          "Symbols – SIMULATED", "Order ticket – SIMULATED",
+                                          "Chart – SIMULATED", "Orders and trades – SIMULATED"}));
   EXPECT_NE(ActionOf(*window, QStringLiteral("Order ticket")), nullptr) << "in the menu";
   Choose(*window, QStringLiteral("繁體中文"));
-  EXPECT_EQ(Titles(*window).at(3), QStringLiteral("模擬 – 落盤"));
+  EXPECT_EQ(Titles(*window).at(3), QStringLiteral("落盤 – 模擬"));
   Choose(*window, QStringLiteral("English"));
   OpenRecording(R"({"t":"10:00:00","s":"5","f":{"3":"40"}})");
   EXPECT_EQ(Titles(*window), unmarked);
   OpenRecording(R"({"quorprice":1,"simulated":true})");
-  EXPECT_EQ(Titles(*window).at(4), QStringLiteral("SIMULATED – Chart"));
+  EXPECT_EQ(Titles(*window).at(4), QStringLiteral("Chart – SIMULATED"));
 }
 
 TEST_F(TMainWindowTest, APopUpSaysThatTheMarketIsSimulatedToo) {
@@ -153,9 +158,9 @@ TEST_F(TMainWindowTest, APopUpSaysThatTheMarketIsSimulatedToo) {
   EXPECT_EQ(before->windowTitle(), QStringLiteral("Detail - 700"));
   Markets::Simulate(Player, 1, 9h);
   Player.Step(0);
-  EXPECT_EQ(before->windowTitle(), QStringLiteral("SIMULATED – Detail - 700"));
+  EXPECT_EQ(before->windowTitle(), QStringLiteral("Detail - 700 – SIMULATED"));
   const auto* after = open("Detail - 5");
-  EXPECT_EQ(after->windowTitle(), QStringLiteral("SIMULATED – Detail - 5"));
+  EXPECT_EQ(after->windowTitle(), QStringLiteral("Detail - 5 – SIMULATED"));
   OpenRecording(R"({"t":"10:00:00","s":"5","f":{"3":"40"}})");
   EXPECT_EQ(before->windowTitle(), QStringLiteral("Detail - 700"));
 }
@@ -350,6 +355,25 @@ TEST_F(TMainWindowTest, SpacePressesTheButtonThatHasTheKeyboard) {
   EXPECT_EQ(Player.State(), TMarketPlayer::TState::Closed);
 }
 
+TEST_F(TMainWindowTest, AViewIsCalledByCodeAndNameInTheLanguageOfTheUser) {
+  Services.Market.DefineInstrument("700", "HKD", "TESTCO", "測試科技", "测试科技");
+  const auto window = NewWindow();
+  window->RestoreViews("Symbol=700,DisplayMode=0");
+  const auto* dock = window->findChild<QDockWidget*>(QStringLiteral("view1"));
+  EXPECT_EQ(dock->windowTitle(), QStringLiteral("700 TESTCO"));
+  EXPECT_TRUE(LabelTexts(*dock->titleBarWidget()).contains(QStringLiteral("700 TESTCO")));
+  Choose(*window, QStringLiteral("繁體中文"));
+  EXPECT_EQ(dock->windowTitle(), QStringLiteral("700 測試科技"));
+  Markets::Simulate(Player, 1, 9h);
+  Player.Step(0);
+  EXPECT_EQ(dock->windowTitle().left(4), QStringLiteral("700 "));
+  EXPECT_EQ(dock->windowTitle().right(5), QStringLiteral(" – 模擬"));
+  Descriptor.Last->Layout = "Symbol=9";
+  Baseview::SendViewNotify(Descriptor.Last, Constdef::Notify_SymbolChanged);
+  Input::Deliver();
+  EXPECT_TRUE(dock->windowTitle().startsWith(QStringLiteral("9 ")));
+}
+
 class TMainWindowToolsTest : public TMainWindowTest {
 protected:
   TMainWindowToolsTest() : Window(NewWindow()) {
@@ -363,6 +387,26 @@ protected:
 
   QDockWidget* Dock(const char* name) {
     return Window->findChild<QDockWidget*>(QLatin1String(name));
+  }
+
+  static QDockWidget* DockOf(QWidget* widget) {
+    while (!qobject_cast<QDockWidget*>(widget))
+      widget = widget->parentWidget();
+    return static_cast<QDockWidget*>(widget);
+  }
+
+  /// Types a key for the first shortcut into the preferences and saves them.
+  void SetShortcut(Qt::Key key, Qt::KeyboardModifiers held) {
+    Choose(*Window, QStringLiteral("Preferences"));
+    auto* dialog = Window->findChild<TPreferenceDialog*>();
+    Input::Activate(dialog);
+    dialog->findChild<QListWidget*>()->setCurrentRow(0);
+    auto* edit = dialog->findChild<QKeySequenceEdit*>();
+    ASSERT_NE(edit, nullptr);
+    edit->setFocus();
+    Input::PressKey(edit, key, held);
+    dialog->Button(QDialogButtonBox::Ok)->click();
+    Input::Activate(Window.get());
   }
 
   void Press(Qt::Key key) { Input::PressKey(Window.get(), key, Qt::ControlModifier); }
@@ -446,6 +490,89 @@ TEST_F(TMainWindowToolsTest, TakeTheScaleOfTheWindow) {
   Choose(*Window, QStringLiteral("150 %"));
   EXPECT_EQ(Dock("orderTicket")->widget()->font().pointSize(), before * 150 / 100);
   EXPECT_EQ(Descriptor.Last->font().pointSize(), before * 150 / 100);
+}
+
+TEST_F(TMainWindowToolsTest, EverythingThatIsAWindowOfItsOwnTakesTheScaleToo) {
+  Dock("view1")->setFloating(true);
+  auto* popup = Baseview::GetDialogForm(Descriptor.Last, nullptr);
+  popup->resize(210, 200);
+  popup->show();
+  Choose(*Window, QStringLiteral("150 %"));
+  const int normal = QApplication::font().pointSize();
+  const int points = normal * 150 / 100;
+  EXPECT_EQ(popup->font().pointSize(), points);
+  EXPECT_EQ(popup->size(), QSize(210, 200) * (double(points) / normal));
+  auto* later = Baseview::GetDialogForm(Descriptor.Last, nullptr);
+  later->resize(210, 100);
+  later->show();
+  EXPECT_EQ(later->size(), QSize(210, 100) * (double(points) / normal));
+  EXPECT_EQ(later->font().pointSize(), points);
+  QMenu menu(Descriptor.Last);
+  menu.ensurePolished();
+  EXPECT_EQ(menu.font().pointSize(), points);
+  EXPECT_EQ(QToolTip::font().pointSize(), points);
+  QCompleter completer;
+  completer.popup()->ensurePolished();
+  EXPECT_EQ(completer.popup()->font().pointSize(), points);
+  QMessageBox box(Window.get());
+  box.ensurePolished();
+  EXPECT_EQ(box.font().pointSize(), points);
+  const auto* bar = qobject_cast<TCaptionBar*>(Dock("view1")->titleBarWidget());
+  EXPECT_EQ(bar->Button(0)->iconSize().height(), 16 * points / normal);
+  Choose(*Window, QStringLiteral("100 %"));
+  EXPECT_EQ(popup->size(), QSize(210, 200));
+  EXPECT_EQ(bar->Button(0)->iconSize(), QSize(16, 16));
+  QMenu after(Descriptor.Last);
+  after.ensurePolished();
+  EXPECT_EQ(after.font().pointSize(), normal);
+}
+
+TEST_F(TMainWindowToolsTest, TheShortcutBringsAViewToTheFrontAndTheKeyboardIntoItsSymbolBox) {
+  const auto* view = Descriptor.Last;
+  const auto isInFront = [view] { return !view->visibleRegion().isEmpty(); };
+  const auto lookElsewhere = [&] {
+    Dock("chartDock")->raise();
+    Dock("symbolList")->findChild<QLineEdit*>()->setFocus();
+    Input::Deliver();
+  };
+  Window->tabifyDockWidget(Dock("view1"), Dock("chartDock"));
+  SetShortcut(Qt::Key_P, Qt::ControlModifier);
+  lookElsewhere();
+  ASSERT_FALSE(isInFront());
+  Press(Qt::Key_P);
+  EXPECT_TRUE(isInFront());
+  EXPECT_EQ(QApplication::focusWidget(), view->Symbol);
+  EXPECT_EQ(view->Symbol->selectedText(), view->Symbol->text());
+  SetShortcut(Qt::Key_F9, Qt::NoModifier);
+  lookElsewhere();
+  Press(Qt::Key_P);
+  EXPECT_FALSE(isInFront()) << "it has another key now";
+  Input::PressKey(Window.get(), Qt::Key_F9);
+  EXPECT_TRUE(isInFront());
+}
+
+TEST_F(TMainWindowToolsTest, TheKeyboardFollowsTheTabOfAViewAndSoDoesTheShortcut) {
+  auto* first = Descriptor.Last;
+  Window->Views().Open("Symbol=5");
+  auto* second = Descriptor.Last;
+  Window->tabifyDockWidget(DockOf(first), DockOf(second));
+  Input::Deliver();
+  Press(Qt::Key_L);
+  ASSERT_EQ(QApplication::focusWidget(), second->Symbol);
+  const auto bars = Window->findChildren<QTabBar*>(Qt::FindDirectChildrenOnly);
+  const auto bar = std::find_if(bars.begin(), bars.end(),
+                                [](const auto* each) { return each->tabText(0) == "700 TESTCO"; });
+  ASSERT_NE(bar, bars.end());
+  Input::Click(*bar, (*bar)->tabRect(0).center());
+  EXPECT_EQ(QApplication::focusWidget(), first->Symbol);
+  Dock("symbolList")->findChild<QLineEdit*>()->setFocus();
+  Input::Click(*bar, (*bar)->tabRect(1).center());
+  EXPECT_TRUE(Dock("symbolList")->isAncestorOf(QApplication::focusWidget()));
+  Press(Qt::Key_L);
+  EXPECT_EQ(QApplication::focusWidget(), second->Symbol);
+  Input::Click(*bar, (*bar)->tabRect(0).center());
+  Press(Qt::Key_L);
+  EXPECT_EQ(QApplication::focusWidget(), first->Symbol);
 }
 
 TEST_F(TMainWindowToolsTest, SpeakTheLanguage) {

@@ -1,5 +1,6 @@
 #include "terminal/windows/PopupWindow.h"
 
+#include "platform/Grid.h"
 #include "terminal/script/input/Input.h"
 
 #include <QPointer>
@@ -72,16 +73,38 @@ TEST_F(TPopupWindowTest, StaysWhereItIsMovedTo) {
   EXPECT_EQ(window->pos(), moved);
 }
 
-TEST_F(TPopupWindowTest, PutsItsMarkBeforeWhateverTitleItIsGiven) {
+TEST_F(TPopupWindowTest, PutsItsMarkBehindWhateverTitleItIsGiven) {
   const auto window = Open(0);
   window->SetMark(QStringLiteral("SIMULATED"));
   window->setWindowTitle(QStringLiteral("Detail"));
-  EXPECT_EQ(window->windowTitle(), QStringLiteral("SIMULATED – Detail"));
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("Detail – SIMULATED"));
   window->setWindowTitle(QStringLiteral("Detail - 5"));
-  EXPECT_EQ(window->windowTitle(), QStringLiteral("SIMULATED – Detail - 5"));
+  EXPECT_EQ(window->windowTitle(), QStringLiteral("Detail - 5 – SIMULATED"));
   window->SetMark({});
   EXPECT_EQ(window->windowTitle(), QStringLiteral("Detail - 5"));
   window->close();
+}
+
+TEST_F(TPopupWindowTest, GrowsAndShrinksWithTheFontOfItsViewAsItsGridDoes) {
+  auto* window = new TPopupWindow(&View, 0);
+  auto* grid = new Platform::TcxGrid(QStringLiteral("Grid"), window);
+  auto* rows = new Platform::TcxGridTableView(QStringLiteral("GridView"), grid);
+  const auto* column = rows->CreateColumn(1, 100, false);
+  rows->SetDataRowHeight(17);
+  window->resize(210, 200);
+  window->show();
+  const auto measures = [&] {
+    return std::vector{window->width(), window->height(), rows->DataRowHeight(), column->Width};
+  };
+  EXPECT_EQ(measures(), (std::vector{210, 200, 17, 100}));
+  const QFont font = View.font();
+  QFont large = font;
+  large.setPointSize(font.pointSize() * 2);
+  View.setFont(large);
+  EXPECT_EQ(measures(), (std::vector{420, 400, 34, 200}));
+  View.setFont(font);
+  EXPECT_EQ(measures(), (std::vector{210, 200, 17, 100}));
+  delete window;
 }
 
 TEST_F(TPopupWindowTest, EscapeClosesIt) {

@@ -64,14 +64,6 @@ private:
   std::string name_;
 };
 
-class TDescriptor : public Baseview::TIBaseView {
-public:
-  explicit TDescriptor(std::string name) : TIBaseView(nullptr), Preferences(std::move(name)) {}
-  Baseview::TIBasePreferenceView* GetPreferenceView() override { return &Preferences; }
-
-  TPreferences Preferences;
-};
-
 class TPreferenceDialogTest : public testing::Test {
 protected:
   TPreferenceDialogTest() {
@@ -96,12 +88,11 @@ protected:
   using TTold = std::vector<std::string>;
 
   TServices Services;
-  TDescriptor One{"Price"};
-  Baseview::TIBaseView Without{nullptr};
-  TDescriptor Two{"News"};
-  TPage& First = *One.Preferences.Page;
-  TPage& Second = *Two.Preferences.Page;
-  TPreferenceDialog Dialog{Services.Config, {&One, &Without, &Two}};
+  TPreferences One{"Price"};
+  TPreferences Two{"News"};
+  TPage& First = *One.Page;
+  TPage& Second = *Two.Page;
+  TPreferenceDialog Dialog{Services.Config, {&One, nullptr, &Two}};
 };
 
 TEST_F(TPreferenceDialogTest, ListsThePagesOfAllPackagesAndShowsTheOneChosen) {

@@ -85,6 +85,23 @@ TEST_F(TSavingTest, MovingTheWindowIsSaved) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return FirstSaved() == "Symbol=6"; }));
 }
 
+TEST_F(TSavingTest, ALayoutThatNoViewAnnouncesIsSavedWithinASecond) {
+  const auto window = NextWindow();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return FirstSaved() == "Symbol=1"; }));
+  Descriptor.Last->Layout = "Symbol=1,ShowBrokerName=-1";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return FirstSaved() == Descriptor.Last->Layout; }, 1000));
+}
+
+TEST_F(TSavingTest, WhatHasNotChangedIsNotStoredAgain) {
+  const auto window = NextWindow();
+  window->show();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return FirstSaved() == "Symbol=1"; }));
+  QTest::qWait(1100); // until the window has come to rest
+  State.StoreLayout({});
+  QTest::qWait(1100);
+  EXPECT_TRUE(State.Layout().Views.empty());
+}
+
 TEST_F(TSavingTest, WhatIsSavedStaysUntilTheViewsAreBack) {
   State.StoreLayout({{{"Symbol=5", "A"}, {"Symbol=6", ""}}, "geometry", "docks"});
   const auto window = NewWindow();

@@ -1,7 +1,9 @@
 #include "terminal/windows/TerminalStyle.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QImage>
+#include <QMenu>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +32,17 @@ TEST(TerminalStyle, AnEmptyCheckBoxCanBeSeenOnADarkAndOnALightWindow) {
   Terminal::TTerminalStyle style;
   EXPECT_GT(FrameContrast(QColor(0x1E222A), QColor(0xD7DCE3), &style), 70);
   EXPECT_GT(FrameContrast(QColor(0xF3F5F8), QColor(0x1B1F24), &style), 70);
+}
+
+TEST(TerminalStyle, IconsInAMenuFollowItsFont) {
+  Terminal::TTerminalStyle style;
+  QMenu menu;
+  const auto size = [&] { return style.pixelMetric(QStyle::PM_SmallIconSize, nullptr, &menu); };
+  EXPECT_EQ(size(), 16);
+  QFont font = menu.font();
+  font.setPointSize(QApplication::font().pointSize() * 2);
+  menu.setFont(font);
+  EXPECT_EQ(size(), 32);
 }
 
 } // namespace

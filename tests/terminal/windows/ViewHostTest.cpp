@@ -25,7 +25,9 @@ protected:
 
   TServices Services;
   Fixture::TDescriptor Descriptor;
-  TViewHost Host{Descriptor, [] { return TViewSettings{2, QStringLiteral("Serif"), 11}; }};
+  TViewHost Host{Services, Descriptor, [] {
+                   return TViewSettings{2, QStringLiteral("Serif"), 11};
+                 }};
 };
 
 TEST_F(TViewHostTest, GivesANewViewLayoutThenLanguageThenSkinAndTheFont) {

@@ -65,10 +65,10 @@ TEST(WindowTexts, SayInTheCurrentLanguageWhatIsWrong) {
   EXPECT_EQ(ProblemText(problem), QStringLiteral("选项 --mode 不接受“7”。"));
 }
 
-TEST(WindowTexts, PutAMarkFirstInATitle) {
-  EXPECT_EQ(MarkedTitle({}, QStringLiteral("Chart")), QStringLiteral("Chart"));
-  EXPECT_EQ(MarkedTitle(QStringLiteral("SIMULATED"), QStringLiteral("Chart")),
-            QStringLiteral("SIMULATED – Chart"));
+TEST(WindowTexts, PutAMarkLastInATitle) {
+  EXPECT_EQ(MarkedTitle(QStringLiteral("Chart"), {}), QStringLiteral("Chart"));
+  EXPECT_EQ(MarkedTitle(QStringLiteral("Chart"), QStringLiteral("SIMULATED")),
+            QStringLiteral("Chart – SIMULATED"));
 }
 
 TEST(WindowTexts, EveryStatusOfAnOrderHasATextOfItsOwn) {
