@@ -202,7 +202,8 @@ TEST_F(TRecordsTest, TheTradesOfAChangeAreKnownBeforeItsFollowersHear) {
 }
 
 TEST_F(TRecordsTest, TheQuantitiesOfTradesAreGroupedLikeOthers) {
-  Data::TRecordChange change{.Symbol = "700"};
+  Data::TRecordChange change;
+  change.Symbol = "700";
   change.Trades = {{"09:30:01", "B", "1234500", 318.2}, {"09:30:02", "", "12,000", 318.4}};
   Adapter.Apply(change);
   EXPECT_EQ(Trades.GetSymbolMarketTrade("700")->GetTrade(1)->Quantity, "1,234,500");
