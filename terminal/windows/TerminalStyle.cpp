@@ -17,10 +17,11 @@ TTerminalStyle::TTerminalStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 void TTerminalStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                    QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);
-  if (element != PE_IndicatorCheckBox)
+  const bool isOfList = element == PE_Frame && widget && widget->windowType() == Qt::Popup;
+  if (element != PE_IndicatorCheckBox && element != PE_FrameMenu && !isOfList)
     return;
   QColor frame = option->palette.color(QPalette::WindowText);
-  frame.setAlphaF(0.6F);
+  frame.setAlphaF(element == PE_IndicatorCheckBox ? 0.6F : 0.4F);
   painter->save();
   painter->setPen(frame);
   painter->setBrush(Qt::NoBrush);

@@ -7,8 +7,8 @@ namespace Terminal {
 /// What is `pixels` long beside text in the application's font, beside text of `widget`'s.
 int Scaled(int pixels, const QWidget& widget);
 
-/// The toolkit's Fusion style with check boxes whose frame can be seen on a dark window too, and
-/// with icons in menus that are as large as the menu's font demands.
+/// The toolkit's Fusion style with check boxes, menus and lists whose frame can be seen on a dark
+/// window too, and with icons in menus that are as large as the menu's font demands.
 class TTerminalStyle : public QProxyStyle {
 public:
   TTerminalStyle();

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QFrame>
 #include <QImage>
 #include <QMenu>
 
@@ -32,6 +33,30 @@ TEST(TerminalStyle, AnEmptyCheckBoxCanBeSeenOnADarkAndOnALightWindow) {
   Terminal::TTerminalStyle style;
   EXPECT_GT(FrameContrast(QColor(0x1E222A), QColor(0xD7DCE3), &style), 70);
   EXPECT_GT(FrameContrast(QColor(0xF3F5F8), QColor(0x1B1F24), &style), 70);
+}
+
+/// How far the border of an open menu or list is in lightness from the window's colour.
+int BorderContrast(QWidget& popup, const QColor& window, const QColor& text, QStyle* style) {
+  popup.setStyle(style);
+  QPalette palette(window, window);
+  palette.setColor(QPalette::WindowText, text);
+  palette.setColor(QPalette::Base, window);
+  popup.setPalette(palette);
+  popup.resize(60, 40);
+  const QImage picture = popup.grab().toImage();
+  return std::abs(picture.pixelColor(0, 20).lightness() - window.lightness());
+}
+
+TEST(TerminalStyle, MenusAndListsHaveABorderThatCanBeSeen) {
+  Terminal::TTerminalStyle style;
+  QMenu menu;
+  menu.addAction("Detail");
+  QFrame list(nullptr, Qt::Popup);
+  list.setFrameStyle(QFrame::StyledPanel);
+  for (QWidget* popup : std::initializer_list<QWidget*>{&menu, &list}) {
+    EXPECT_GT(BorderContrast(*popup, QColor(0x1E222A), QColor(0xD7DCE3), &style), 40);
+    EXPECT_GT(BorderContrast(*popup, QColor(0xF3F5F8), QColor(0x1B1F24), &style), 40);
+  }
 }
 
 TEST(TerminalStyle, IconsInAMenuFollowItsFont) {
