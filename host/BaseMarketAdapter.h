@@ -2,6 +2,7 @@
 
 #include "host/Service.h"
 
+#include <string>
 #include <string_view>
 
 namespace Basemarketadapter {
@@ -52,6 +53,9 @@ public:
 
   /// Currency code, such as HKD; may be empty.
   virtual std::string_view Currency() const = 0;
+  /// What it is, in one line and the user's language: its name, and of a warrant or a CBBC call or
+  /// put, strike and expiry. UTF-8; empty where the host has nothing to say.
+  virtual std::string Description() const { return {}; }
 };
 
 /// Reference data of the market: spread tables, brokers, instruments. What a query returns stays

@@ -6,7 +6,7 @@
 namespace Constdef {
 
 /// Version of this contract. A package built for another version is refused before any C++ call.
-inline constexpr int ContractVersion = 2;
+inline constexpr int ContractVersion = 3;
 
 /// Names of the three C functions that a package exports.
 inline constexpr const char* PackageVersionSymbol = "quorPackageContractVersion"; ///< int (void)

@@ -70,6 +70,8 @@ void TCustomQuorDetailDataControl::UpdateLanguage() {
 void TCustomQuorDetailDataControl::SymbolUpdate(System::TObject*, System::TObject* data) {
   if (data && (data == instrument_.Record || data == instrument_.Underlying))
     Changed();
+  if (data && data == instrument_.Underlying && OnUnderlyingChange)
+    OnUnderlyingChange();
 }
 
 std::string TCustomQuorDetailDataControl::GetDisplayValue(int row, int column) const {

@@ -4,6 +4,7 @@
 #include "model/DetailRows.h"
 #include "model/QuorTypes.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,9 @@ public:
   explicit TCustomQuorDetailDataControl(System::TObject* owner,
                                         TIssueSizeStyle issueSizeStyle = TIssueSizeStyle::Number);
   ~TCustomQuorDetailDataControl() override;
+
+  /// An update of the underlying, of which OnChange tells too.
+  std::function<void()> OnUnderlyingChange;
 
   const std::string& Symbol() const { return symbol_; }
   /// Follows the symbol and, where it has one, its underlying. Fires OnChange; does nothing when

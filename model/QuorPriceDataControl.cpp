@@ -252,15 +252,17 @@ void TCustomQuorMarketDataControl::AppendDetailRows() {
   if (displayMode_ != qm10Full || header_.Count() >= RowCount())
     return;
   if (!detailControl_)
-    detailControl_ = std::make_unique<TCustomQuorDetailDataControl>(this, TIssueSizeStyle::Amount);
-  detailControl_->OnChange = nullptr; // the caller tells of what happens here
+    MakeDetailControl();
   detailControl_->SetSymbol(std::string(record_->Symbol()));
-  // Of an update of the underlying nobody else tells.
-  detailControl_->OnChange = [this](System::TObject*) {
+  header_.AppendDetail(*detailControl_, RowCount());
+}
+
+void TCustomQuorMarketDataControl::MakeDetailControl() {
+  detailControl_ = std::make_unique<TCustomQuorDetailDataControl>(this, TIssueSizeStyle::Amount);
+  detailControl_->OnUnderlyingChange = [this] {
     if (DetailInUse())
       Changed();
   };
-  header_.AppendDetail(*detailControl_, RowCount());
 }
 
 const TCustomQuorDetailDataControl* TCustomQuorMarketDataControl::DetailInUse() const {

@@ -147,6 +147,7 @@ private:
   void DetectMarketDataType();
   void ReadField22();
   void AppendDetailRows();
+  void MakeDetailControl();
   void RebuildMechanisms();
   const TCustomQuorDetailDataControl* DetailInUse() const;
   std::string GetQueueCell(int row, int column) const;

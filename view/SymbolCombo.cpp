@@ -1,19 +1,12 @@
 #include "view/SymbolCombo.h"
 
-#include "host/BaseSubscribeAdapter.h"
-#include "host/ConstDef.h"
-#include "model/DetailRows.h"
-#include "model/QuorTypes.h"
-#include "model/RecordText.h"
+#include "host/BaseMarketAdapter.h"
 
 #include <QAbstractItemView>
 #include <QStyledItemDelegate>
 #include <QWheelEvent>
 
 namespace Quorpriceview {
-
-using namespace Quorpricedatacontrol;
-using Basesubscribeadapter::TCustomSubscribeAdapter;
 
 namespace {
 
@@ -32,26 +25,13 @@ protected:
   }
 };
 
-} // namespace
-
-QString InstrumentDescription(const std::string& symbol) {
-  auto* adapter = TCustomSubscribeAdapter::GetInstance();
-  TInstrument instrument;
-  instrument.Record = adapter->Subscribe(symbol, Constdef::DataSet_Prices, true);
-  if (!instrument.Record)
-    return {};
-  QStringList parts;
-  if (IsReady(instrument.Record)) {
-    instrument.Update();
-    parts << QString::fromUtf8(instrument.Record->GetText(Field::Name)).simplified();
-    if (instrument.Kind == ikWarrant || instrument.Kind == ikCBBC)
-      for (const int field : {Field::CallPut, Field::StrikePrice, Field::ExpiryDate})
-        parts << QString::fromStdString(DetailText(instrument, field));
-  }
-  adapter->Unsubscribe(instrument.Record);
-  parts.removeAll(QString());
-  return parts.join("  ");
+QString Description(const QString& symbol) {
+  const auto* instrument =
+      Basemarketadapter::TCustomMarketAdapter::GetInstance()->GetInstrument(symbol.toStdString());
+  return instrument ? QString::fromStdString(instrument->Description()) : QString();
 }
+
+} // namespace
 
 TSymbolCombo::TSymbolCombo() {
   setFocusPolicy(Qt::StrongFocus);
@@ -60,7 +40,7 @@ TSymbolCombo::TSymbolCombo() {
 
 void TSymbolCombo::showPopup() {
   for (int item = 0; item < count(); ++item)
-    setItemData(item, InstrumentDescription(itemText(item).toStdString()), DescriptionRole);
+    setItemData(item, Description(itemText(item)), DescriptionRole);
   view()->setMinimumWidth(view()->sizeHintForColumn(0) + ListMargin +
                           style()->pixelMetric(QStyle::PM_ScrollBarExtent));
   QComboBox::showPopup();

@@ -17,10 +17,18 @@ private:
 
 class TMarketAdapter::TInstrument : public Basemarketadapter::TCustomInstrument {
 public:
+  TInstrument(const TMarketAdapter& market, std::string_view symbol)
+      : market_(market), symbol_(symbol) {}
+
   std::string_view Currency() const override { return currency_; }
+  std::string Description() const override {
+    return market_.OnDescribe ? market_.OnDescribe(symbol_) : std::string();
+  }
   void SetCurrency(std::string_view currency) { currency_ = currency; }
 
 private:
+  const TMarketAdapter& market_;
+  std::string symbol_;
   std::string currency_;
 };
 
@@ -89,7 +97,7 @@ void TMarketAdapter::DefineInstrument(std::string_view symbol, std::string_view 
                                       std::string_view simplifiedName) {
   if (symbol.empty())
     return;
-  instruments_[std::string(symbol)].SetCurrency(currency);
+  instruments_.try_emplace(std::string(symbol), *this, symbol).first->second.SetCurrency(currency);
   symbols_.Add(symbol, name, traditionalName, simplifiedName);
 }
 

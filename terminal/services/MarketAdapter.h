@@ -5,6 +5,7 @@
 #include "terminal/services/SpreadTable.h"
 #include "terminal/services/SymbolDirectory.h"
 
+#include <functional>
 #include <map>
 #include <set>
 
@@ -19,7 +20,6 @@ private:
   std::set<std::string, std::less<>> keys_;
 };
 
-/// What defines a spread table.
 /// What defines a broker. Names may be empty.
 struct TBrokerDefinition {
   std::string ID; ///< four digits
@@ -54,6 +54,9 @@ public:
   void DefineInstrument(std::string_view symbol, std::string_view currency, std::string_view name,
                         std::string_view traditionalName = {},
                         std::string_view simplifiedName = {});
+
+  /// What instruments say of themselves; unassigned: nothing.
+  std::function<std::string(std::string_view symbol)> OnDescribe;
 
 private:
   class TBroker;

@@ -1,5 +1,7 @@
 #include "terminal/services/Services.h"
 
+#include "terminal/services/InstrumentDescription.h"
+
 #include <tuple>
 
 namespace Terminal {
@@ -18,6 +20,9 @@ auto Installed(TServices& s) {
 
 TServices::TServices() {
   std::apply([](auto*... service) { (service->Install(service), ...); }, Installed(*this));
+  Market.OnDescribe = [this](std::string_view symbol) {
+    return InstrumentDescription(symbol, Symbols, Subscriptions, Languages);
+  };
   Editors.OnUserSymbol = [this](std::string_view group, std::string_view symbol) {
     TGroupData data(std::string(group), std::string(symbol), false);
     Channels.SendToGroup(group, &Editors, &data);

@@ -18,7 +18,7 @@ void TTerminalStyle::drawPrimitive(PrimitiveElement element, const QStyleOption*
                                    QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool isOfList = element == PE_Frame && widget && widget->windowType() == Qt::Popup;
-  if (element != PE_IndicatorCheckBox && element != PE_FrameMenu && !isOfList)
+  if (element != PE_IndicatorCheckBox && element != PE_PanelMenu && !isOfList)
     return;
   QColor frame = option->palette.color(QPalette::WindowText);
   frame.setAlphaF(element == PE_IndicatorCheckBox ? 0.6F : 0.4F);

@@ -58,6 +58,12 @@ void TFakeMarketAdapter::SetCurrency(std::string symbol, std::string currency) {
   instruments_[std::move(symbol)] = std::make_unique<TFakeInstrument>(std::move(currency));
 }
 
+void TFakeMarketAdapter::SetDescription(std::string symbol, std::string description) {
+  auto instrument = std::make_unique<TFakeInstrument>(std::string());
+  instrument->description = std::move(description);
+  instruments_[std::move(symbol)] = std::move(instrument);
+}
+
 void TFakeMarketAdapter::AnnounceBrokers() const {
   brokerListeners_.Notify(static_cast<System::TObject*>(nullptr),
                           static_cast<System::TObject*>(nullptr));

@@ -57,11 +57,12 @@ struct TFakeBroker : Basemarketadapter::TCustomBroker {
 };
 
 struct TFakeInstrument : Basemarketadapter::TCustomInstrument {
-  std::string currency;
+  std::string currency, description;
 
   explicit TFakeInstrument(std::string currency_) : currency(std::move(currency_)) {}
 
   std::string_view Currency() const override { return currency; }
+  std::string Description() const override { return description; }
 };
 
 /// Reference data that a test sets. Setting tells nobody; the two announcements do.
@@ -71,6 +72,8 @@ public:
   void SetBroker(std::string id, std::string name, std::string name1 = {}, std::string name2 = {},
                  std::string otherName = {});
   void SetCurrency(std::string symbol, std::string currency);
+  /// Of an instrument without a currency.
+  void SetDescription(std::string symbol, std::string description);
 
   void AnnounceBrokers() const;
   void AnnounceSpreads(std::set<std::string, std::less<>> codes) const;

@@ -180,8 +180,21 @@ TEST_F(TEventOrderTest, AnUpdateOfAnInstrumentInTheHeaderIsToldOnce) {
   names.clear();
   Record().Update();
   EXPECT_EQ(names, TNames{"change"});
+  const auto premium = [this] {
+    int row = 0;
+    while (row < control.GetCount() && control.GetCellHeader(row) != "Res_Premium")
+      ++row;
+    return control.GetCellHeaderValue(row);
+  };
+  EXPECT_EQ(premium(), "60.00"); // (2 / 0.1 + 20) / 25 - 1
+  names.clear();
+  host.Record("5").Set(Field::Nominal, "20").Update();
+  EXPECT_EQ(names, TNames{"change"}) << "its premium follows the underlying";
+  EXPECT_EQ(premium(), "100.00");
+  control.SetDisplayMode(qm5Full);
+  names.clear();
   host.Record("5").Update();
-  EXPECT_EQ(names, TNames{"change"});
+  EXPECT_EQ(names, TNames()) << "which no row shows now";
 }
 
 // The end of a control

@@ -62,9 +62,9 @@ TEST_F(TGridPaintTest, AllChangedCellsArePaintedAtOnceAndNoOther) {
   QApplication::processEvents();
   ASSERT_EQ(Watch.Regions.size(), 1u);
   QRegion expected(QRect(0, 0, 100, 20));
-  expected += Bounds(1, 2);
+  expected += Bounds(1, 2).adjusted(0, 0, 20, 0); // the last column goes on to the edge
   expected += Bounds(3, 0);
-  expected += Bounds(3, 2);
+  expected += Bounds(3, 2).adjusted(0, 0, 20, 0);
   EXPECT_EQ(Watch.Regions[0], expected);
 }
 
@@ -139,7 +139,7 @@ TEST_F(TGridPaintTest, TextIsPaintedWhereItsColumnAlignsIt) {
   EXPECT_TRUE(inked({80, 0, 20, 20}));  // right
 }
 
-TEST_F(TGridPaintTest, WhatIsNoCellIsPaintedInTheContentColour) {
+TEST_F(TGridPaintTest, ARowGoesOnToTheEdgeAndWhatIsNoRowIsPaintedInTheContentColour) {
   View->OnCustomDrawCell = [](TcxCanvas& canvas, const TcxCellViewInfo&, bool&) {
     canvas.BrushColor = Green;
   };
@@ -147,7 +147,9 @@ TEST_F(TGridPaintTest, WhatIsNoCellIsPaintedInTheContentColour) {
   const QImage image = OnScreen(Grid);
   TcxRootLookAndFeel::Instance().SetSkinPainter(std::nullopt);
   EXPECT_EQ(image.pixel(149, 79), Green);
-  EXPECT_EQ(image.pixel(150, 79), qRgb(50, 60, 70));
+  EXPECT_EQ(image.pixel(150, 79), Green);
+  EXPECT_EQ(image.pixel(169, 0), Green);
+  EXPECT_EQ(image.pixel(169, 80), qRgb(50, 60, 70));
   EXPECT_EQ(image.pixel(149, 80), qRgb(50, 60, 70));
   EXPECT_EQ(image.pixel(169, 99), qRgb(50, 60, 70));
 }

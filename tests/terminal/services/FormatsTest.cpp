@@ -177,7 +177,7 @@ TEST_F(TFormatsTest, WithoutASpreadTableThatIsReadyAPriceStaysAsTheFeedGaveIt) {
 TEST_F(TFormatsTest, TheStepIsThatOfThePreviousCloseOrTheBestPricesUntilThereIsANominal) {
   EXPECT_EQ(
       Price(Record(
-                {{Field::SpreadCode, "01"}, {Field::PreviousClose, "60"}, {Field::BestBid, "0.2"}}),
+                {{Field::SpreadCode, "01"}, {Field::PreviousClose, "60"}, {Field::BestBid, "150"}}),
             Field::PreviousClose),
       "60.00");
   EXPECT_EQ(Price(Record({{Field::SpreadCode, "01"},
