@@ -123,7 +123,7 @@ void TdxLayoutGroup::SetSpacing(int pixels) {
   if (box_)
     box_->setSpacing(pixels);
   else
-    lines_->SetSpacing(pixels);
+    lines_->setSpacing(pixels);
 }
 
 TdxLayoutControl::TdxLayoutControl(const QString& name, QWidget* parent)

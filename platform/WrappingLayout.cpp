@@ -11,7 +11,7 @@ TWrappingLayout::TWrappingLayout(int spacing, int lineSpacing)
 
 TWrappingLayout::~TWrappingLayout() = default;
 
-void TWrappingLayout::SetSpacing(int pixels) {
+void TWrappingLayout::setSpacing(int pixels) {
   spacing_ = pixels;
   invalidate();
 }

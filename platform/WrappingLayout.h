@@ -17,12 +17,13 @@ public:
 
   /// Of the element that was added last: it grows into the room that its line leaves.
   void SetTakesFreeWidth() { growing_.back() = true; }
-  /// Between elements of a line.
-  void SetSpacing(int pixels);
 
   int LineCount(int width) const { return static_cast<int>(Lines(width).size()); }
 
   void addItem(QLayoutItem* item) override;
+  /// Between elements of a line.
+  void setSpacing(int pixels) override;
+  int spacing() const override { return spacing_; }
   int count() const override { return static_cast<int>(items_.size()); }
   QLayoutItem* itemAt(int index) const override;
   QLayoutItem* takeAt(int index) override;

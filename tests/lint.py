@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""lint.py BUILD [COMMIT]: layout of all files, and static analysis of the product's sources as BUILD
-is configured to compile them; with COMMIT only of those that have changed since, the most changed
-first, for as long as CHANGED_SECONDS allow. What is left then is said, and no failure.
+"""lint.py BUILD [COMMIT]: layout of all files, every header alone, and static analysis of the
+product's sources as BUILD is configured to compile them; with COMMIT only of those that have changed
+since, the most changed first, for as long as CHANGED_SECONDS allow. What is left then is said, and no
+failure.
 
 The sources are compiled without precompiled headers here, so that an include that these hide is
 missed. A header is looked at through one of the sources that include it."""
@@ -71,6 +72,15 @@ def check_layout():
     return subprocess.run(["clang-format", "--dry-run", "--Werror", *files], check=False).returncode
 
 
+def check_headers(build):
+    walls = build / "tests" / "walls"
+    entries = json.loads((build / "compile_commands.json").read_text(encoding="utf-8"))
+    compiler = next(word for word in entries[0]["command"].split() if "ccache" not in word)
+    return subprocess.run([sys.executable, "tests/walls/check_headers.py", os.getcwd(),
+                           walls / "layers.txt", compiler, walls / "headers.txt"],
+                          check=False).returncode
+
+
 def analyse(build, sources, seconds):
     entries = json.loads((build / "compile_commands.json").read_text(encoding="utf-8"))
     chosen = [entry for entry in entries if entry["file"] in sources]
@@ -106,7 +116,7 @@ def main():
     changed = len(sys.argv) > 2
     files = changed_since(sys.argv[2]) if changed else product_files()
     seconds = CHANGED_SECONDS if changed else float("inf")
-    return check_layout() or analyse(build, sources_of(files), seconds)
+    return check_layout() or check_headers(build) or analyse(build, sources_of(files), seconds)
 
 
 if __name__ == "__main__":

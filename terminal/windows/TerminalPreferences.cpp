@@ -79,8 +79,8 @@ TTerminalPage::TTerminalPage(TConfigStore& config, const TShortcuts& shortcuts, 
   for (const auto& shortcut : shortcuts)
     AddShortcut(shortcut);
   AddDenominatorMode();
-  SetLanguage(0);
-  Reset();
+  TTerminalPage::SetLanguage(0);
+  TTerminalPage::Reset();
 }
 
 QLabel* TTerminalPage::Label(const std::string& key) {
